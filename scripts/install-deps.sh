@@ -1,0 +1,42 @@
+#!/usr/bin/env bash
+# Installs every Debian 12 package Orvanta needs to build, test and run.
+# Idempotent: packages already present are left alone and apt is not touched
+# at all when nothing is missing. Must run as root (or through sudo).
+set -euo pipefail
+
+packages=(
+  # toolchain
+  build-essential cmake ninja-build pkg-config clang-format
+  # Qt 6.4
+  qt6-base-dev qt6-base-dev-tools libqt6opengl6-dev libqt6svg6-dev qt6-l10n-tools
+  qt6-image-formats-plugins libqt6svg6 qt6-qpa-plugins
+  # libraries
+  libsqlite3-dev libexiv2-dev libraw-dev libjpeg62-turbo-dev libsodium-dev
+  # headless testing: X server for GL widgets, a private session bus
+  xvfb xauth dbus-daemon dbus libgl1-mesa-dri libgl-dev libegl-dev
+  # runtime
+  xdg-utils fonts-noto-color-emoji fonts-noto-cjk sound-theme-freedesktop
+  libimage-exiftool-perl
+)
+
+missing=()
+for p in "${packages[@]}"; do
+  if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed'; then
+    missing+=("$p")
+  fi
+done
+
+if [ ${#missing[@]} -eq 0 ]; then
+  echo "install-deps: all ${#packages[@]} packages present"
+  exit 0
+fi
+
+sudo_cmd=()
+if [ "$(id -u)" -ne 0 ]; then
+  sudo_cmd=(sudo)
+fi
+
+echo "install-deps: installing ${missing[*]}"
+export DEBIAN_FRONTEND=noninteractive
+"${sudo_cmd[@]}" apt-get update -qq
+"${sudo_cmd[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"

@@ -1,0 +1,13 @@
+// Writes JSON in the layout of the shared configuration file: two spaces per
+// level, " : " between key and value, each array element on its own line.
+// Pure function; any thread.
+#pragma once
+
+#include <QByteArray>
+#include <QJsonObject>
+
+namespace orvanta {
+
+QByteArray prettyJson(const QJsonObject &object);
+
+} // namespace orvanta

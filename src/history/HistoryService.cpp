@@ -1,0 +1,7 @@
+#include "history/HistoryService.h"
+
+namespace orvanta {
+
+HistoryService::HistoryService() = default;
+
+} // namespace orvanta

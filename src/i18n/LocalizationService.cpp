@@ -1,0 +1,153 @@
+#include "i18n/LocalizationService.h"
+
+#include "i18n/StringTables.h"
+
+#include <QLocale>
+#include <QSettings>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QHash<QString, QString> buildTable(std::span<const StringEntry> entries)
+{
+    QHash<QString, QString> table;
+    table.reserve(qsizetype(entries.size()));
+    for (const StringEntry &entry : entries)
+        table.insert(QString::fromUtf8(entry.key), QString::fromUtf8(entry.text));
+    return table;
+}
+
+QSettings preferences()
+{
+    return QSettings(QStringLiteral("orvanta"), QStringLiteral("orvanta"));
+}
+
+} // namespace
+
+const QStringList &LocalizationService::tableCodes()
+{
+    static const QStringList codes{u"en"_s, u"zh-Hans"_s, u"zh-Hant"_s, u"ja"_s,
+                                   u"de"_s, u"fr"_s,      u"es"_s};
+    return codes;
+}
+
+LocalizationService &LocalizationService::shared()
+{
+    static LocalizationService instance;
+    return instance;
+}
+
+LocalizationService::LocalizationService()
+    : m_preferredLanguages([] { return QLocale::system().uiLanguages(); })
+{
+    m_strings.insert(u"en"_s, buildTable(strings::en()));
+    m_strings.insert(u"zh-Hans"_s, buildTable(strings::zhHans()));
+    m_strings.insert(u"zh-Hant"_s, buildTable(strings::zhHant()));
+    m_strings.insert(u"ja"_s, buildTable(strings::ja()));
+    m_strings.insert(u"de"_s, buildTable(strings::de()));
+    m_strings.insert(u"fr"_s, buildTable(strings::fr()));
+    m_strings.insert(u"es"_s, buildTable(strings::es()));
+
+    const QString stored = preferences().value(QLatin1StringView(kPreferenceKey)).toString();
+    m_language = appLanguageFromRawValue(stored).value_or(AppLanguage::System);
+    m_effectiveCode = resolve(m_language);
+}
+
+AppLanguage LocalizationService::currentLanguage() const
+{
+    QReadLocker lock(&m_lock);
+    return m_language;
+}
+
+void LocalizationService::setCurrentLanguage(AppLanguage language)
+{
+    {
+        QSettings settings = preferences();
+        settings.setValue(QLatin1StringView(kPreferenceKey), rawValue(language));
+        settings.sync();
+    }
+    const QString code = resolve(language);
+    QWriteLocker lock(&m_lock);
+    m_language = language;
+    m_effectiveCode = code;
+}
+
+QString LocalizationService::effectiveLanguageCode() const
+{
+    QReadLocker lock(&m_lock);
+    return m_effectiveCode;
+}
+
+QString LocalizationService::resolve(AppLanguage language) const
+{
+    if (language != AppLanguage::System)
+        return rawValue(language);
+    return resolveSystemLanguage(m_preferredLanguages ? m_preferredLanguages() : QStringList{});
+}
+
+QString LocalizationService::resolveSystemLanguage(const QStringList &preferredLanguages)
+{
+    // Locale names may arrive as zh_Hant_TW; the tests below are on the
+    // hyphenated form.
+    QString first = preferredLanguages.isEmpty() ? u"en"_s : preferredLanguages.constFirst();
+    first.replace(u'_', u'-');
+
+    if (first.startsWith(u"zh-Hant") || first.startsWith(u"zh-HK") || first.startsWith(u"zh-TW"))
+        return u"zh-Hant"_s;
+    if (first.startsWith(u"zh"))
+        return u"zh-Hans"_s;
+    for (const char16_t *code : {u"ja", u"de", u"fr", u"es"}) {
+        if (first.startsWith(QStringView(code)))
+            return QString::fromUtf16(code);
+    }
+    return u"en"_s;
+}
+
+void LocalizationService::setPreferredLanguagesProvider(std::function<QStringList()> provider)
+{
+    m_preferredLanguages = std::move(provider);
+    const AppLanguage language = currentLanguage();
+    const QString code = resolve(language);
+    QWriteLocker lock(&m_lock);
+    m_effectiveCode = code;
+}
+
+QString LocalizationService::t(QAnyStringView key, const FormatArgs &args) const
+{
+    const QString keyString = key.toString();
+    const auto table = m_strings.constFind(effectiveLanguageCode());
+    const auto english = m_strings.constFind(u"en"_s);
+
+    auto lookup = [&](auto tableIt) -> const QString * {
+        if (tableIt == m_strings.cend())
+            return nullptr;
+        const auto entry = tableIt->constFind(keyString);
+        return entry == tableIt->cend() ? nullptr : &entry.value();
+    };
+    const QString *found = lookup(table);
+    if (!found)
+        found = lookup(english);
+    const QString &text = found ? *found : keyString;
+    return args.isEmpty() ? text : formatPrintf(text, args);
+}
+
+QString LocalizationService::rawText(const QString &languageCode, QAnyStringView key) const
+{
+    const auto table = m_strings.constFind(languageCode);
+    return table == m_strings.cend() ? QString() : table->value(key.toString());
+}
+
+QStringList LocalizationService::keys(const QString &languageCode) const
+{
+    return m_strings.value(languageCode).keys();
+}
+
+QString t(QAnyStringView key, const FormatArgs &args)
+{
+    return LocalizationService::shared().t(key, args);
+}
+
+} // namespace orvanta

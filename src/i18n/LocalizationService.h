@@ -1,0 +1,71 @@
+// Owns the string tables, the user's language choice (kept in QSettings) and
+// the lookup `t`. One shared instance. Lookups are safe from any thread; the
+// language is changed on the main thread.
+#pragma once
+
+#include "i18n/AppLanguage.h"
+#include "i18n/FormatArgs.h"
+
+#include <QAnyStringView>
+#include <QHash>
+#include <QReadWriteLock>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+namespace orvanta {
+
+class LocalizationService
+{
+public:
+    static constexpr const char *kPreferenceKey = "orvanta_preferred_language";
+    static const QStringList &tableCodes(); // "en", "zh-Hans", ..., "es"
+
+    static LocalizationService &shared();
+
+    // The stored choice; a missing or unknown stored value reads as System.
+    AppLanguage currentLanguage() const;
+    // Stores the raw value (also "system") at once.
+    void setCurrentLanguage(AppLanguage language);
+
+    // The table in use: the choice itself, or for System the first of the
+    // platform's preferred languages mapped by prefix.
+    QString effectiveLanguageCode() const;
+
+    // Text of `key` in the effective language, falling back to English and
+    // then to the key itself; formatted only when arguments are given, so a
+    // literal "%" in an argument-less text stays as written.
+    QString t(QAnyStringView key, const FormatArgs &args = {}) const;
+
+    // Unformatted text of `key` in one table, or a null QString when absent.
+    QString rawText(const QString &languageCode, QAnyStringView key) const;
+    QStringList keys(const QString &languageCode) const;
+
+    // Maps a list of preferred languages ("de-AT", "zh-Hant-TW", "C", ...)
+    // to a table code. Only the first entry counts.
+    static QString resolveSystemLanguage(const QStringList &preferredLanguages);
+
+    // Where the preferred languages come from; QLocale's UI languages unless
+    // a test puts its own list in.
+    void setPreferredLanguagesProvider(std::function<QStringList()> provider);
+
+    LocalizationService(const LocalizationService &) = delete;
+    LocalizationService &operator=(const LocalizationService &) = delete;
+
+private:
+    LocalizationService();
+    QString resolve(AppLanguage language) const;
+
+    QHash<QString, QHash<QString, QString>> m_strings;
+    std::function<QStringList()> m_preferredLanguages;
+
+    mutable QReadWriteLock m_lock; // guards the two fields below
+    AppLanguage m_language = AppLanguage::System;
+    QString m_effectiveCode;
+};
+
+// Shorthand for LocalizationService::shared().t(...).
+QString t(QAnyStringView key, const FormatArgs &args = {});
+
+} // namespace orvanta

@@ -1,0 +1,233 @@
+// The configuration file's location and migration, its written layout, and
+// the lossless value conversions used when loading it.
+#include "common/TestEnvironment.h"
+#include "core/ConfigStore.h"
+#include "core/JsonWriter.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <sys/stat.h>
+
+using namespace orvanta;
+
+namespace {
+ino_t inodeOf(const QString &path)
+{
+    struct stat st{};
+    return ::stat(QFile::encodeName(path).constData(), &st) == 0 ? st.st_ino : 0;
+}
+} // namespace
+
+class ConfigStoreTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void primaryFileWinsOverLegacyFiles();
+    void firstLegacyFileIsCopiedAndKept_data();
+    void firstLegacyFileIsCopiedAndKept();
+    void noFileAnywhereGivesThePrimaryPathWithoutCreatingIt();
+    void unreadableOrNonObjectFilesReadAsAbsent_data();
+    void unreadableOrNonObjectFilesReadAsAbsent();
+    void writesInTheSharedLayout();
+    void writeRoundTripsEveryKindOfValue();
+    void writeReplacesTheFileInPlace();
+    void conversionsTakeOnlyLosslessValues_data();
+    void conversionsTakeOnlyLosslessValues();
+
+private:
+    void put(const QString &relative, const QByteArray &bytes);
+    QString m_home;
+};
+
+void ConfigStoreTest::init()
+{
+    m_home = QDir::homePath();
+    QDir(m_home + QStringLiteral("/.config")).removeRecursively();
+}
+
+void ConfigStoreTest::put(const QString &relative, const QByteArray &bytes)
+{
+    const QString path = m_home + relative;
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+void ConfigStoreTest::primaryFileWinsOverLegacyFiles()
+{
+    put(QStringLiteral("/.config/orvanta/config.json"), R"({"who":"primary"})");
+    put(QStringLiteral("/.config/pemvira/config.json"), R"({"who":"pemvira"})");
+    ConfigStore store;
+    QCOMPARE(store.configPath(), m_home + QStringLiteral("/.config/orvanta/config.json"));
+    QCOMPARE(store.read()->value(QStringLiteral("who")).toString(), QStringLiteral("primary"));
+}
+
+void ConfigStoreTest::firstLegacyFileIsCopiedAndKept_data()
+{
+    QTest::addColumn<QStringList>("present");
+    QTest::addColumn<QString>("expectedSource");
+    QTest::newRow("dravik only") << QStringList{QStringLiteral("dravik")} << QStringLiteral("dravik");
+    QTest::newRow("pemvira before tarne")
+        << QStringList{QStringLiteral("tarne"), QStringLiteral("pemvira")} << QStringLiteral("pemvira");
+    QTest::newRow("dravik before tarne")
+        << QStringList{QStringLiteral("tarne"), QStringLiteral("dravik")} << QStringLiteral("dravik");
+}
+
+void ConfigStoreTest::firstLegacyFileIsCopiedAndKept()
+{
+    QFETCH(QStringList, present);
+    QFETCH(QString, expectedSource);
+    for (const QString &name : present)
+        put(QStringLiteral("/.config/%1/config.json").arg(name),
+            QStringLiteral(R"({"who":"%1"})").arg(name).toUtf8());
+
+    ConfigStore store;
+    const QString path = store.configPath();
+    QCOMPARE(path, m_home + QStringLiteral("/.config/orvanta/config.json"));
+    QVERIFY(QFileInfo::exists(path));
+    QCOMPARE(store.read()->value(QStringLiteral("who")).toString(), expectedSource);
+    for (const QString &name : present)
+        QVERIFY(QFileInfo::exists(m_home + QStringLiteral("/.config/%1/config.json").arg(name)));
+}
+
+void ConfigStoreTest::noFileAnywhereGivesThePrimaryPathWithoutCreatingIt()
+{
+    ConfigStore store;
+    QCOMPARE(store.configPath(), m_home + QStringLiteral("/.config/orvanta/config.json"));
+    QVERIFY(!QFileInfo::exists(store.configPath()));
+    QCOMPARE(store.read(), std::nullopt);
+}
+
+void ConfigStoreTest::unreadableOrNonObjectFilesReadAsAbsent_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("array") << QByteArray("[1, 2, 3]");
+    QTest::newRow("truncated") << QByteArray(R"({"workers": )");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("binary") << QByteArray("\xff\xd8\xff\xe0\x00\x10JFIF", 10);
+    QTest::newRow("string") << QByteArray(R"("just text")");
+}
+
+void ConfigStoreTest::unreadableOrNonObjectFilesReadAsAbsent()
+{
+    QFETCH(QByteArray, bytes);
+    put(QStringLiteral("/.config/orvanta/config.json"), bytes);
+    QCOMPARE(ConfigStore().read(), std::nullopt);
+}
+
+void ConfigStoreTest::writesInTheSharedLayout()
+{
+    QJsonObject object;
+    object.insert(QStringLiteral("source_dir"), QStringLiteral("/media/me/Card/DCIM"));
+    object.insert(QStringLiteral("workers"), 0);
+    object.insert(QStringLiteral("custom_mid_target"), 0.55);
+    object.insert(QStringLiteral("memory_throttle"), true);
+    object.insert(QStringLiteral("visible_columns"),
+                  QJsonArray{QStringLiteral("faces"), QStringLiteral("peak_stops")});
+
+    const QByteArray expected = "{\n"
+                                "  \"custom_mid_target\" : 0.55,\n"
+                                "  \"memory_throttle\" : true,\n"
+                                "  \"source_dir\" : \"/media/me/Card/DCIM\",\n"
+                                "  \"visible_columns\" : [\n"
+                                "    \"faces\",\n"
+                                "    \"peak_stops\"\n"
+                                "  ],\n"
+                                "  \"workers\" : 0\n"
+                                "}\n";
+    QCOMPARE(prettyJson(object), expected);
+}
+
+void ConfigStoreTest::writeRoundTripsEveryKindOfValue()
+{
+    const QByteArray original = R"({
+        "big": 9007199254740993,
+        "neg": -12,
+        "real": 1.5,
+        "tiny": 1e-9,
+        "text": "quote \" backslash \\ tab \t newline \n nul-ish \u0001 emoji 📷 中文",
+        "nested": {"a": [true, false, null, {}, []], "b": {"c": 0.1}},
+        "empty": ""
+    })";
+    const QJsonObject object = QJsonDocument::fromJson(original).object();
+    const QByteArray written = prettyJson(object);
+    QJsonParseError error{};
+    const QJsonDocument reread = QJsonDocument::fromJson(written, &error);
+    QCOMPARE(error.error, QJsonParseError::NoError);
+    QCOMPARE(reread.object(), object);
+    QVERIFY(written.contains("9007199254740993")); // integers stay exact
+}
+
+void ConfigStoreTest::writeReplacesTheFileInPlace()
+{
+    put(QStringLiteral("/.config/orvanta/config.json"), QByteArray(4096, ' '));
+    const QString path = m_home + QStringLiteral("/.config/orvanta/config.json");
+    const ino_t inode = inodeOf(path);
+    QVERIFY(inode != 0);
+
+    ConfigStore store;
+    QJsonObject object{{QStringLiteral("k"), 1}};
+    QVERIFY(store.write(object));
+    QCOMPARE(store.writeCount(), 1);
+    QCOMPARE(inodeOf(path), inode); // same file, not a renamed copy
+    QCOMPARE(*store.read(), object);            // and no stale bytes after the end
+}
+
+void ConfigStoreTest::conversionsTakeOnlyLosslessValues_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QVariant>("expected"); // invalid QVariant: rejected
+
+    auto row = [](const char *name, const char *json, const char *kind, QVariant expected) {
+        QTest::newRow(name) << QByteArray(json) << QString::fromLatin1(kind) << expected;
+    };
+    row("integer", "4", "whole", QVariant(qint64(4)));
+    row("whole real", "4.0", "whole", QVariant(qint64(4)));
+    row("fraction for integer", "4.5", "whole", QVariant());
+    row("string for integer", "\"4\"", "whole", QVariant());
+    row("bool for integer", "true", "whole", QVariant());
+    row("too large for integer", "1e30", "whole", QVariant());
+    row("true", "true", "bool", QVariant(true));
+    row("one is true", "1", "bool", QVariant(true));
+    row("zero is false", "0", "bool", QVariant(false));
+    row("two is not a bool", "2", "bool", QVariant());
+    row("string for bool", "\"true\"", "bool", QVariant());
+    row("real", "0.35", "real", QVariant(0.35));
+    row("integer for real", "2", "real", QVariant(2.0));
+    row("string for real", "\"0.5\"", "real", QVariant());
+    row("null for real", "null", "real", QVariant());
+    row("string", "\"none\"", "string", QVariant(QStringLiteral("none")));
+    row("number for string", "12", "string", QVariant());
+}
+
+void ConfigStoreTest::conversionsTakeOnlyLosslessValues()
+{
+    QFETCH(QByteArray, json);
+    QFETCH(QString, kind);
+    QFETCH(QVariant, expected);
+    const QJsonValue value = QJsonDocument::fromJson("{\"v\":" + json + "}").object().value(u"v");
+
+    QVariant actual;
+    if (kind == u"whole") {
+        if (auto v = ConfigStore::toWholeNumber(value))
+            actual = *v;
+    } else if (kind == u"bool") {
+        if (auto v = ConfigStore::toBoolean(value))
+            actual = *v;
+    } else if (kind == u"real") {
+        if (auto v = ConfigStore::toReal(value))
+            actual = *v;
+    } else if (auto v = ConfigStore::toString(value)) {
+        actual = *v;
+    }
+    QCOMPARE(actual, expected);
+}
+
+ORVANTA_TEST_GUILESS_MAIN(ConfigStoreTest)
+#include "tst_configstore.moc"

@@ -1,0 +1,252 @@
+// Language choice, its resolution against the platform's languages, lookup
+// fallbacks, and the completeness of the seven string tables.
+#include "common/TestEnvironment.h"
+#include "i18n/FormatArgs.h"
+#include "i18n/LocalizationService.h"
+
+#include <QSettings>
+
+using namespace orvanta;
+
+namespace {
+QSettings preferences()
+{
+    return QSettings(QStringLiteral("orvanta"), QStringLiteral("orvanta"));
+}
+
+const QString kPreferenceKey = QString::fromLatin1(LocalizationService::kPreferenceKey);
+
+// Texts whose English carries a "%" that reads as a directive but never gets
+// an argument: only the first N directives are real.
+const QHash<QString, int> kAccidentalDirectives{{QStringLiteral("inspector_faces_count"), 1}};
+} // namespace
+
+class LocalizationTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void systemLanguageResolvesByPrefixOfTheFirstEntry_data();
+    void systemLanguageResolvesByPrefixOfTheFirstEntry();
+    void explicitChoiceBeatsThePlatform();
+    void choiceIsStoredAsRawValueAndReadBack();
+    void unknownStoredPreferenceReadsAsSystem();
+    void lookupFallsBackToEnglishThenToTheKey();
+    void argumentlessTextsKeepTheirPercentSigns();
+    void displayNamesAreTheSameInEveryLanguage();
+
+    void everyTableHasExactlyTheEnglishKeys();
+    void everyTranslationTakesTheSameArgumentsInTheSameOrder();
+    void sharedTextsAreIdenticalInEveryTable();
+    void translationsAreNotEnglishCopies();
+    void inventoryTextsMatchTheShippedEnglish_data();
+    void inventoryTextsMatchTheShippedEnglish();
+
+private:
+    LocalizationService &service() { return LocalizationService::shared(); }
+};
+
+void LocalizationTest::init()
+{
+    service().setPreferredLanguagesProvider([] { return QStringList{QStringLiteral("en-US")}; });
+    service().setCurrentLanguage(AppLanguage::System);
+}
+
+void LocalizationTest::systemLanguageResolvesByPrefixOfTheFirstEntry_data()
+{
+    QTest::addColumn<QStringList>("preferred");
+    QTest::addColumn<QString>("expected");
+    auto row = [](const char *name, QStringList list, const char *code) {
+        QTest::newRow(name) << list << QString::fromLatin1(code);
+    };
+    row("pt-BR is English", {QStringLiteral("pt-BR")}, "en");
+    row("only the first entry counts", {QStringLiteral("en-US"), QStringLiteral("de-DE")}, "en");
+    row("de-AT", {QStringLiteral("de-AT")}, "de");
+    row("zh-HK", {QStringLiteral("zh-HK")}, "zh-Hant");
+    row("zh-TW", {QStringLiteral("zh-TW")}, "zh-Hant");
+    row("zh-Hant-HK", {QStringLiteral("zh-Hant-HK")}, "zh-Hant");
+    row("underscore form", {QStringLiteral("zh_Hant_TW")}, "zh-Hant");
+    row("zh-SG", {QStringLiteral("zh-SG")}, "zh-Hans");
+    row("zh-CN", {QStringLiteral("zh-CN")}, "zh-Hans");
+    row("ja-JP", {QStringLiteral("ja-JP")}, "ja");
+    row("fr-CA", {QStringLiteral("fr-CA")}, "fr");
+    row("es-419", {QStringLiteral("es-419")}, "es");
+    row("C locale", {QStringLiteral("C")}, "en");
+    row("empty list", {}, "en");
+}
+
+void LocalizationTest::systemLanguageResolvesByPrefixOfTheFirstEntry()
+{
+    QFETCH(QStringList, preferred);
+    QFETCH(QString, expected);
+    QCOMPARE(LocalizationService::resolveSystemLanguage(preferred), expected);
+
+    service().setPreferredLanguagesProvider([preferred] { return preferred; });
+    QCOMPARE(service().effectiveLanguageCode(), expected);
+}
+
+void LocalizationTest::explicitChoiceBeatsThePlatform()
+{
+    service().setPreferredLanguagesProvider([] { return QStringList{QStringLiteral("ja-JP")}; });
+    QCOMPARE(service().t("status_ready"), service().rawText(QStringLiteral("ja"), "status_ready"));
+
+    service().setCurrentLanguage(AppLanguage::German);
+    QCOMPARE(service().effectiveLanguageCode(), QStringLiteral("de"));
+    QCOMPARE(service().t("status_ready"), service().rawText(QStringLiteral("de"), "status_ready"));
+}
+
+void LocalizationTest::choiceIsStoredAsRawValueAndReadBack()
+{
+    service().setCurrentLanguage(AppLanguage::TraditionalChinese);
+    QCOMPARE(preferences().value(kPreferenceKey).toString(), QStringLiteral("zh-Hant"));
+    QCOMPARE(service().currentLanguage(), AppLanguage::TraditionalChinese);
+
+    service().setCurrentLanguage(AppLanguage::System);
+    QCOMPARE(preferences().value(kPreferenceKey).toString(), QStringLiteral("system"));
+
+    for (AppLanguage language : allAppLanguages())
+        QCOMPARE(appLanguageFromRawValue(rawValue(language)), language);
+}
+
+void LocalizationTest::unknownStoredPreferenceReadsAsSystem()
+{
+    QCOMPARE(appLanguageFromRawValue(QStringLiteral("klingon")), std::nullopt);
+    QCOMPARE(appLanguageFromRawValue(QStringLiteral("")), std::nullopt);
+    QCOMPARE(appLanguageFromRawValue(QStringLiteral("EN")), std::nullopt);
+}
+
+void LocalizationTest::lookupFallsBackToEnglishThenToTheKey()
+{
+    service().setCurrentLanguage(AppLanguage::French);
+    QCOMPARE(service().t("status_ready"), service().rawText(QStringLiteral("fr"), "status_ready"));
+    QCOMPARE(service().t("no_such_key"), QStringLiteral("no_such_key"));
+    // The key-as-text fallback is formatted too.
+    QCOMPARE(service().t("missing_%d_items", {4}), QStringLiteral("missing_4_items"));
+    QCOMPARE(orvanta::t("card_pairs_found", {12}), formatPrintf(service().rawText(QStringLiteral("fr"), "card_pairs_found"), {12}));
+}
+
+void LocalizationTest::argumentlessTextsKeepTheirPercentSigns()
+{
+    service().setCurrentLanguage(AppLanguage::English);
+    QCOMPARE(service().t("edr_zoom_hint"),
+             QStringLiteral("Pinch to zoom • Double-click 100% • Space to toggle • Tab for pure view"));
+    QCOMPARE(service().t("card_progress_ratio"), QStringLiteral("[%d / %d]  %d%%"));
+    QCOMPARE(service().t("card_progress_ratio", {3, 10, 30}), QStringLiteral("[3 / 10]  30%"));
+    QCOMPARE(service().t("inspector_faces_count", {2}),
+             QStringLiteral("2 face(s) (40% skin damping)"));
+}
+
+void LocalizationTest::displayNamesAreTheSameInEveryLanguage()
+{
+    QCOMPARE(displayName(AppLanguage::System), QStringLiteral("跟随系统 / System Default"));
+    QCOMPARE(displayName(AppLanguage::French), QStringLiteral("Français"));
+    QCOMPARE(allAppLanguages().size(), 8);
+    QCOMPARE(allAppLanguages().constFirst(), AppLanguage::System);
+}
+
+void LocalizationTest::everyTableHasExactlyTheEnglishKeys()
+{
+    QStringList english = service().keys(QStringLiteral("en"));
+    english.sort();
+    QCOMPARE(english.size(), 300); // 295 inventory keys + 5 of the donation sheet
+    for (const QString &code : LocalizationService::tableCodes()) {
+        QStringList keys = service().keys(code);
+        keys.sort();
+        QVERIFY2(keys == english, qPrintable(code));
+        for (const QString &key : keys)
+            QVERIFY2(!service().rawText(code, key).isEmpty(), qPrintable(code + u' ' + key));
+    }
+}
+
+void LocalizationTest::everyTranslationTakesTheSameArgumentsInTheSameOrder()
+{
+    for (const QString &key : service().keys(QStringLiteral("en"))) {
+        QStringList expected = printfDirectives(service().rawText(QStringLiteral("en"), key));
+        const int real = kAccidentalDirectives.value(key, -1);
+        if (real >= 0)
+            expected = expected.mid(0, real);
+        for (const QString &code : LocalizationService::tableCodes()) {
+            QStringList actual = printfDirectives(service().rawText(code, key));
+            if (real >= 0)
+                actual = actual.mid(0, real);
+            QVERIFY2(actual == expected,
+                     qPrintable(code + u' ' + key + u": " + actual.join(u',') + u" vs "
+                                + expected.join(u',')));
+        }
+    }
+}
+
+void LocalizationTest::sharedTextsAreIdenticalInEveryTable()
+{
+    const QHash<QString, QString> shared{
+        {QStringLiteral("status_processing"), QStringLiteral("Procesando...")},
+        {QStringLiteral("status_failed"), QStringLiteral("Fallido")},
+        {QStringLiteral("dialog_file_missing_title"), QStringLiteral("Foto no encontrada en el disco")},
+        {QStringLiteral("dialog_file_missing_desc"),
+         QStringLiteral("El archivo [%@] se ha movido, renombrado o eliminado de su ubicación original.")},
+        {QStringLiteral("log_dry_run_activated"),
+         QStringLiteral("Modo de simulación activado: escaneo rápido sin escritura en disco.")},
+        {QStringLiteral("app_title"), QStringLiteral("Orvanta")},
+        {QStringLiteral("card_progress_ratio"), QStringLiteral("[%d / %d]  %d%%")},
+        {QStringLiteral("unit_ultra_hdr"), QStringLiteral("Ultra HDR")},
+    };
+    for (auto it = shared.cbegin(); it != shared.cend(); ++it) {
+        for (const QString &code : LocalizationService::tableCodes())
+            QCOMPARE(service().rawText(code, it.key()), it.value());
+    }
+    // The display badge reads the same everywhere, whatever its wording.
+    const QString badge = service().rawText(QStringLiteral("en"), "edr_badge_xdr");
+    for (const QString &code : LocalizationService::tableCodes())
+        QCOMPARE(service().rawText(code, "edr_badge_xdr"), badge);
+}
+
+void LocalizationTest::translationsAreNotEnglishCopies()
+{
+    // Short technical words may legitimately coincide ("ISO", "OK"), but a
+    // real translation differs from English in most of its texts.
+    const QStringList keys = service().keys(QStringLiteral("en"));
+    for (const QString &code : LocalizationService::tableCodes()) {
+        if (code == u"en")
+            continue;
+        int same = 0;
+        for (const QString &key : keys)
+            same += service().rawText(code, key) == service().rawText(QStringLiteral("en"), key);
+        QVERIFY2(same < keys.size() / 6, qPrintable(code + u": " + QString::number(same)));
+    }
+}
+
+void LocalizationTest::inventoryTextsMatchTheShippedEnglish_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("english");
+    const std::pair<const char *, const char *> texts[] = {
+        {"status_ready", "Ready"},
+        {"pressure_normal", "🟢 Normal"},
+        {"footer_storage_safe", "%@ Mounted & Healthy (%.1f GB free)"},
+        {"notif_batch_success_body", "Successfully delivered %d Ultra HDR photos in %.1fs."},
+        {"notif_batch_failed_body", "%d succeeded, %d failed."},
+        {"metric_bayer_clip", "Sensor Clip: %.3f%%"},
+        {"status_item_completed", "Completed [%d/%d] %@ (+%.2fst)"},
+        {"status_dryrun_completed", "Dry-Run simulated: %d total, %d pending, %d skipped"},
+        {"recipes_imported_success", "Successfully imported %d recipe(s)!"},
+        {"drop_success_photos", "Loaded %d photo(s): %@"},
+        {"profile_default_title", "Default (Faithful)"},
+        {"slider_chroma_boost", "Specular Color Saturation"},
+        {"badge_finetuning", "Fine-Tuning"},
+        {"style_profile_title", "Style Preset"},
+    };
+    for (const auto &[key, english] : texts)
+        QTest::newRow(key) << QString::fromUtf8(key) << QString::fromUtf8(english);
+}
+
+void LocalizationTest::inventoryTextsMatchTheShippedEnglish()
+{
+    QFETCH(QString, key);
+    QFETCH(QString, english);
+    QCOMPARE(service().rawText(QStringLiteral("en"), key), english);
+}
+
+ORVANTA_TEST_GUILESS_MAIN(LocalizationTest)
+#include "tst_localization.moc"
