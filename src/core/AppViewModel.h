@@ -29,6 +29,7 @@ namespace orvanta {
 class EngineService;
 class HistoryService;
 struct BatchEvent;
+struct RecipeImport;
 
 class AppViewModel : public QObject
 {
@@ -154,7 +155,12 @@ public:
     // Recipes (styles subsystem).
     void applyRecipe(const UserRecipe &recipe);
     void saveCurrentAsRecipe(const QString &name);
-    void deleteRecipe(const UserRecipe &recipe);
+    void deleteRecipe(const QUuid &id);
+    void renameRecipe(const QUuid &id, const QString &newName);
+    // Export and import report failures (the user chose the file): the
+    // error text, empty on success.
+    QString exportRecipes(const QString &path) const;
+    RecipeImport importRecipes(const QString &path);
 
     // Folder selection (main window).
     void handleDroppedURLs(const QList<QUrl> &urls);

@@ -134,4 +134,12 @@ QByteArray prettyJson(const QJsonObject &object)
     return out;
 }
 
+QByteArray prettyJson(const QJsonArray &array)
+{
+    QByteArray out;
+    writeArray(out, array, 0);
+    out += '\n';
+    return out;
+}
+
 } // namespace orvanta

@@ -4,10 +4,12 @@
 #pragma once
 
 #include <QByteArray>
+#include <QJsonArray>
 #include <QJsonObject>
 
 namespace orvanta {
 
 QByteArray prettyJson(const QJsonObject &object);
+QByteArray prettyJson(const QJsonArray &array);
 
 } // namespace orvanta
