@@ -334,7 +334,9 @@ QString formatPrintf(const QString &format, const FormatArgs &args)
         if (widthArg) {
             const qint64 w = widthArg->toInteger();
             d.leftAlign = d.leftAlign || w < 0;
-            d.width = int(qMin<qint64>(w < 0 ? -w : w, kMaxFieldWidth));
+            // Through unsigned, so that the most negative width has a magnitude too.
+            const quint64 magnitude = w < 0 ? quint64(0) - quint64(w) : quint64(w);
+            d.width = int(qMin<quint64>(magnitude, kMaxFieldWidth));
         }
         if (precisionArg) {
             const qint64 p = precisionArg->toInteger();
