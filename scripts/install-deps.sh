@@ -8,7 +8,7 @@ packages=(
   # toolchain
   build-essential cmake ninja-build pkg-config clang-format
   # Qt 6.4
-  qt6-base-dev qt6-base-dev-tools libqt6opengl6-dev libqt6svg6-dev qt6-l10n-tools
+  qt6-base-dev qt6-base-dev-tools libqt6opengl6-dev qt6-svg-dev qt6-l10n-tools
   qt6-image-formats-plugins libqt6svg6 qt6-qpa-plugins
   # libraries
   libsqlite3-dev libexiv2-dev libraw-dev libjpeg62-turbo-dev libsodium-dev
