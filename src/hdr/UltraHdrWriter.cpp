@@ -1,0 +1,303 @@
+#include "UltraHdrWriter.h"
+
+#include "IsoGainMapBlock.h"
+#include "JpegCodec.h"
+#include "JpegSegments.h"
+#include "MpfIndex.h"
+#include "UltraHdrDecoder.h"
+#include "XmpGainMap.h"
+
+#include <QtCore/qfloat16.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <cmath>
+#include <vector>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Gains beyond these are clipped: no display shows 2^16 over SDR white and the
+// bound keeps the log domain finite where the SDR pixel is black.
+constexpr float kMinLog2Gain = -16.0f;
+constexpr float kMaxLog2Gain = 16.0f;
+// The narrowest range the map may span; a flat map would divide by zero.
+constexpr double kMinRange = 1.0 / 64.0;
+
+struct DecodedSdr
+{
+    std::vector<std::uint8_t> rgb;
+    int width = 0;
+    int height = 0;
+};
+
+bool decodeSdr(QByteArrayView jpegBytes, DecodedSdr &out, QString &error)
+{
+    JpegDecoder decoder;
+    if (!decoder.open(jpegBytes, {})) {
+        error = u"SDR picture cannot be decoded: "_s + decoder.error();
+        return false;
+    }
+    out.width = decoder.width();
+    out.height = decoder.height();
+    out.rgb.resize(size_t(out.width) * out.height * 3);
+    if (decoder.readRows(out.rgb.data(), qsizetype(out.width) * 3, out.height) != out.height) {
+        error = u"SDR picture cannot be decoded: "_s + decoder.error();
+        return false;
+    }
+    return true;
+}
+
+// One row of the HDR picture as 4 floats a pixel.
+void hdrRow(const QImage &hdr, int y, std::vector<float> &row)
+{
+    if (hdr.format() == QImage::Format_RGBA16FPx4 || hdr.format() == QImage::Format_RGBA16FPx4_Premultiplied
+        || hdr.format() == QImage::Format_RGBX16FPx4)
+        qFloatFromFloat16(row.data(), reinterpret_cast<const qfloat16 *>(hdr.constScanLine(y)),
+                          qsizetype(hdr.width()) * 4);
+    else
+        std::memcpy(row.data(), hdr.constScanLine(y), size_t(hdr.width()) * 16);
+}
+
+float luminance(float r, float g, float b)
+{
+    return 0.2126f * r + 0.7152f * g + 0.0722f * b;
+}
+
+// Mean log2 gain of every map cell, channel by channel. Cell k covers the
+// pixels whose index times map size over picture size rounds down to k: the
+// same grid the decoder samples, also when the size is not a multiple of the scale.
+std::vector<float> cellGains(const DecodedSdr &sdr, const QImage &hdr, int mapW, int mapH,
+                             int channels, const UltraHdrEncodeOptions &options)
+{
+    std::array<float, 256> linear {};
+    for (int v = 0; v < 256; ++v)
+        linear[v] = srgbToLinear(float(v) / 255.0f);
+    std::vector<float> sums(size_t(mapW) * mapH * channels, 0.0f);
+    std::vector<int> counts(size_t(mapW) * mapH, 0);
+    std::vector<int> cellX(size_t(sdr.width));
+    for (int x = 0; x < sdr.width; ++x)
+        cellX[x] = int(qint64(x) * mapW / sdr.width);
+    std::vector<float> row(size_t(sdr.width) * 4);
+    const float os = float(options.offsetSdr), oh = float(options.offsetHdr);
+    for (int y = 0; y < sdr.height; ++y) {
+        hdrRow(hdr, y, row);
+        const std::uint8_t *s = sdr.rgb.data() + size_t(y) * sdr.width * 3;
+        const size_t cellRow = size_t(qint64(y) * mapH / sdr.height) * mapW;
+        for (int x = 0; x < sdr.width; ++x) {
+            const float *h = row.data() + 4 * x;
+            const float sr = linear[s[3 * x]], sg = linear[s[3 * x + 1]], sb = linear[s[3 * x + 2]];
+            ++counts[cellRow + cellX[x]];
+            float *cell = sums.data() + (cellRow + cellX[x]) * channels;
+            if (channels == 1) {
+                const float hy = std::max(0.0f, luminance(h[0], h[1], h[2]));
+                const float gain = std::log2((hy + oh) / (luminance(sr, sg, sb) + os));
+                cell[0] += std::clamp(gain, kMinLog2Gain, kMaxLog2Gain);
+                continue;
+            }
+            const float sdrValues[3] = { sr, sg, sb };
+            for (int c = 0; c < 3; ++c) {
+                const float gain = std::log2((std::max(0.0f, h[c]) + oh) / (sdrValues[c] + os));
+                cell[c] += std::clamp(gain, kMinLog2Gain, kMaxLog2Gain);
+            }
+        }
+    }
+    for (size_t i = 0; i < counts.size(); ++i)
+        for (int c = 0; c < channels; ++c)
+            sums[i * channels + c] /= float(std::max(1, counts[i]));
+    return sums;
+}
+
+GainMapMetadata metadataFor(const std::vector<float> &gains, int channels,
+                            const UltraHdrEncodeOptions &options)
+{
+    GainMapMetadata m;
+    m.channelCount = channels;
+    double capacityMin = 1e9, capacityMax = 0.0;
+    for (int c = 0; c < channels; ++c) {
+        float lo = kMaxLog2Gain, hi = kMinLog2Gain;
+        for (size_t i = size_t(c); i < gains.size(); i += size_t(channels)) {
+            lo = std::min(lo, gains[i]);
+            hi = std::max(hi, gains[i]);
+        }
+        GainMapChannel &ch = m.channels[c];
+        ch.minLog2 = quantizeForIso(lo);
+        ch.maxLog2 = quantizeForIso(std::max<double>(hi, ch.minLog2 + kMinRange));
+        ch.gamma = quantizeForIso(options.gamma);
+        ch.offsetSdr = quantizeForIso(options.offsetSdr);
+        ch.offsetHdr = quantizeForIso(options.offsetHdr);
+        capacityMin = std::min(capacityMin, std::max(0.0, ch.minLog2));
+        capacityMax = std::max(capacityMax, ch.maxLog2);
+    }
+    m.hdrCapacityMinLog2 = quantizeForIso(capacityMin);
+    m.hdrCapacityMaxLog2 = quantizeForIso(std::max(capacityMax, capacityMin + kMinRange));
+    return m;
+}
+
+QByteArray encodeMap(const std::vector<float> &gains, int mapW, int mapH, int channels,
+                     const GainMapMetadata &m, int quality)
+{
+    std::vector<std::uint8_t> bytes(gains.size());
+    for (size_t i = 0; i < gains.size(); ++i) {
+        const GainMapChannel &ch = m.channel(int(i % size_t(channels)));
+        const double t = std::clamp((gains[i] - ch.minLog2) / (ch.maxLog2 - ch.minLog2), 0.0, 1.0);
+        bytes[i] = std::uint8_t(std::floor(std::pow(t, ch.gamma) * 255.0 + 0.5));
+    }
+        // Each channel of a multi-channel map is its own gain: no chroma subsampling.
+    return encodeJpeg(bytes.data(), mapW, mapH, channels, qsizetype(mapW) * channels, quality, true);
+}
+
+bool isDropped(QByteArrayView data, const JpegSegment &segment)
+{
+    const QByteArrayView payload = data.sliced(segment.payloadOffset, segment.payloadSize);
+    if (segment.marker == jpeg::APP1)
+        return payload.startsWith(jpeg::xmp());
+    if (segment.marker == jpeg::APP2)
+        return payload.startsWith(jpeg::mpf()) || payload.startsWith(jpeg::iso());
+    return false;
+}
+
+// The image with `inserted` placed after its leading JFIF/Exif segments and
+// its own XMP, MPF and ISO blocks removed. `insertAt` receives the position.
+QByteArray rebuildImage(QByteArrayView data, const QByteArray &inserted, qsizetype *insertAt)
+{
+    const JpegStream stream = walkJpeg(data, 0);
+    if (!stream.complete)
+        return {};
+    QByteArray out("\xFF\xD8", 2);
+    bool insertedYet = false;
+    auto insert = [&] {
+        if (insertAt)
+            *insertAt = out.size();
+        out += inserted;
+        insertedYet = true;
+    };
+    qsizetype scanStart = stream.end;
+    for (const JpegSegment &segment : stream.segments) {
+        if (segment.marker == jpeg::SOS) {
+            scanStart = segment.offset;
+            break;
+        }
+        const QByteArrayView payload = data.sliced(segment.payloadOffset, segment.payloadSize);
+        const bool leading = segment.marker == jpeg::APP0
+            || (segment.marker == jpeg::APP1 && payload.startsWith(jpeg::exif()));
+        if (!leading && !insertedYet)
+            insert();
+        if (!isDropped(data, segment))
+            out += data.sliced(segment.offset, segment.payloadSize + 4);
+    }
+    if (!insertedYet)
+        insert();
+    out += data.sliced(scanStart, stream.end - scanStart);
+    return out;
+}
+
+UltraHdrEncodeResult encodeFrom(QByteArrayView primary, const DecodedSdr &sdr, const QImage &hdrIn,
+                                const UltraHdrEncodeOptions &options)
+{
+    UltraHdrEncodeResult result;
+    if (hdrIn.width() != sdr.width || hdrIn.height() != sdr.height) {
+        result.error = u"the HDR picture is %1×%2 but the SDR picture is %3×%4"_s.arg(hdrIn.width())
+                           .arg(hdrIn.height()).arg(sdr.width).arg(sdr.height);
+        return result;
+    }
+    const QImage::Format f = hdrIn.format();
+    const bool direct = f == QImage::Format_RGBA16FPx4 || f == QImage::Format_RGBA16FPx4_Premultiplied
+        || f == QImage::Format_RGBX16FPx4 || f == QImage::Format_RGBA32FPx4
+        || f == QImage::Format_RGBA32FPx4_Premultiplied || f == QImage::Format_RGBX32FPx4;
+    const QImage hdr = direct ? hdrIn : hdrIn.convertToFormat(QImage::Format_RGBA32FPx4);
+    const int scale = std::clamp(options.mapScale, 1, 128);
+    const int channels = options.multiChannel ? 3 : 1;
+    result.mapWidth = (sdr.width + scale - 1) / scale;
+    result.mapHeight = (sdr.height + scale - 1) / scale;
+    const std::vector<float> gains = cellGains(sdr, hdr, result.mapWidth, result.mapHeight,
+                                               channels, options);
+    result.metadata = metadataFor(gains, channels, options);
+    if (const QString why = result.metadata.validationError(); !why.isEmpty()) {
+        result.error = u"gain map options invalid: "_s + why;
+        return result;
+    }
+    const QByteArray map = encodeMap(gains, result.mapWidth, result.mapHeight, channels,
+                                     result.metadata, options.mapQuality);
+    UltraHdrAssembly assembly;
+    if (options.writeXmp)
+        assembly.xmp = result.metadata;
+    if (options.writeIso)
+        assembly.iso = result.metadata;
+    result.bytes = assembleUltraHdr(primary, map, assembly);
+    if (result.bytes.isEmpty())
+        result.error = u"the Ultra HDR file could not be assembled"_s;
+    return result;
+}
+
+} // namespace
+
+UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, const QImage &hdr,
+                                    const UltraHdrEncodeOptions &options)
+{
+    DecodedSdr sdr;
+    UltraHdrEncodeResult result;
+    if (!decodeSdr(sdrJpeg, sdr, result.error))
+        return result;
+    return encodeFrom(sdrJpeg, sdr, hdr, options);
+}
+
+UltraHdrEncodeResult encodeUltraHdr(const QImage &sdrIn, const QImage &hdr,
+                                    const UltraHdrEncodeOptions &options)
+{
+    UltraHdrEncodeResult result;
+    if (sdrIn.isNull()) {
+        result.error = u"the SDR picture is empty"_s;
+        return result;
+    }
+    const QImage sdr = sdrIn.convertToFormat(QImage::Format_RGB888);
+    const QByteArray primary = encodeJpeg(sdr.constBits(), sdr.width(), sdr.height(), 3,
+                                          sdr.bytesPerLine(), options.baseQuality);
+    if (primary.isEmpty()) {
+        result.error = u"the SDR picture could not be encoded"_s;
+        return result;
+    }
+    // Gains are measured against the primary as a reader will decode it, so
+    // the JPEG loss of the base is compensated by the map.
+    return encodeUltraHdr(QByteArrayView(primary), hdr, options);
+}
+
+QByteArray assembleUltraHdr(QByteArrayView primaryJpeg, QByteArrayView gainMapJpeg,
+                            const UltraHdrAssembly &assembly)
+{
+    QByteArray mapBlocks;
+    if (assembly.xmp)
+        mapBlocks += makeAppSegment(jpeg::APP1, jpeg::xmp(), gainMapXmp(*assembly.xmp));
+    if (assembly.iso)
+        mapBlocks += makeAppSegment(jpeg::APP2, jpeg::iso(), serializeIsoBlock(*assembly.iso));
+    const QByteArray map = rebuildImage(gainMapJpeg, mapBlocks, nullptr);
+    if (map.isEmpty())
+        return {};
+
+    QByteArray primaryBlocks;
+    if (assembly.xmp)
+        primaryBlocks += makeAppSegment(jpeg::APP1, jpeg::xmp(), primaryXmp(map.size()));
+    if (assembly.iso)
+        primaryBlocks += makeAppSegment(jpeg::APP2, jpeg::iso(), isoVersionBlock());
+    const qsizetype mpfAt = primaryBlocks.size();
+    if (assembly.mpf)
+        primaryBlocks += makeAppSegment(jpeg::APP2, jpeg::mpf(), QByteArray(kMpfPayloadSize, '\0'));
+    qsizetype insertAt = 0;
+    QByteArray primary = rebuildImage(primaryJpeg, primaryBlocks, &insertAt);
+    if (primary.isEmpty())
+        return {};
+    if (assembly.mpf) {
+        // Offsets inside the MPF index count from its byte-order mark.
+        const qsizetype header = insertAt + mpfAt + 4 + jpeg::mpf().size();
+        const QByteArray index = buildMpf(quint32(primary.size()), quint32(map.size()),
+                                          quint32(primary.size() - header));
+        primary.replace(header, index.size(), index);
+    }
+    return primary + map;
+}
+
+} // namespace orvanta

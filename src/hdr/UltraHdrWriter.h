@@ -1,0 +1,63 @@
+// Writes Ultra HDR files: computes a gain map from an SDR picture and a linear
+// HDR picture of the same size, encodes it, and assembles primary + gain map
+// with hdrgm XMP, the container directory, ISO 21496-1 blocks and an MPF
+// index. Used by the command-line tool, test fixtures and the reference
+// engine. Pure functions; any thread.
+#pragma once
+
+#include "GainMapMetadata.h"
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QImage>
+#include <QString>
+
+#include <optional>
+
+namespace orvanta {
+
+struct UltraHdrEncodeOptions
+{
+    int mapScale = 4;        // the map is 1/scale of the picture on each side (rounded up)
+    int mapQuality = 90;     // JPEG quality of the gain map
+    int baseQuality = 95;    // JPEG quality of the primary when it is encoded here
+    bool multiChannel = false; // one map per colour channel instead of one for luminance
+    bool writeXmp = true;
+    bool writeIso = true;
+    double gamma = 1.0;
+    double offsetSdr = 1.0 / 64.0;
+    double offsetHdr = 1.0 / 64.0;
+};
+
+struct UltraHdrEncodeResult
+{
+    QByteArray bytes;          // the file; empty on failure
+    GainMapMetadata metadata;  // exactly what a reader will get back
+    int mapWidth = 0;
+    int mapHeight = 0;
+    QString error;
+};
+
+// `sdr`: any 8-bit picture, taken as sRGB. `hdr`: a float picture
+// (Format_RGBA16FPx4 or Format_RGBA32FPx4 and their premultiplied forms, other
+// formats are converted), linear light in the same primaries, 1.0 = SDR white,
+// in the same pixel order as the stored primary.
+UltraHdrEncodeResult encodeUltraHdr(const QImage &sdr, const QImage &hdr,
+                                    const UltraHdrEncodeOptions &options = {});
+// As above, but the primary is these JPEG bytes, kept as they are (Exif, ICC).
+UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, const QImage &hdr,
+                                    const UltraHdrEncodeOptions &options = {});
+
+// Splices an existing primary and gain map JPEG into one file. Each block is
+// written only when asked for, which also lets tests build conflicting or
+// partial files. Existing XMP, MPF and ISO blocks of the inputs are dropped.
+struct UltraHdrAssembly
+{
+    std::optional<GainMapMetadata> xmp; // hdrgm in the map + container directory in the primary
+    std::optional<GainMapMetadata> iso; // version block in the primary, full block in the map
+    bool mpf = true;
+};
+QByteArray assembleUltraHdr(QByteArrayView primaryJpeg, QByteArrayView gainMapJpeg,
+                            const UltraHdrAssembly &assembly);
+
+} // namespace orvanta
