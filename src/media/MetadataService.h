@@ -1,0 +1,24 @@
+// Reads the camera and capture data of one image file (the delivered Ultra HDR
+// JPEG, a camera JPEG, a PNG or a RAW) into a ProPhotoMetadata. Stateless:
+// callable from any thread, concurrently.
+#pragma once
+
+#include "media/ProPhotoMetadata.h"
+
+#include <QString>
+
+namespace orvanta {
+
+class MetadataService
+{
+public:
+    static MetadataService &shared();
+
+    MetadataService();
+
+    // Never fails: whatever cannot be read stays absent. A null path gives
+    // the empty record.
+    ProPhotoMetadata extractMetadata(const QString &path) const;
+};
+
+} // namespace orvanta
