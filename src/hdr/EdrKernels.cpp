@@ -1,0 +1,55 @@
+#include "EdrKernels.h"
+
+#include <algorithm>
+
+namespace orvanta::edr {
+
+using namespace Qt::StringLiterals;
+
+float filmicCurve(float value)
+{
+    const float c = std::max(0.0f, value);
+    return std::clamp(c / (1.0f + 0.35f * c) * 1.35f, 0.0f, 1.0f);
+}
+
+Rgba filmicRollOff(Rgba pixel)
+{
+    return { filmicCurve(pixel.r), filmicCurve(pixel.g), filmicCurve(pixel.b), pixel.a };
+}
+
+Rgba zebraFilter(Rgba display, Rgba hdrReference, int x, int y, float threshold, float enabled)
+{
+    if (enabled < 0.5f)
+        return display;
+    const float luma = 0.2126f * hdrReference.r + 0.7152f * hdrReference.g + 0.0722f * hdrReference.b;
+    if (!(luma >= threshold))
+        return display;
+    const int phase = ((x + y) % 16 + 16) % 16;
+    return phase < 8 ? Rgba { 1.0f, 0.82f, 0.0f, 1.0f } : Rgba { 0.06f, 0.06f, 0.06f, 1.0f };
+}
+
+QString filmicRollOffGlsl()
+{
+    return uR"(vec4 filmicRollOff(vec4 pixel) {
+    vec3 c = max(pixel.rgb, vec3(0.0));
+    vec3 mapped = c / (vec3(1.0) + 0.35 * c) * 1.35;
+    return vec4(clamp(mapped, 0.0, 1.0), pixel.a);
+}
+)"_s;
+}
+
+QString zebraFilterGlsl()
+{
+    return uR"(vec4 zebraFilter(vec4 display, vec4 hdrReference, ivec2 pixel, float threshold, float enabled) {
+    if (enabled < 0.5)
+        return display;
+    float luma = dot(hdrReference.rgb, vec3(0.2126, 0.7152, 0.0722));
+    if (!(luma >= threshold))
+        return display;
+    int phase = ((pixel.x + pixel.y) % 16 + 16) % 16;
+    return phase < 8 ? vec4(1.0, 0.82, 0.0, 1.0) : vec4(0.06, 0.06, 0.06, 1.0);
+}
+)"_s;
+}
+
+} // namespace orvanta::edr

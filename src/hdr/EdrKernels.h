@@ -1,0 +1,30 @@
+// The viewer's two per-pixel kernels as plain C++: the filmic roll-off that
+// compresses HDR highlights for an SDR display, and the zebra overlay that
+// marks pixels whose HDR luminance passes a threshold. The GLSL versions the
+// renderer runs (also here) are checked against these. Pure; any thread.
+#pragma once
+
+#include <QString>
+
+namespace orvanta::edr {
+
+struct Rgba
+{
+    float r = 0, g = 0, b = 0, a = 1;
+    friend bool operator==(const Rgba &, const Rgba &) = default;
+};
+
+// max(0, c) / (1 + 0.35 c) × 1.35, clamped to 0...1; alpha kept.
+float filmicCurve(float value);
+Rgba filmicRollOff(Rgba pixel);
+
+// Amber (1, 0.82, 0) or near-black (0.06, 0.06, 0.06) diagonal stripes, 8
+// pixels wide, where the HDR reference's luminance reaches `threshold`;
+// otherwise (or when `enabled` < 0.5) the display pixel unchanged.
+Rgba zebraFilter(Rgba display, Rgba hdrReference, int x, int y, float threshold, float enabled);
+
+// GLSL ES 3.0 / GLSL 3.30 function bodies with the same arithmetic.
+QString filmicRollOffGlsl();
+QString zebraFilterGlsl();
+
+} // namespace orvanta::edr
