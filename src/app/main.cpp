@@ -1,6 +1,12 @@
-// Entry point: one state object, one main window.
+// Entry point: one state object, one main window with its menus, and the
+// update checks.
+#include "app/AppMenus.h"
+#include "app/UpdateAnnouncer.h"
 #include "core/AppViewModel.h"
+#include "i18n/LocalizationService.h"
 #include "ui/MainWindow.h"
+#include "ui/Theme.h"
+#include "update/Updater.h"
 
 #include <QApplication>
 
@@ -10,11 +16,23 @@ int main(int argc, char *argv[])
     QCoreApplication::setOrganizationName(QStringLiteral("orvanta"));
     QCoreApplication::setApplicationName(QStringLiteral("orvanta"));
     QCoreApplication::setApplicationVersion(QStringLiteral(ORVANTA_VERSION));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Orvanta"));
     // Lets docks and notification servers match our windows to orvanta.desktop.
     QGuiApplication::setDesktopFileName(QStringLiteral("orvanta"));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/orvanta.svg")));
+    orvanta::theme::apply(app, orvanta::LocalizationService::shared().effectiveLanguageCode());
 
     orvanta::AppViewModel model;
     orvanta::MainWindow window(model);
+    window.setDonationPage(QUrl(QStringLiteral(ORVANTA_DONATE_URL)));
+
+    orvanta::Updater updater({QUrl(QStringLiteral(ORVANTA_UPDATE_FEED_URL)),
+                              QByteArrayLiteral(ORVANTA_UPDATE_PUBLIC_KEY),
+                              QStringLiteral(ORVANTA_BUILD_NUMBER), QStringLiteral(ORVANTA_VERSION)});
+    orvanta::AppMenus menus(model, window, &updater);
+    orvanta::UpdateAnnouncer announcer(updater, &window);
+
     window.show();
+    updater.start();
     return app.exec();
 }

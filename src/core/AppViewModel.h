@@ -163,6 +163,12 @@ public:
     RecipeImport importRecipes(const QString &path);
 
     // Folder selection (main window).
+    // The dialog half of the two folder choices: shows a folder chooser with
+    // the given prompt and start folder, returns the chosen path or an empty
+    // text when the user cancels. The window passes one; tests pass a fake.
+    using FolderChooser = std::function<QString(const QString &prompt, const QString &startDir)>;
+    void selectSourceFolder(const FolderChooser &chooseFolder);
+    void selectDestFolder(const FolderChooser &chooseFolder);
     void handleDroppedURLs(const QList<QUrl> &urls);
 
     // Folders and batch options

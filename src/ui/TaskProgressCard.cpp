@@ -1,0 +1,247 @@
+#include "ui/TaskProgressCard.h"
+
+#include "core/AppViewModel.h"
+#include "ui/Icons.h"
+#include "ui/ProgressText.h"
+#include "ui/Theme.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+MetricBadge::MetricBadge(const QString &symbol, const QColor &tint, QWidget *parent)
+    : QWidget(parent)
+    , m_tint(tint)
+{
+    auto *icon = new QLabel(this);
+    icon->setPixmap(icons::pixmap(symbol, tint, 16, devicePixelRatioF()));
+    m_text = new QLabel(this);
+    m_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(10, 7, 12, 7);
+    layout->setSpacing(7);
+    layout->addWidget(icon);
+    layout->addWidget(m_text, 1);
+}
+
+void MetricBadge::setText(const QString &text)
+{
+    m_text->setText(text);
+}
+
+QString MetricBadge::text() const
+{
+    return m_text->text();
+}
+
+void MetricBadge::paintEvent(QPaintEvent *)
+{
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    QColor fill = m_tint;
+    fill.setAlphaF(0.12f);
+    QColor edge = m_tint;
+    edge.setAlphaF(0.28f);
+    p.setPen(QPen(edge, 1));
+    p.setBrush(fill);
+    p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 8, 8);
+}
+
+namespace {
+
+// The 8-point status dot of the header.
+class StatusDot : public QWidget
+{
+public:
+    explicit StatusDot(QWidget *parent)
+        : QWidget(parent)
+    {
+        setFixedSize(8, 8);
+    }
+    void setColor(const QColor &color)
+    {
+        m_color = color;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter p(this);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.setPen(Qt::NoPen);
+        p.setBrush(m_color);
+        p.drawEllipse(rect());
+    }
+
+private:
+    QColor m_color;
+};
+
+QLabel *label(QWidget *parent, const QString &role)
+{
+    auto *l = new QLabel(parent);
+    if (!role.isEmpty())
+        l->setProperty("role", role);
+    return l;
+}
+
+} // namespace
+
+TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
+    : QFrame(parent)
+    , m_model(model)
+{
+    setObjectName(u"progressCard"_s);
+    setProperty("role", u"card"_s);
+
+    m_dot = new StatusDot(this);
+    m_title = label(this, u"cardTitle"_s);
+    m_title->setObjectName(u"cardTitle"_s);
+    m_stem = label(this, u"secondary"_s);
+    m_stem->setObjectName(u"cardStem"_s);
+    m_stem->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto *header = new QHBoxLayout;
+    header->setSpacing(10);
+    header->addWidget(m_dot, 0, Qt::AlignVCenter);
+    header->addWidget(m_title);
+    header->addStretch(1);
+    header->addWidget(m_stem);
+
+    m_progressLine = label(this, QString());
+    m_progressLine->setObjectName(u"cardProgress"_s);
+    m_estimate = label(this, u"secondary"_s);
+    m_estimate->setObjectName(u"cardEstimate"_s);
+    auto *progressRow = new QHBoxLayout;
+    progressRow->addWidget(m_progressLine);
+    progressRow->addStretch(1);
+    progressRow->addWidget(m_estimate);
+
+    m_bar = new QProgressBar(this);
+    m_bar->setRange(0, 1000);
+    m_bar->setTextVisible(false);
+    m_status = label(this, u"secondary"_s);
+    m_status->setObjectName(u"cardStatus"_s);
+    m_status->setWordWrap(true);
+
+    m_faces = new MetricBadge(u"face.smiling.fill"_s, theme::kOrange, this);
+    m_faces->setObjectName(u"metricFaces"_s);
+    m_peak = new MetricBadge(u"sun.max.fill"_s, theme::kYellow, this);
+    m_peak->setObjectName(u"metricPeak"_s);
+    m_clip = new MetricBadge(u"shield.checkerboard"_s, theme::kBlue, this);
+    m_clip->setObjectName(u"metricClip"_s);
+    m_time = new MetricBadge(u"stopwatch.fill"_s, theme::kPurple, this);
+    m_time->setObjectName(u"metricTime"_s);
+    auto *badges = new QGridLayout;
+    badges->setHorizontalSpacing(10);
+    badges->setVerticalSpacing(10);
+    badges->addWidget(m_faces, 0, 0);
+    badges->addWidget(m_peak, 0, 1);
+    badges->addWidget(m_clip, 1, 0);
+    badges->addWidget(m_time, 1, 1);
+
+    auto *divider = new QFrame(this);
+    divider->setProperty("role", u"divider"_s);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(18, 16, 18, 16);
+    layout->setSpacing(10);
+    layout->addLayout(header);
+    layout->addLayout(progressRow);
+    layout->addWidget(m_bar);
+    layout->addWidget(m_status);
+    layout->addSpacing(2);
+    layout->addLayout(badges);
+    layout->addSpacing(4);
+    layout->addWidget(divider);
+    layout->addWidget(buildTotalsRow());
+    layout->addStretch(1);
+
+    const auto update = [this] { refresh(); };
+    for (auto signal :
+         {&AppViewModel::isRunningChanged, &AppViewModel::currentStemChanged,
+          &AppViewModel::currentIndexChanged, &AppViewModel::totalPendingChanged,
+          &AppViewModel::progressFractionChanged, &AppViewModel::scanPairsChanged,
+          &AppViewModel::currentFacesChanged, &AppViewModel::currentPeakStopsChanged,
+          &AppViewModel::currentBayerClipChanged, &AppViewModel::currentDurationChanged,
+          &AppViewModel::batchElapsedSecondsChanged, &AppViewModel::historyStatsChanged,
+          &AppViewModel::statusMessageChanged, &AppViewModel::wholeObjectChanged})
+        connect(&m_model, signal, this, update);
+    refresh();
+}
+
+QWidget *TaskProgressCard::buildTotalsRow()
+{
+    auto *row = new QWidget(this);
+    auto *grid = new QGridLayout(row);
+    grid->setContentsMargins(0, 4, 0, 0);
+    grid->setHorizontalSpacing(12);
+    grid->setVerticalSpacing(2);
+    const QColor colours[4] = {theme::kTextPrimary, theme::kGreen, theme::kRed, theme::kTextPrimary};
+    for (int i = 0; i < 4; ++i) {
+        m_kpiValues[i] = label(row, u"kpiValue"_s);
+        m_kpiValues[i]->setObjectName(u"kpiValue%1"_s.arg(i));
+        QPalette pal = m_kpiValues[i]->palette();
+        pal.setColor(QPalette::WindowText, colours[i]);
+        m_kpiValues[i]->setPalette(pal);
+        m_kpiLabels[i] = label(row, u"kpiLabel"_s);
+        m_kpiLabels[i]->setWordWrap(true);
+        grid->addWidget(m_kpiValues[i], 0, i);
+        grid->addWidget(m_kpiLabels[i], 1, i, Qt::AlignTop);
+        grid->setColumnStretch(i, 1);
+    }
+    return row;
+}
+
+void TaskProgressCard::refresh()
+{
+    const AppViewModel &m = m_model;
+    QColor idle = theme::kTextSecondary;
+    idle.setAlphaF(0.5f);
+    static_cast<StatusDot *>(m_dot)->setColor(m.isRunning() ? theme::kGreen : idle);
+    m_title->setText(m.t(m.isRunning() ? "card_processing" : "card_idle"));
+    m_stem->setText(m.currentStem());
+
+    const QString line = progressLineText(m);
+    m_progressLine->setText(line);
+    m_progressLine->setVisible(!line.isEmpty());
+    m_bar->setValue(int(std::clamp(m.progressFraction(), 0.0, 1.0) * 1000.0));
+    m_bar->setVisible(m.isRunning() || m.progressFraction() > 0.0);
+    m_status->setText(m.statusMessage());
+
+    const auto remaining = m.isRunning() ? estimateRemainingSeconds(m.totalPending(), m.progressFraction(),
+                                                                    m.batchElapsedSeconds())
+                                         : std::nullopt;
+    if (remaining) {
+        const auto finished = std::llround(m.progressFraction() * double(m.totalPending()));
+        const double perPhoto = double(m.batchElapsedSeconds()) / double(std::max<qint64>(finished, 1));
+        m_estimate->setText(u"≈ "_s + formatElapsed(*remaining) + u"  ·  "_s
+                            + m.t("metric_throughput_speed", {perPhoto}));
+    }
+    m_estimate->setVisible(bool(remaining));
+
+    m_faces->setText(m.t("metric_faces", {m.currentFaces()}));
+    m_peak->setText(m.t("metric_peak_gain", {m.currentPeakStops()}));
+    m_clip->setText(m.t("metric_bayer_clip", {m.currentBayerClip()}));
+    m_time->setText(timeBadgeText(m));
+
+    const DashboardStats &stats = m.historyStats();
+    const QString values[4] = {QString::number(stats.total), QString::number(stats.success),
+                               QString::number(stats.failed),
+                               QString::asprintf("%.1fs", stats.avgDurationSec)};
+    const char *keys[4] = {"kpi_total_processed", "kpi_success_delivered", "kpi_quarantine_failed",
+                           "kpi_avg_duration"};
+    for (int i = 0; i < 4; ++i) {
+        m_kpiValues[i]->setText(values[i]);
+        m_kpiLabels[i]->setText(m.t(keys[i]));
+    }
+}
+
+} // namespace orvanta

@@ -1,0 +1,95 @@
+// Looks for new versions of the application: fetches the update feed, picks
+// the newest item, downloads it and checks its Ed25519 signature, then
+// announces it. Never installs anything (a package manager owns the files).
+// Checks once per interval when automatic checks are on. Main thread.
+#pragma once
+
+#include "update/Appcast.h"
+
+#include <QDateTime>
+#include <QObject>
+#include <QPointer>
+#include <QUrl>
+
+class QNetworkAccessManager;
+class QNetworkReply;
+class QTimer;
+
+namespace orvanta {
+
+struct UpdaterConfig
+{
+    QUrl feedUrl;             // empty: no updater
+    QByteArray publicKey;     // base64 Ed25519 key; empty: no updater
+    QString currentBuild;     // compared with the feed's versions
+    QString currentShortVersion;
+    int checkIntervalSeconds = 86400;
+    int transferTimeoutMs = 30000;
+};
+
+struct UpdateCheckResult
+{
+    enum class Outcome { UpToDate, UpdateAvailable, Failed };
+    Outcome outcome = Outcome::Failed;
+    AppcastItem item;   // the newest item (UpdateAvailable)
+    QString error;      // why it failed (Failed), in English for the log
+    bool userInitiated = false;
+
+    // The page to open for an available update: its link, else its download.
+    QUrl pageUrl() const { return item.link.isValid() && !item.link.isEmpty() ? item.link : item.downloadUrl; }
+};
+
+class Updater : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(bool canCheckForUpdates READ canCheckForUpdates NOTIFY canCheckForUpdatesChanged)
+public:
+    static constexpr const char *kAutomaticChecksKey = "SUEnableAutomaticChecks";
+    static constexpr const char *kLastCheckKey = "SULastCheckTime";
+
+    explicit Updater(UpdaterConfig config, QObject *parent = nullptr);
+    ~Updater() override;
+
+    // True when a feed and key are configured and no check is under way.
+    bool canCheckForUpdates() const { return m_canCheck; }
+    // Stored in the user's settings; reads true when nothing is stored or no
+    // updater is configured.
+    bool automaticallyChecksForUpdates() const;
+    void setAutomaticallyChecksForUpdates(bool on);
+    // "2.3.1 (Build 57)".
+    QString currentVersionString() const;
+    bool isConfigured() const;
+
+    // A check the user asked for: the result is always announced.
+    void checkForUpdates();
+    // A scheduled check: announced only when there is something new.
+    void checkForUpdatesInBackground();
+    // Arms the schedule: the first automatic check is due one interval
+    // after the previous one (at once if that is past).
+    void start();
+
+    // Seconds until the next automatic check is due, from the last check time.
+    static qint64 secondsUntilDue(const QDateTime &lastCheck, const QDateTime &now, int intervalSeconds);
+
+Q_SIGNALS:
+    void canCheckForUpdatesChanged(bool canCheck);
+    void checkFinished(const orvanta::UpdateCheckResult &result);
+
+private:
+    void beginCheck(bool userInitiated);
+    void onFeedFinished(QNetworkReply *reply);
+    void onPayloadFinished(QNetworkReply *reply, const AppcastItem &item);
+    void finish(UpdateCheckResult result);
+    void setCanCheck(bool canCheck);
+    void scheduleNext();
+
+    UpdaterConfig m_config;
+    QNetworkAccessManager *m_network = nullptr;
+    QTimer *m_schedule = nullptr;
+    bool m_canCheck = false;
+    bool m_userInitiated = false;
+};
+
+} // namespace orvanta
+
+Q_DECLARE_METATYPE(orvanta::UpdateCheckResult)
