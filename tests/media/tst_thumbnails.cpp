@@ -5,9 +5,11 @@
 #include "common/TestEnvironment.h"
 #include "media/ExifOrientation.h"
 #include "media/JpegThumbnailDecoder.h"
+#include "media/MetadataService.h"
 #include "media/ThumbnailDecoder.h"
 #include "media/ThumbnailManager.h"
 
+#include <QRandomGenerator>
 #include <QSemaphore>
 
 using namespace orvanta;
@@ -84,6 +86,8 @@ private Q_SLOTS:
     void dngUsesItsEmbeddedPreview();
     void filesThatAreNotImagesAreDecodeErrors_data();
     void filesThatAreNotImagesAreDecodeErrors();
+    void damagedJpegsGiveADefinedOutcome_data();
+    void damagedJpegsGiveADefinedOutcome();
     void orientationIsReadOnlyFromWellFormedExif_data();
     void orientationIsReadOnlyFromWellFormedExif();
 
@@ -235,6 +239,61 @@ void ThumbnailsTest::filesThatAreNotImagesAreDecodeErrors()
     const ThumbnailResult result = decodeThumbnail(file, 160);
     QCOMPARE(result.kind(), ThumbnailResult::Kind::DecodeError);
     QVERIFY(result.image().isNull());
+}
+
+void ThumbnailsTest::damagedJpegsGiveADefinedOutcome_data()
+{
+    QTest::addColumn<QString>("damage");
+    QTest::addColumn<bool>("decodes");
+    // A truncated or scrambled scan still yields a picture (libjpeg fills
+    // what is missing); damage to the headers is a decode error.
+    QTest::newRow("cut in half") << QStringLiteral("half") << true;
+    QTest::newRow("scan overwritten with noise") << QStringLiteral("noise") << true;
+    QTest::newRow("cut inside the headers") << QStringLiteral("headers") << false;
+    QTest::newRow("zero width in the frame header") << QStringLiteral("zero-width") << false;
+    QTest::newRow("Exif block of garbage") << QStringLiteral("exif-garbage") << true;
+}
+
+void ThumbnailsTest::damagedJpegsGiveADefinedOutcome()
+{
+    QFETCH(QString, damage);
+    QFETCH(bool, decodes);
+    const QString source = path(QStringLiteral("intact.jpg"));
+    QVERIFY(writeJpeg(source, twoToneImage(640, 480, Qt::red, Qt::blue)));
+    QVERIFY(writeExif(source, {{"Exif.Image.Make", "Ascii", QStringLiteral("Nikon")},
+                               {"Exif.Image.Orientation", "Short", QStringLiteral("6")}}));
+    QFile in(source);
+    QVERIFY(in.open(QIODevice::ReadOnly));
+    QByteArray bytes = in.readAll();
+    const qsizetype sof = bytes.indexOf(QByteArray("\xFF\xC0", 2));
+    const qsizetype exif = bytes.indexOf(QByteArray("Exif\0\0", 6));
+    QVERIFY(sof > 0 && exif > 0);
+    QRandomGenerator random(7);
+    if (damage == QLatin1String("half")) {
+        bytes.truncate(bytes.size() / 2);
+    } else if (damage == QLatin1String("noise")) {
+        for (qsizetype i = bytes.size() / 2; i < bytes.size() - 200; ++i)
+            bytes[i] = char(random.bounded(256));
+    } else if (damage == QLatin1String("headers")) {
+        bytes.truncate(sof + 4);
+    } else if (damage == QLatin1String("zero-width")) {
+        bytes[sof + 7] = 0; // SOF: length(2) precision(1) height(2) width(2)
+        bytes[sof + 8] = 0;
+    } else {
+        // Only inside the APP1 segment, whose length precedes "Exif".
+        const int length = uchar(bytes[exif - 2]) << 8 | uchar(bytes[exif - 1]);
+        for (qsizetype i = exif + 6; i < exif - 2 + length; ++i)
+            bytes[i] = char(random.bounded(256));
+    }
+    const QString file = path(QStringLiteral("damaged-%1.jpg").arg(damage));
+    QVERIFY(writeFile(file, bytes));
+
+    const ThumbnailResult result = decodeThumbnail(file, 76);
+    QCOMPARE(result.isSuccess(), decodes);
+    if (decodes)
+        QVERIFY(std::max(result.image().width(), result.image().height()) <= 76);
+    const ProPhotoMetadata metadata = MetadataService::shared().extractMetadata(file);
+    QCOMPARE(metadata.fileSizeBytes, bytes.size());
 }
 
 void ThumbnailsTest::orientationIsReadOnlyFromWellFormedExif_data()
