@@ -91,7 +91,9 @@ IsoBlock rejected(const char *why)
     return block;
 }
 
-std::pair<qint64, quint32> toFraction(double value, bool isSigned)
+enum class Rounding { Nearest, Down, Up };
+
+std::pair<qint64, quint32> toFraction(double value, bool isSigned, Rounding rounding = Rounding::Nearest)
 {
     // The largest power-of-two denominator (up to 2^24) that keeps the
     // numerator in range, so typical values round-trip exactly.
@@ -99,14 +101,19 @@ std::pair<qint64, quint32> toFraction(double value, bool isSigned)
     quint32 denominator = 1u << 24;
     while (denominator > 1 && std::abs(value) * denominator > limit)
         denominator >>= 1;
-    double numerator = std::round(value * denominator);
+    const double scaled = value * denominator;
+    double numerator = rounding == Rounding::Down ? std::floor(scaled)
+        : rounding == Rounding::Up                ? std::ceil(scaled)
+                                                  : std::round(scaled);
     numerator = std::clamp(numerator, isSigned ? -2147483648.0 : 0.0, limit);
     return { qint64(numerator), denominator };
 }
 
-void appendFraction(QByteArray &out, double value, bool isSigned)
+// Lower bounds are rounded down and upper bounds up, so values that were in
+// order (min <= max, capacity min < max) stay in order once written.
+void appendFraction(QByteArray &out, double value, bool isSigned, Rounding rounding)
 {
-    const auto [numerator, denominator] = toFraction(value, isSigned);
+    const auto [numerator, denominator] = toFraction(value, isSigned, rounding);
     appendU32(out, quint32(numerator)); // two's complement for negative values
     appendU32(out, denominator);
 }
@@ -178,15 +185,15 @@ QByteArray serializeIsoBlock(const GainMapMetadata &m)
     if (m.useBaseColourSpace)
         flags |= kFlagUseBaseColourSpace;
     out.append(char(flags));
-    appendFraction(out, m.hdrCapacityMinLog2, false);
-    appendFraction(out, m.hdrCapacityMaxLog2, false);
+    appendFraction(out, m.hdrCapacityMinLog2, false, Rounding::Down);
+    appendFraction(out, m.hdrCapacityMaxLog2, false, Rounding::Up);
     for (int c = 0; c < (m.channelCount == 3 ? 3 : 1); ++c) {
         const GainMapChannel &ch = m.channels[c];
-        appendFraction(out, ch.minLog2, true);
-        appendFraction(out, ch.maxLog2, true);
-        appendFraction(out, ch.gamma, false);
-        appendFraction(out, ch.offsetSdr, true);
-        appendFraction(out, ch.offsetHdr, true);
+        appendFraction(out, ch.minLog2, true, Rounding::Down);
+        appendFraction(out, ch.maxLog2, true, Rounding::Up);
+        appendFraction(out, ch.gamma, false, Rounding::Nearest);
+        appendFraction(out, ch.offsetSdr, true, Rounding::Nearest);
+        appendFraction(out, ch.offsetHdr, true, Rounding::Nearest);
     }
     return out;
 }

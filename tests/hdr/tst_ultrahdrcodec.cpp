@@ -49,6 +49,7 @@ private slots:
     void isoBlockReadsTheCommonDenominatorLayout();
     void isoBlockRejectsBadBlocks_data();
     void isoBlockRejectsBadBlocks();
+    void acceptedIsoValuesStayValidWhenWrittenAgain();
     void xmpReadsAttributeAndElementFormsWithAnyPrefix();
     void xmpRejectsUnusableValues_data();
     void xmpRejectsUnusableValues();
@@ -208,6 +209,30 @@ void TestUltraHdrCodec::isoBlockRejectsBadBlocks()
     QVERIFY(!parsed.metadata);
     QVERIFY(!parsed.versionOnly);
     QVERIFY(!parsed.error.isEmpty());
+}
+
+void TestUltraHdrCodec::acceptedIsoValuesStayValidWhenWrittenAgain()
+{
+    // Found by fuzz_iso: a compact block whose capacities differ by less than
+    // the written precision came back with equal capacities, i.e. invalid.
+    const QByteArray found = QByteArray::fromHex(
+        "00005b5b5b5b255b5b5b5b5b255b5b5b5b5b5b5b5b5b5b5b5b5b5b5b5b5b5ba5ff000500000011000400848484"
+        "84848400040000010084842c84840064848484848484848484848401e25b5b5b5b5b5b5b5b5b5b5b5b5b5b5b5b"
+        "a5ff00050000001100040084848484848400040000010084842c84840064848484848484848484848401e2ee48"
+        "01000021010000000004000001001004100400000000000001e2ee483a00");
+    GainMapMetadata close = sampleMetadata(1);
+    close.hdrCapacityMinLog2 = 1.0;
+    close.hdrCapacityMaxLog2 = 1.0 + 1e-9;
+    close.channels[0].minLog2 = 0.3;
+    close.channels[0].maxLog2 = 0.3 + 1e-12;
+    const IsoBlock accepted = parseIsoBlock(found);
+    QVERIFY(accepted.metadata);
+    for (const GainMapMetadata &m : { *accepted.metadata, close }) {
+        QVERIFY(m.isValid());
+        const IsoBlock again = parseIsoBlock(serializeIsoBlock(m));
+        QVERIFY2(again.metadata, qPrintable(again.error));
+        QCOMPARE(again.metadata->channelCount, m.channelCount);
+    }
 }
 
 void TestUltraHdrCodec::xmpReadsAttributeAndElementFormsWithAnyPrefix()

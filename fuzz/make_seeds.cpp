@@ -1,0 +1,70 @@
+// Writes a small starting corpus for each fuzz target: Ultra HDR files in
+// their common layouts, and the metadata blocks alone.
+//   orvanta_fuzz_seeds DIR   (creates DIR/<target>/seed-N)
+#include "hdr/IsoGainMapBlock.h"
+#include "hdr/JpegCodec.h"
+#include "hdr/MpfIndex.h"
+#include "hdr/UltraHdrWriter.h"
+#include "hdr/XmpGainMap.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+
+#include <cstdio>
+
+using namespace orvanta;
+
+namespace {
+
+void write(const QString &dir, const QString &target, int n, const QByteArray &bytes)
+{
+    QDir().mkpath(dir + u'/' + target);
+    QFile file(dir + u'/' + target + QStringLiteral("/seed-%1").arg(n));
+    if (file.open(QIODevice::WriteOnly))
+        file.write(bytes);
+}
+
+QImage picture(int w, int h, QImage::Format format, float boost)
+{
+    QImage image(w, h, format);
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x)
+            image.setPixelColor(x, y, QColor::fromRgbF(float(x) / w * boost, float(y) / h * boost, 0.5f * boost));
+    return image;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    if (argc != 2) {
+        std::fputs("usage: orvanta_fuzz_seeds DIR\n", stderr);
+        return 1;
+    }
+    const QString dir = QString::fromLocal8Bit(argv[1]);
+    const QImage sdr = picture(24, 16, QImage::Format_RGB888, 1.0f);
+    const QImage hdr = picture(24, 16, QImage::Format_RGBA32FPx4, 3.0f);
+    int n = 0;
+    for (const bool multi : { false, true }) {
+        for (const auto &[xmp, iso] : { std::pair { true, true }, std::pair { false, true }, std::pair { true, false } }) {
+            UltraHdrEncodeOptions options;
+            options.multiChannel = multi;
+            options.writeXmp = xmp;
+            options.writeIso = iso;
+            options.mapScale = 4;
+            const UltraHdrEncodeResult file = encodeUltraHdr(sdr, hdr, options);
+            write(dir, QStringLiteral("decode"), n, file.bytes);
+            write(dir, QStringLiteral("segments"), n, file.bytes);
+            write(dir, QStringLiteral("iso"), n, serializeIsoBlock(file.metadata));
+            write(dir, QStringLiteral("xmp"), n, gainMapXmp(file.metadata));
+            ++n;
+        }
+    }
+    write(dir, QStringLiteral("xmp"), n, primaryXmp(1234));
+    write(dir, QStringLiteral("iso"), n, isoVersionBlock());
+    write(dir, QStringLiteral("mpf"), 0, buildMpf(1498, 883, 775));
+    const QImage rgb = sdr.convertToFormat(QImage::Format_RGB888);
+    write(dir, QStringLiteral("decode"), n, encodeJpeg(rgb.constBits(), rgb.width(), rgb.height(), 3, rgb.bytesPerLine(), 80));
+    return 0;
+}
