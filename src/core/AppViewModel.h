@@ -492,6 +492,16 @@ private:
     qint64 m_currentRunFailedCount = 0;
     QTimer *m_batchTimer = nullptr;
     std::unique_ptr<EngineService> m_engineService;
+    // Bumped by every start, so a stop watchdog left from an earlier run
+    // never ends a later one.
+    quint64 m_runGeneration = 0;
+    // Engine lines are appended at once and announced once per read.
+    bool m_consoleDirty = false;
+    void appendEngineLog(const QString &line);
+    void flushConsole();
+    void writeRunHeader();
+    void finishRun(int status, bool crashed);
+    void stopBatchTimer();
 
     // History subsystem.
     std::unique_ptr<HistoryService> m_historyService;

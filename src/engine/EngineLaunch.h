@@ -1,0 +1,75 @@
+// Everything that decides how the engine is started: where its executable
+// is, the command line built from the batch settings and the environment it
+// gets. Pure functions over explicit inputs; safe on any thread.
+#pragma once
+
+#include "styles/StyleProfile.h"
+
+#include <QProcessEnvironment>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+namespace orvanta {
+
+inline constexpr const char *kEngineName = "orvanta_engine";
+
+// The settings of one run, as the batch controller hands them over.
+struct EngineRunOptions
+{
+    QString sourceDir;
+    QString destDir;
+    std::optional<QString> stem;
+    StyleProfile profile = StyleProfile::Default;
+    std::optional<double> customMidTarget;
+    std::optional<double> customPowerMid;
+    std::optional<double> customPowerHi;
+    std::optional<double> customChromaBoost;
+    std::optional<double> customSkinDamp;
+    bool force = false;
+    bool dryRun = false;
+    bool backlitFill = false;
+    qint64 workers = 0;
+    bool noThrottle = false;
+    qint64 minRating = 0;
+    std::optional<QString> namingTemplate;
+    std::optional<QString> subfolderRule;
+};
+
+// The engine's arguments, in the order it documents.
+QStringList engineArguments(const EngineRunOptions &options);
+
+// Removes spaces, tabs and other space separators at both ends, but not
+// line breaks.
+QString trimmedHorizontal(const QString &text);
+
+// What the locator may look at; the real values come from system().
+struct EngineLocatorContext
+{
+    std::function<std::optional<QString>(const QString &name)> environment;
+    std::function<bool(const QString &path)> isExecutableFile;
+    std::function<QString(const QString &name)> findOnPath; // empty when not found
+    QString applicationDir;  // the folder of our own executable
+    QString applicationFile; // our own executable: never taken for the engine
+    QString homeDir;
+
+    static EngineLocatorContext system();
+};
+
+// The folder the installation puts data files in (next to bin/, in share/).
+QString resourcesDirFor(const QString &applicationDir);
+
+// Every place the engine may be, in the order they are tried.
+QStringList engineCandidates(const EngineLocatorContext &context);
+// The first executable candidate, then the engine found on PATH, then the
+// bare name (whose launch then fails and is reported).
+QString resolveEngineBinary(const EngineLocatorContext &context);
+
+// The child's environment: ours, with the usual tool folders put in front
+// of PATH and the resources folder announced under every name the engine
+// has ever read. `resourcesDir` empty: no resources variables.
+QProcessEnvironment engineEnvironment(QProcessEnvironment base, const QString &resourcesDir);
+
+} // namespace orvanta

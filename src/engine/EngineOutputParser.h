@@ -1,0 +1,54 @@
+// Turns the engine's merged output bytes into log lines and decoded events,
+// in arrival order. Works on bytes, so a character split across two reads is
+// joined before it is decoded. One instance per run; used on one thread.
+#pragma once
+
+#include "engine/BatchEvent.h"
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QString>
+
+#include <functional>
+
+namespace orvanta {
+
+class EngineOutputParser
+{
+public:
+    // A line longer than this without a newline is cut into pieces of at
+    // most this size, so a runaway engine cannot exhaust memory.
+    static constexpr qsizetype kMaxLineBytes = qsizetype(1) << 20;
+
+    using EventSink = std::function<void(const BatchEvent &)>;
+    using LineSink = std::function<void(const QString &)>;
+
+    EngineOutputParser(EventSink onEvent, LineSink onLogLine);
+
+    // Feeds the next bytes read from the pipe; complete lines are delivered
+    // before this returns.
+    void feed(QByteArrayView bytes);
+    // The engine has ended: whatever follows the last newline is one more line.
+    void finish();
+
+    // Bytes held back waiting for a newline.
+    qsizetype pendingBytes() const { return m_pending.size(); }
+
+    // Classifies one line (without its newline): trimmed, empty lines
+    // dropped, record lines decoded (or dropped when undecodable), every
+    // other line decoded as UTF-8 with replacement characters.
+    void deliverLine(QByteArrayView line);
+
+private:
+    void deliverCapped(QByteArrayView line);
+
+    EventSink m_onEvent;
+    LineSink m_onLogLine;
+    QByteArray m_pending;
+};
+
+// Where to cut a too long line: at most `limit` bytes, moved back to the
+// start of a UTF-8 sequence so that no character is split.
+qsizetype utf8CutPosition(QByteArrayView bytes, qsizetype limit);
+
+} // namespace orvanta

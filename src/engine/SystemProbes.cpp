@@ -1,0 +1,194 @@
+#include "engine/SystemProbes.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <cstdint>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kLocalDiskName = u"Local Disk"_s;
+constexpr double kBytesPerGiB = 1073741824.0;
+constexpr double kMinimumFreeGiB = 0.5;
+
+// Thresholds on the share of time (percent over the last 10 s) in which
+// some or all tasks stalled waiting for memory. The kernel's own out-of-
+// memory daemon acts at 60 % "full" sustained; we warn much earlier, while
+// throttling still helps.
+constexpr double kCriticalFull = 10.0;
+constexpr double kCriticalSome = 50.0;
+constexpr double kWarningSome = 10.0;
+constexpr double kWarningFull = 1.0;
+
+std::optional<double> avg10Of(QByteArrayView line)
+{
+    const qsizetype at = line.indexOf("avg10=");
+    if (at < 0)
+        return std::nullopt;
+    QByteArrayView rest = line.sliced(at + 6);
+    const qsizetype end = rest.indexOf(' ');
+    if (end >= 0)
+        rest = rest.first(end);
+    bool ok = false;
+    const double value = rest.toDouble(&ok);
+    return ok ? std::optional(value) : std::nullopt;
+}
+
+} // namespace
+
+VolumeIdentity volumeIdentityForPath(const QString &path)
+{
+    const QStringList parts = path.split(u'/', Qt::SkipEmptyParts);
+    auto named = [](const QString &name) { return VolumeIdentity{name, true}; };
+    if (path.startsWith(u'/') && !parts.isEmpty()) {
+        const QString &top = parts.at(0);
+        if ((top == u"Volumes"_s || top == u"mnt"_s) && parts.size() >= 2)
+            return named(parts.at(1));
+        if (top == u"media"_s && parts.size() >= 3)
+            return named(parts.at(2));
+        if (top == u"run"_s && parts.size() >= 4 && parts.at(1) == u"media"_s)
+            return named(parts.at(3));
+    }
+    return {kLocalDiskName, false};
+}
+
+QString nearestExistingAncestor(const QString &path)
+{
+    QString current = QDir::cleanPath(path.isEmpty() ? u"/"_s : path);
+    if (!current.startsWith(u'/'))
+        current = QDir::cleanPath(QDir::currentPath() + u'/' + current);
+    while (current != u"/"_s && !QFileInfo::exists(current)) {
+        const qsizetype slash = current.lastIndexOf(u'/');
+        current = slash <= 0 ? u"/"_s : current.first(slash);
+    }
+    return current;
+}
+
+double freeGibibytesAt(const QString &existingPath)
+{
+    struct statvfs info{};
+    if (::statvfs(QFile::encodeName(existingPath).constData(), &info) != 0)
+        return 0.0;
+    const std::uint64_t bytes = std::uint64_t(info.f_bavail) * std::uint64_t(info.f_frsize);
+    return double(bytes) / kBytesPerGiB;
+}
+
+bool isVolumeSafeForBatch(double freeGiB)
+{
+    return freeGiB > kMinimumFreeGiB;
+}
+
+VolumeInfo probeVolume(const QString &destDir, const QString &homeDir)
+{
+    const QString path = destDir.isEmpty() ? homeDir : destDir;
+    const VolumeIdentity identity = volumeIdentityForPath(path);
+    VolumeInfo info;
+    info.name = identity.name;
+    info.external = identity.external;
+    info.freeGiB = freeGibibytesAt(nearestExistingAncestor(path));
+    info.safe = isVolumeSafeForBatch(info.freeGiB);
+    return info;
+}
+
+ToolProbeContext ToolProbeContext::system()
+{
+    ToolProbeContext c;
+    c.isExecutableFile = [](const QString &path) {
+        const QFileInfo info(path);
+        return info.isFile() && info.isExecutable();
+    };
+    c.findOnPath = [](const QString &name) { return QStandardPaths::findExecutable(name); };
+    c.resourcesDir = QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../share/orvanta"_s);
+    return c;
+}
+
+QStringList toolCandidates(const QString &tool, const QString &resourcesDir)
+{
+    QStringList out{u"/opt/homebrew/bin/"_s + tool, u"/usr/local/bin/"_s + tool};
+    if (tool == u"ultrahdr_app"_s)
+        out << resourcesDir + u"/ultrahdr_app"_s << resourcesDir + u"/bin/ultrahdr_app"_s;
+    else if (tool == u"exiftool"_s)
+        out << resourcesDir + u"/vendor/exiftool/exiftool"_s;
+    out << u"/usr/bin/"_s + tool;
+    return out;
+}
+
+QStringList missingTools(const ToolProbeContext &c)
+{
+    QStringList missing;
+    for (const QString &tool : {u"ultrahdr_app"_s, u"exiftool"_s}) {
+        bool found = false;
+        for (const QString &candidate : toolCandidates(tool, c.resourcesDir)) {
+            if (c.isExecutableFile(candidate)) {
+                found = true;
+                break;
+            }
+        }
+        if (!found && c.findOnPath(tool).isEmpty())
+            missing << tool;
+    }
+    return missing;
+}
+
+std::optional<MemoryPressure> memoryPressureFromPsi(QByteArrayView text)
+{
+    std::optional<double> some;
+    double full = 0.0;
+    for (QByteArrayView line : QByteArray::fromRawData(text.data(), text.size()).split('\n')) {
+        if (line.startsWith("some ")) {
+            some = avg10Of(line);
+            if (!some)
+                return std::nullopt;
+        } else if (line.startsWith("full ")) {
+            const auto value = avg10Of(line);
+            if (!value)
+                return std::nullopt;
+            full = *value;
+        }
+    }
+    if (!some)
+        return std::nullopt;
+    if (full >= kCriticalFull || *some >= kCriticalSome)
+        return MemoryPressure::Critical;
+    if (*some >= kWarningSome || full >= kWarningFull)
+        return MemoryPressure::Warning;
+    return MemoryPressure::Normal;
+}
+
+std::optional<MemoryPressure> readMemoryPressure(const QString &path)
+{
+    QFile file(path.isEmpty() ? u"/proc/pressure/memory"_s : path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    // A /proc file reports size 0: read until the end instead.
+    return memoryPressureFromPsi(file.readAll());
+}
+
+const char *memoryPressureKey(int level)
+{
+    if (level >= 4)
+        return "pressure_critical";
+    if (level == 2)
+        return "pressure_warning";
+    return "pressure_normal";
+}
+
+double installedMemoryGiB()
+{
+    const long pages = ::sysconf(_SC_PHYS_PAGES);
+    const long pageSize = ::sysconf(_SC_PAGE_SIZE);
+    if (pages <= 0 || pageSize <= 0)
+        return 0.0;
+    return double(std::uint64_t(pages) * std::uint64_t(pageSize)) / kBytesPerGiB;
+}
+
+} // namespace orvanta

@@ -1,0 +1,269 @@
+// EngineService against a real child process: the scriptable test engine.
+#include "common/TestEnvironment.h"
+#include "engine/EngineScenario.h"
+#include "engine/EngineService.h"
+
+#include <QtTest>
+
+#include <csignal>
+
+using namespace orvanta;
+using namespace orvanta::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Collects everything a run reports, in order: "log:..", "event:..",
+// "finished:<status>[:crash]".
+struct Recorder
+{
+    QStringList items;
+    QList<BatchEvent> events;
+    int finishedCount = 0;
+    EngineExit exit;
+
+    EngineCallbacks callbacks()
+    {
+        EngineCallbacks c;
+        c.onEvent = [this](const BatchEvent &e) {
+            items << u"event:"_s + e.type;
+            events << e;
+        };
+        c.onLogLine = [this](const QString &l) { items << u"log:"_s + l; };
+        c.onFinished = [this](EngineExit e) {
+            ++finishedCount;
+            exit = e;
+            items << u"finished:"_s + QString::number(e.status) + (e.crashed ? u":crash"_s : u""_s);
+        };
+        return c;
+    }
+    bool finished() const { return finishedCount > 0; }
+    bool hasLog(const QString &line) const { return items.contains(u"log:"_s + line); }
+};
+
+EngineRunOptions someOptions()
+{
+    EngineRunOptions o;
+    o.sourceDir = u"/photos/in with space"_s;
+    o.destDir = u"/photos/out"_s;
+    o.profile = StyleProfile::Custom;
+    o.customMidTarget = 0.55;
+    o.customSkinDamp = 0.4;
+    o.stem = u"IMG_0001"_s;
+    o.workers = 3;
+    o.minRating = 2;
+    o.subfolderRule = u"date"_s;
+    return o;
+}
+
+} // namespace
+
+class TestEngineService : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void commandLineAndEnvironmentReachTheEngine();
+    void outputArrivesInOrderWithFinishedLast();
+    void stopWithAnEngineThatHonoursSigintSendsOnlySigint();
+    void stopEscalatesToTerminate();
+    void stopEscalatesToKillWhenTerminateIsIgnored();
+    void exitCodesAndCrashesArePassedOn();
+    void missingEngineIsReportedAsALaunchFailure();
+    void secondStartWhileRunningIsIgnored();
+    void forceKillSilencesOutputButStillFinishes();
+    void floodArrivesCompleteAndInOrder();
+};
+
+void TestEngineService::commandLineAndEnvironmentReachTheEngine()
+{
+    EngineScenario scenario({u"print hello"_s});
+    qputenv("PATH", "/usr/bin:/bin");
+    EngineService service;
+    Recorder r;
+    service.startRun(someOptions(), r.callbacks());
+    QTRY_VERIFY(r.finished());
+    QCOMPARE(service.binPath(), QStringLiteral(ORVANTA_TEST_ENGINE));
+    QCOMPARE(scenario.arguments(), engineArguments(someOptions()));
+    const auto env = scenario.environment();
+    QCOMPARE(env.value(u"PATH"_s),
+             u"/opt/homebrew/bin:/usr/local/bin:/opt/homebrew/sbin:/usr/bin:/bin"_s);
+    QCOMPARE(env.value(u"HOME"_s), QDir::homePath()); // the rest is inherited
+    // The engine leads its own process group, so stopping it reaches its workers.
+    QCOMPARE(scenario.pgid(), scenario.pid());
+    QCOMPARE(r.items, (QStringList{u"log:hello"_s, u"finished:0"_s}));
+    QVERIFY(!service.isRunning());
+}
+
+void TestEngineService::outputArrivesInOrderWithFinishedLast()
+{
+    EngineScenario scenario({
+        u"print [w1] one"_s,
+        u"stderr err two"_s,
+        uR"(print ORVANTA_EVENT: {"type":"scan","pairs":2,"pending":2})"_s,
+        u"write par"_s,
+        u"pause 100"_s,
+        u"write tial line\\n"_s,
+        u"write \\xe5\\x86"_s, // the first two bytes of 写
+        u"pause 100"_s,
+        u"write \\x99 photo\\n"_s,
+        uR"(print DRAVIK_EVENT: {"type":"item_start","index":1.5})"_s, // dropped
+        u"print    \t "_s,                                               // blank
+        u"write last line without newline"_s,
+        u"exit 3"_s,
+    });
+    EngineService service;
+    Recorder r;
+    service.startRun(someOptions(), r.callbacks());
+    QTRY_VERIFY(r.finished());
+    QCOMPARE(r.items, (QStringList{u"log:[w1] one"_s, u"log:err two"_s, u"event:scan"_s,
+                                   u"log:partial line"_s, u"log:写 photo"_s,
+                                   u"log:last line without newline"_s, u"finished:3"_s}));
+    QCOMPARE(r.events.first().pairs, 2);
+    QCOMPARE(r.finishedCount, 1);
+}
+
+void TestEngineService::stopWithAnEngineThatHonoursSigintSendsOnlySigint()
+{
+    EngineScenario scenario({u"on-sigint exit130"_s, u"on-sigterm ignore"_s,
+                             u"print started"_s, u"wait-signal"_s});
+    EngineService service;
+    Recorder r;
+    service.startRun(someOptions(), r.callbacks());
+    QTRY_VERIFY(r.hasLog(u"started"_s));
+    service.stop();
+    QTRY_VERIFY(r.finished());
+    // 130 is the engine's own exit after the interrupt: it was neither
+    // terminated nor killed.
+    QCOMPARE(r.exit.status, 130);
+    QVERIFY(!r.exit.crashed);
+    QCOMPARE(r.items.at(r.items.size() - 2),
+             u"log:test engine: interrupted, finishing in-flight work"_s);
+    service.stop(); // nothing left to stop
+    QCOMPARE(r.finishedCount, 1);
+}
+
+void TestEngineService::stopEscalatesToTerminate()
+{
+    EngineScenario scenario({u"on-sigint ignore"_s, u"print started"_s, u"wait-signal"_s});
+    EngineService service;
+    service.setStopDelays(std::chrono::milliseconds(200), std::chrono::milliseconds(200));
+    Recorder r;
+    service.startRun(someOptions(), r.callbacks());
+    QTRY_VERIFY(r.hasLog(u"started"_s));
+    service.stop();
+    QTRY_VERIFY(r.finished());
+    QCOMPARE(r.exit.status, int(SIGTERM));
+    QVERIFY(r.exit.crashed);
+}
+
+void TestEngineService::stopEscalatesToKillWhenTerminateIsIgnored()
+{
+    EngineScenario scenario(
+        {u"on-sigint ignore"_s, u"on-sigterm ignore"_s, u"print started"_s, u"wait-signal"_s});
+    EngineService service;
+    service.setStopDelays(std::chrono::milliseconds(200), std::chrono::milliseconds(200));
+    Recorder r;
+    service.startRun(someOptions(), r.callbacks());
+    QTRY_VERIFY(r.hasLog(u"started"_s));
+    service.stop();
+    QTRY_VERIFY(r.finished());
+    QCOMPARE(r.exit.status, int(SIGKILL));
+    QVERIFY(r.exit.crashed);
+    QCOMPARE(r.finishedCount, 1);
+}
+
+void TestEngineService::exitCodesAndCrashesArePassedOn()
+{
+    {
+        EngineScenario scenario({u"crash 11"_s});
+        EngineService service;
+        Recorder r;
+        service.startRun(someOptions(), r.callbacks());
+        QTRY_VERIFY(r.finished());
+        QCOMPARE(r.items.last(), u"finished:11:crash"_s);
+    }
+    {
+        EngineScenario scenario({u"exit 130"_s});
+        EngineService service;
+        Recorder r;
+        service.startRun(someOptions(), r.callbacks());
+        QTRY_VERIFY(r.finished());
+        QCOMPARE(r.items.last(), u"finished:130"_s);
+    }
+}
+
+void TestEngineService::missingEngineIsReportedAsALaunchFailure()
+{
+    qputenv("ORVANTA_BIN", "/no/such/orvanta_engine");
+    qputenv("PATH", "/no/such/folder");
+    EngineService service;
+    Recorder r;
+    service.startRun(someOptions(), r.callbacks());
+    QTRY_VERIFY(r.finished());
+    QCOMPARE(r.items.size(), 2);
+    QVERIFY2(r.items.at(0).startsWith(u"log:❌ Failed to start processing engine: "_s),
+             qPrintable(r.items.at(0)));
+    QCOMPARE(r.items.at(1), u"finished:1"_s);
+    QVERIFY(!service.isRunning());
+    // Reported once, not again by a late error signal.
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    QCOMPARE(r.finishedCount, 1);
+    qunsetenv("ORVANTA_BIN");
+    qputenv("PATH", "/usr/bin:/bin");
+}
+
+void TestEngineService::secondStartWhileRunningIsIgnored()
+{
+    EngineScenario scenario({u"print started"_s, u"wait-signal"_s});
+    EngineService service;
+    Recorder first;
+    Recorder second;
+    service.startRun(someOptions(), first.callbacks());
+    QTRY_VERIFY(first.hasLog(u"started"_s));
+    const qint64 pid = service.processId();
+    service.startRun(someOptions(), second.callbacks());
+    QCOMPARE(service.processId(), pid);
+    service.forceKill();
+    QTRY_VERIFY(first.finished());
+    QVERIFY(second.items.isEmpty());
+}
+
+void TestEngineService::forceKillSilencesOutputButStillFinishes()
+{
+    EngineScenario scenario({u"print started"_s, u"wait-signal"_s});
+    EngineService service;
+    Recorder r;
+    service.startRun(someOptions(), r.callbacks());
+    QTRY_VERIFY(r.hasLog(u"started"_s));
+    service.forceKill();
+    QVERIFY(!service.isRunning());
+    QTRY_VERIFY(r.finished());
+    QCOMPARE(r.items, (QStringList{u"log:started"_s, u"finished:9:crash"_s}));
+
+    // A new run may start at once.
+    EngineScenario next({u"print again"_s});
+    Recorder r2;
+    service.startRun(someOptions(), r2.callbacks());
+    QTRY_VERIFY(r2.finished());
+    QCOMPARE(r2.items, (QStringList{u"log:again"_s, u"finished:0"_s}));
+}
+
+void TestEngineService::floodArrivesCompleteAndInOrder()
+{
+    EngineScenario scenario({u"flood 20000 10"_s});
+    EngineService service;
+    Recorder r;
+    service.startRun(someOptions(), r.callbacks());
+    QTRY_VERIFY_WITH_TIMEOUT(r.finished(), 30000);
+    QCOMPARE(r.items.size(), 20001);
+    QCOMPARE(r.events.size(), 2000);
+    QCOMPARE(r.items.at(0), u"log:[worker-1] line 1"_s);
+    QCOMPARE(r.items.at(9), u"event:item_start"_s);
+    QCOMPARE(r.items.at(19), u"event:item_done"_s);
+    QCOMPARE(r.events.last().index, 1000);
+    QCOMPARE(r.items.at(19998), u"log:[worker-7] line 19999"_s);
+}
+
+ORVANTA_TEST_GUILESS_MAIN(TestEngineService)
+#include "tst_engineservice.moc"
