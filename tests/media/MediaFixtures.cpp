@@ -76,7 +76,7 @@ QByteArray minimalDng(int width, int height)
         {257, 4, 1, quint32(height)},  // ImageLength
         {258, 3, 3, bitsOffset},       // BitsPerSample 8,8,8
         {259, 3, 1, 1},                // Compression: none
-        {262, 3, 1, 2},                // Photometric: RGB
+        {262, 3, 1, 34892},            // Photometric: LinearRaw (demosaiced RGB)
         {273, 4, 1, stripOffset},      // StripOffsets
         {277, 3, 1, 3},                // SamplesPerPixel
         {278, 4, 1, quint32(height)},  // RowsPerStrip

@@ -6,6 +6,7 @@
 #include "media/ExifOrientation.h"
 #include "media/JpegThumbnailDecoder.h"
 #include "media/MetadataService.h"
+#include "media/RawThumbnail.h"
 #include "media/ThumbnailDecoder.h"
 #include "media/ThumbnailManager.h"
 
@@ -84,6 +85,7 @@ private Q_SLOTS:
     void smallImagesAreNeverEnlarged();
     void pngIsDecodedAtTheTargetSize();
     void dngUsesItsEmbeddedPreview();
+    void libRawReadsTheSamePreview();
     void filesThatAreNotImagesAreDecodeErrors_data();
     void filesThatAreNotImagesAreDecodeErrors();
     void damagedJpegsGiveADefinedOutcome_data();
@@ -213,6 +215,25 @@ void ThumbnailsTest::dngUsesItsEmbeddedPreview()
     QCOMPARE(result.image().size(), QSize(57, 76));
     QVERIFY(isReddish(result.image().pixel(28, 3)));
     QVERIFY(isBluish(result.image().pixel(28, 72)));
+}
+
+void ThumbnailsTest::libRawReadsTheSamePreview()
+{
+    // LibRaw is the route for previews exiv2 does not find; here both can
+    // read the file, so LibRaw's answer must match in size and orientation.
+    const QString file = path(QStringLiteral("DSC0003.dng"));
+    // LibRaw ignores raw images under 22 pixels a side.
+    QVERIFY(writeDng(file, 64, 48, {{"Exif.Image.Orientation", "Short", QStringLiteral("8")}},
+                     twoToneImage(320, 240, Qt::red, Qt::blue)));
+    const QImage image = decodeRawThumbnail(file, 76);
+    QVERIFY(!image.isNull());
+    QCOMPARE(image.size(), QSize(57, 76));
+    QVERIFY(isBluish(image.pixel(28, 3))); // 90° counter-clockwise: the right half on top
+    QVERIFY(isReddish(image.pixel(28, 72)));
+    QCOMPARE(exifOrientationFromLibRawFlip(0), 1);
+    QCOMPARE(exifOrientationFromLibRawFlip(3), 3);
+    QCOMPARE(exifOrientationFromLibRawFlip(5), 8);
+    QCOMPARE(exifOrientationFromLibRawFlip(6), 6);
 }
 
 void ThumbnailsTest::filesThatAreNotImagesAreDecodeErrors_data()
