@@ -502,6 +502,14 @@ private:
     void writeRunHeader();
     void finishRun(int status, bool crashed);
     void stopBatchTimer();
+    // While the records of one read are applied, the status line is rendered
+    // once, for the last of them, when the read has been handled.
+    bool m_deferRunStatus = false;
+    bool m_hasPendingStatus = false;
+    QString m_pendingStatusKey;
+    FormatArgs m_pendingStatusArgs;
+    void setRunStatus(const QString &key, const FormatArgs &args = {});
+    void flushRunOutput();
 
     // History subsystem.
     std::unique_ptr<HistoryService> m_historyService;

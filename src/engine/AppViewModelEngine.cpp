@@ -93,9 +93,11 @@ void AppViewModel::appendLog(const QString &line)
 
 void AppViewModel::appendEngineLog(const QString &line)
 {
+    // Trimmed in steps rather than line by line: between two announcements
+    // the list may hold up to twice the limit, never more.
+    if (m_consoleLogs.size() >= 2 * kMaxConsoleLines)
+        m_consoleLogs.remove(0, m_consoleLogs.size() - kMaxConsoleLines + 1);
     m_consoleLogs.append(line);
-    if (m_consoleLogs.size() > kMaxConsoleLines)
-        m_consoleLogs.remove(0, m_consoleLogs.size() - kMaxConsoleLines);
     m_consoleDirty = true;
 }
 
@@ -104,7 +106,29 @@ void AppViewModel::flushConsole()
     if (!m_consoleDirty)
         return;
     m_consoleDirty = false;
+    if (m_consoleLogs.size() > kMaxConsoleLines)
+        m_consoleLogs.remove(0, m_consoleLogs.size() - kMaxConsoleLines);
     Q_EMIT consoleLogsChanged();
+}
+
+void AppViewModel::setRunStatus(const QString &key, const FormatArgs &args)
+{
+    if (!m_deferRunStatus) {
+        setStatus(key, args);
+        return;
+    }
+    m_hasPendingStatus = true;
+    m_pendingStatusKey = key;
+    m_pendingStatusArgs = args;
+}
+
+void AppViewModel::flushRunOutput()
+{
+    flushConsole();
+    if (m_hasPendingStatus) {
+        m_hasPendingStatus = false;
+        setStatus(m_pendingStatusKey, m_pendingStatusArgs);
+    }
 }
 
 void AppViewModel::clearLogs()
@@ -129,6 +153,7 @@ void AppViewModel::startProcessing()
     }
 
     const quint64 generation = ++m_runGeneration;
+    m_hasPendingStatus = false;
     setIsRunning(true);
     setIsStopping(false);
     setStatus(u"status_scanning"_s);
@@ -173,7 +198,9 @@ void AppViewModel::startProcessing()
         if (!self)
             return;
         self->flushConsole();
+        self->m_deferRunStatus = true;
         self->handleBatchEvent(event);
+        self->m_deferRunStatus = false;
     };
     callbacks.onLogLine = [self](const QString &line) {
         if (self)
@@ -181,12 +208,12 @@ void AppViewModel::startProcessing()
     };
     callbacks.onOutputDelivered = [self] {
         if (self)
-            self->flushConsole();
+            self->flushRunOutput();
     };
     callbacks.onFinished = [self, generation](EngineExit exit) {
         if (!self)
             return;
-        self->flushConsole();
+        self->flushRunOutput();
         // An engine killed by the watchdog may be reaped after the user has
         // already started the next run: its end must not end that one.
         if (generation != self->m_runGeneration) {
@@ -239,13 +266,13 @@ void AppViewModel::handleBatchEvent(const BatchEvent &e)
         setScanSkipped(e.skipped.value_or(0));
         setScanPending(e.pending.value_or(0));
         setTotalPending(m_scanPending);
-        setStatus(u"status_scan_done"_s, {m_scanPending});
+        setRunStatus(u"status_scan_done"_s, {m_scanPending});
     } else if (e.type == u"item_start"_s) {
         setCurrentStem(e.stem.value_or(QString()));
         setCurrentIndex(e.index.value_or(0));
         setTotalPending(e.total.value_or(m_totalPending));
         updateFraction(double(m_currentIndex) - 1.0);
-        setStatus(u"status_processing_item"_s, {m_currentIndex, m_totalPending, m_currentStem});
+        setRunStatus(u"status_processing_item"_s, {m_currentIndex, m_totalPending, m_currentStem});
     } else if (e.type == u"item_done"_s) {
         setCurrentIndex(e.index.value_or(m_currentIndex));
         setTotalPending(e.total.value_or(m_totalPending));
@@ -256,14 +283,14 @@ void AppViewModel::handleBatchEvent(const BatchEvent &e)
         setCurrentDuration(e.duration.value_or(0.0));
         m_currentRunSuccessCount = incremented(m_currentRunSuccessCount);
         updateFraction(double(m_currentIndex));
-        setStatus(u"status_item_completed"_s,
+        setRunStatus(u"status_item_completed"_s,
                   {m_currentIndex, m_totalPending, m_currentStem, m_currentPeakStops});
         refreshHistory();
     } else if (e.type == u"item_failed"_s) {
         // The position shown is the one the preceding "item_start" set.
         setCurrentStem(e.stem.value_or(m_currentStem));
         m_currentRunFailedCount = incremented(m_currentRunFailedCount);
-        setStatus(u"status_item_failed"_s, {m_currentIndex, m_totalPending, m_currentStem});
+        setRunStatus(u"status_item_failed"_s, {m_currentIndex, m_totalPending, m_currentStem});
         updateFraction(double(m_currentIndex));
         refreshHistory();
     } else if (e.type == u"batch_done"_s) {
@@ -274,9 +301,9 @@ void AppViewModel::handleBatchEvent(const BatchEvent &e)
         m_currentRunFailedCount = failed;
         const qint64 skipped = e.skipped.value_or(m_scanSkipped);
         if (success == 0 && failed == 0 && skipped >= 1)
-            setStatus(u"status_all_up_to_date"_s, {skipped});
+            setRunStatus(u"status_all_up_to_date"_s, {skipped});
         else
-            setStatus(u"status_batch_completed"_s, {success, failed});
+            setRunStatus(u"status_batch_completed"_s, {success, failed});
         dock.finishWithBadge(success);
         // The duration announced is the last item's, as the engine reports it.
         NotificationManager::shared().sendBatchCompletion(success, failed, m_currentDuration,

@@ -19,12 +19,11 @@ constexpr std::array<QByteArrayView, 3> kPrefixes = {
     QByteArrayView("ORVANTA_EVENT: "), QByteArrayView("DRAVIK_EVENT: "),
     QByteArrayView("TARNE_EVENT: ")};
 
-// Reads one optional member. Returns false when the member is present but
-// of the wrong kind, which rejects the record.
-bool readInteger(const QJsonObject &o, QLatin1StringView key, std::optional<qint64> &out)
+// Member readers. Each returns false when the value is of the wrong kind,
+// which rejects the whole record; null leaves the member absent.
+bool readInteger(const QJsonValue &v, std::optional<qint64> &out)
 {
-    const QJsonValue v = o.value(key);
-    if (v.isUndefined() || v.isNull())
+    if (v.isNull())
         return true;
     if (!v.isDouble())
         return false;
@@ -38,10 +37,9 @@ bool readInteger(const QJsonObject &o, QLatin1StringView key, std::optional<qint
     return true;
 }
 
-bool readReal(const QJsonObject &o, QLatin1StringView key, std::optional<double> &out)
+bool readReal(const QJsonValue &v, std::optional<double> &out)
 {
-    const QJsonValue v = o.value(key);
-    if (v.isUndefined() || v.isNull())
+    if (v.isNull())
         return true;
     if (!v.isDouble())
         return false;
@@ -49,15 +47,53 @@ bool readReal(const QJsonObject &o, QLatin1StringView key, std::optional<double>
     return true;
 }
 
-bool readText(const QJsonObject &o, QLatin1StringView key, std::optional<QString> &out)
+bool readText(const QJsonValue &v, std::optional<QString> &out)
 {
-    const QJsonValue v = o.value(key);
-    if (v.isUndefined() || v.isNull())
+    if (v.isNull())
         return true;
     if (!v.isString())
         return false;
     out = v.toString();
     return true;
+}
+
+// One pass over the members (records are small; looking each known name up
+// separately costs more than walking them once).
+bool readMember(BatchEvent &e, std::optional<QString> &type, QStringView key, const QJsonValue &v)
+{
+    if (key == u"type")
+        return readText(v, type);
+    if (key == u"stem")
+        return readText(v, e.stem);
+    if (key == u"index")
+        return readInteger(v, e.index);
+    if (key == u"total")
+        return readInteger(v, e.total);
+    if (key == u"peak_stops")
+        return readReal(v, e.peakStops);
+    if (key == u"duration")
+        return readReal(v, e.duration);
+    if (key == u"faces")
+        return readInteger(v, e.faces);
+    if (key == u"bayer_clip")
+        return readReal(v, e.bayerClip);
+    if (key == u"pairs")
+        return readInteger(v, e.pairs);
+    if (key == u"orphans")
+        return readInteger(v, e.orphans);
+    if (key == u"skipped")
+        return readInteger(v, e.skipped);
+    if (key == u"pending")
+        return readInteger(v, e.pending);
+    if (key == u"status")
+        return readText(v, e.status);
+    if (key == u"error")
+        return readText(v, e.error);
+    if (key == u"success")
+        return readInteger(v, e.success);
+    if (key == u"failed")
+        return readInteger(v, e.failed);
+    return true; // members we do not know are ignored
 }
 
 } // namespace
@@ -82,20 +118,13 @@ std::optional<BatchEvent> decodeBatchEvent(QByteArrayView payload)
 
     BatchEvent e;
     std::optional<QString> type;
-    if (!readText(o, "type"_L1, type) || !type)
+    for (auto it = o.constBegin(); it != o.constEnd(); ++it) {
+        if (!readMember(e, type, it.key(), it.value()))
+            return std::nullopt;
+    }
+    if (!type)
         return std::nullopt;
     e.type = *type;
-
-    const bool ok = readInteger(o, "pairs"_L1, e.pairs) && readInteger(o, "orphans"_L1, e.orphans)
-        && readInteger(o, "skipped"_L1, e.skipped) && readInteger(o, "pending"_L1, e.pending)
-        && readText(o, "stem"_L1, e.stem) && readInteger(o, "index"_L1, e.index)
-        && readInteger(o, "total"_L1, e.total) && readInteger(o, "faces"_L1, e.faces)
-        && readReal(o, "peak_stops"_L1, e.peakStops) && readReal(o, "bayer_clip"_L1, e.bayerClip)
-        && readReal(o, "duration"_L1, e.duration) && readText(o, "status"_L1, e.status)
-        && readText(o, "error"_L1, e.error) && readInteger(o, "success"_L1, e.success)
-        && readInteger(o, "failed"_L1, e.failed);
-    if (!ok)
-        return std::nullopt;
     return e;
 }
 
