@@ -513,6 +513,14 @@ private:
 
     // History subsystem.
     std::unique_ptr<HistoryService> m_historyService;
+    // At most one refresh runs at a time; requests made meanwhile collapse
+    // into one more run with the newest search, filter and sort.
+    void startHistoryRefresh();
+    bool m_historyRefreshRunning = false;
+    bool m_historyRefreshPending = false;
+    // Bumped whenever a refresh replaces the list, so that a next page read
+    // for the old list is not appended to the new one.
+    quint64 m_historyListGeneration = 0;
 };
 
 } // namespace orvanta

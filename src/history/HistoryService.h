@@ -1,13 +1,51 @@
-// Read access to the engine's state database. Each call opens and closes its
-// own connection; safe to call from worker threads.
+// Read access to the engine's state database (and row deletion). Each call
+// opens and closes its own connection, so a copy of the service may be used
+// from any thread; calls block while the engine holds a write lock.
 #pragma once
+
+#include "history/HistoryTypes.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
 
 namespace orvanta {
 
 class HistoryService
 {
 public:
+    // Where the engine keeps its database: the user data folder (by default
+    // ~/.local/share/Orvanta/pipeline_state.db). When only a folder of an
+    // earlier product name holds one, it is copied over first. The result is
+    // the current path whether or not a database exists there.
+    static QString defaultDbPath();
+
     HistoryService();
+    explicit HistoryService(QString dbPath);
+
+    const QString &dbPath() const { return m_dbPath; }
+
+    // One page of rows matching the stem search and status text, sorted by
+    // the column behind `sortField` with missing values last either way.
+    // An unreadable database gives an empty page.
+    QList<PhotoRecord> fetchRecords(int limit = 80, int offset = 0,
+                                    const std::optional<QString> &query = std::nullopt,
+                                    const std::optional<QString> &statusFilter = std::nullopt,
+                                    const QString &sortField = QStringLiteral("date"),
+                                    bool sortAscending = false) const;
+    // Number of rows matching the same search and status; 0 on failure.
+    qint64 fetchCount(const std::optional<QString> &query = std::nullopt,
+                      const std::optional<QString> &statusFilter = std::nullopt) const;
+    // Figures for the whole table, ignoring search and filter; defaults on failure.
+    DashboardStats fetchStats() const;
+    // Removes the rows (never any file on disk). Silently does nothing when
+    // the database cannot be opened for writing.
+    void deleteRecords(const QStringList &fingerprints) const;
+
+private:
+    QString m_dbPath;
 };
 
 } // namespace orvanta
