@@ -6,7 +6,7 @@ set -euo pipefail
 
 packages=(
   # toolchain
-  build-essential cmake ninja-build pkg-config clang-format clang libclang-rt-14-dev
+  build-essential cmake ninja-build pkg-config ccache clang-format clang libclang-rt-14-dev
   # Qt 6.4
   qt6-base-dev qt6-base-dev-tools libqt6opengl6-dev qt6-svg-dev qt6-l10n-tools
   qt6-image-formats-plugins libqt6svg6 qt6-qpa-plugins
