@@ -42,6 +42,7 @@ GainMapApplier::GainMapApplier(int baseWidth, int baseHeight, const GainMapMetad
             m_gain[c * kLutSize + q] = float(std::exp2(std::clamp(logBoost * weight, -24.0, 24.0)));
         }
     }
+    m_sharedGain = metadata->channelCount == 1;
     m_x0.resize(baseWidth);
     m_x1.resize(baseWidth);
     m_fx.resize(baseWidth);
@@ -87,6 +88,19 @@ void GainMapApplier::convertRow(const std::uint8_t *rgb, int y, float *out, floa
     constexpr float toIndex = float(kLutSize - 1) / 255.0f;
     const int comps = m_map->components;
     const float *lut[3] = { m_gain.data(), m_gain.data() + kLutSize, m_gain.data() + 2 * kLutSize };
+    if (comps == 1 && m_sharedGain) { // one gain for all three channels: look it up once
+        for (int x = 0; x < m_width; ++x) {
+            const float f = m_fx[x];
+            const float v = scratch[m_x0[x]] + (scratch[m_x1[x]] - scratch[m_x0[x]]) * f;
+            const float gain = lut[0][int(v * toIndex + 0.5f)];
+            for (int c = 0; c < 3; ++c) {
+                const float hdr = (m_linear[rgb[3 * x + c]] + m_offsetSdr[c]) * gain - m_offsetHdr[c];
+                out[4 * x + c] = std::min(std::max(hdr, 0.0f), kHalfMax);
+            }
+            out[4 * x + 3] = 1.0f;
+        }
+        return;
+    }
     for (int x = 0; x < m_width; ++x) {
         const int i0 = m_x0[x] * comps, i1 = m_x1[x] * comps;
         const float f = m_fx[x];
@@ -95,7 +109,7 @@ void GainMapApplier::convertRow(const std::uint8_t *rgb, int y, float *out, floa
             const float v = scratch[i0 + k] + (scratch[i1 + k] - scratch[i0 + k]) * f;
             const float gain = lut[c][int(v * toIndex + 0.5f)];
             const float hdr = (m_linear[rgb[3 * x + c]] + m_offsetSdr[c]) * gain - m_offsetHdr[c];
-            out[4 * x + c] = std::clamp(hdr, 0.0f, kHalfMax);
+            out[4 * x + c] = std::min(std::max(hdr, 0.0f), kHalfMax);
         }
         out[4 * x + 3] = 1.0f;
     }

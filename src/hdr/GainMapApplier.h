@@ -39,6 +39,7 @@ private:
     int m_width = 0;
     int m_height = 0;
     const GainMapPlane *m_map = nullptr;
+    bool m_sharedGain = false; // one set of values for all channels
     std::array<float, 256> m_linear {};
     std::vector<float> m_gain; // 3 × kLutSize factors, by map value
     std::array<float, 3> m_offsetSdr {};

@@ -1,11 +1,11 @@
 #include "UltraHdrDecoder.h"
 
 #include "GainMapApplier.h"
+#include "HalfFloat.h"
 #include "JpegCodec.h"
 
 #include <QFile>
 #include <QThread>
-#include <QtCore/qfloat16.h>
 
 #include <cmath>
 #include <condition_variable>
@@ -88,6 +88,16 @@ public:
         { std::lock_guard lock(m_mutex); m_finished = true; }
         m_changed.notify_all();
     }
+    // A band waiting to be converted if more than `backlog` are, without blocking.
+    Band *takeReadyIfBacklog(size_t backlog)
+    {
+        std::lock_guard lock(m_mutex);
+        if (m_ready.size() <= backlog)
+            return nullptr;
+        Band *band = m_ready.front();
+        m_ready.pop_front();
+        return band;
+    }
     // Next band to convert; nullptr once decoding has finished and all are taken.
     Band *takeReady()
     {
@@ -111,7 +121,8 @@ private:
 struct RowWriter
 {
     const GainMapApplier &applier;
-    QImage &image;
+    uchar *bits;        // the output's pixels, taken once before any thread starts
+    qsizetype pitch;    // output row length in pixels (8 bytes each)
     int orientation;
     int srcW, srcH;
 
@@ -119,18 +130,17 @@ struct RowWriter
     {
         std::vector<float> linear(size_t(srcW) * 4);
         std::vector<float> scratch(size_t(applier.scratchSize()));
-        std::vector<qfloat16> half(size_t(srcW) * 4);
-        auto *base = reinterpret_cast<quint64 *>(image.bits()); // one RGBA half pixel = 8 bytes
-        const qsizetype pitch = image.bytesPerLine() / 8;
+        std::vector<quint16> half(size_t(srcW) * 4);
+        auto *base = reinterpret_cast<quint64 *>(bits); // one RGBA half pixel = 8 bytes
         for (int r = 0; r < band.rows; ++r) {
             const int y = band.y0 + r;
             applier.convertRow(band.rgb.data() + size_t(r) * srcW * 3, y, linear.data(), scratch.data());
             const OrientedRow row = orientedRow(orientation, y, srcW, srcH, pitch);
             if (row.step == 1) {
-                qFloatToFloat16(reinterpret_cast<qfloat16 *>(base + row.origin), linear.data(), srcW * 4);
+                floatsToHalves(reinterpret_cast<quint16 *>(base + row.origin), linear.data(), srcW * 4);
                 continue;
             }
-            qFloatToFloat16(half.data(), linear.data(), srcW * 4);
+            floatsToHalves(half.data(), linear.data(), srcW * 4);
             const auto *pixels = reinterpret_cast<const quint64 *>(half.data());
             quint64 *dst = base + row.origin;
             for (int x = 0; x < srcW; ++x, dst += row.step)
@@ -193,8 +203,14 @@ QString decodePrimary(JpegDecoder &decoder, const RowWriter &writer, int threads
         if (helpers.empty()) {
             writer.convertBand(*band);
             queue.giveFree(band);
-        } else {
-            queue.push(band);
+            continue;
+        }
+        queue.push(band);
+        // When converting is the slower half, the decoding thread takes a
+        // share of it instead of waiting for a free band.
+        if (Band *waiting = queue.takeReadyIfBacklog(size_t(helpers.size()))) {
+            writer.convertBand(*waiting);
+            queue.giveFree(waiting);
         }
     }
     queue.finish();
@@ -254,7 +270,7 @@ UltraHdrDecodeResult decodeUltraHdr(QByteArrayView data, const UltraHdrDecodeOpt
     const bool applyMap = result.weight > 0.0;
     const GainMapApplier applier(srcW, srcH, applyMap ? &*layout.metadata : nullptr, result.weight,
                                  applyMap ? &map : nullptr);
-    const RowWriter writer { applier, image, layout.orientation, srcW, srcH };
+    const RowWriter writer { applier, image.bits(), image.bytesPerLine() / 8, layout.orientation, srcW, srcH };
     const int threads = options.threads > 0 ? options.threads : std::max(1, QThread::idealThreadCount());
     const QString error = decodePrimary(decoder, writer, std::min(threads, 8));
     if (!error.isEmpty()) {
