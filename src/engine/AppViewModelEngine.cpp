@@ -2,7 +2,6 @@
 // console, end of run, stop) and the environment, storage and memory probes.
 // Main thread only.
 #include "core/AppViewModel.h"
-
 #include "engine/BatchEvent.h"
 #include "engine/DockProgressManager.h"
 #include "engine/EngineService.h"
@@ -48,7 +47,8 @@ void AppViewModel::setUpEngine()
     m_batchTimer->setInterval(kElapsedTickMs);
     connect(m_batchTimer, &QTimer::timeout, this,
             [this] { setBatchElapsedSeconds(incremented(m_batchElapsedSeconds)); });
-    updateMemoryProbe();
+    // Memory is measured when the settings window shows its probe, not at
+    // start-up: until then the published figure is the documented default.
 }
 
 // ---- Probes ----
@@ -147,8 +147,8 @@ void AppViewModel::startProcessing()
     checkEnvironment(); // shown in the footer; missing tools do not block a run
 
     if (!m_isVolumeSafe) {
-        setStatus(u"status_abnormal"_s, {1});
-        appendLog(u"❌ "_s + t("log_volume_insufficient", {m_volumeName}));
+        setStatus(u"status_abnormal"_s, { 1 });
+        appendLog(u"❌ "_s + t("log_volume_insufficient", { m_volumeName }));
         return;
     }
 
@@ -266,13 +266,14 @@ void AppViewModel::handleBatchEvent(const BatchEvent &e)
         setScanSkipped(e.skipped.value_or(0));
         setScanPending(e.pending.value_or(0));
         setTotalPending(m_scanPending);
-        setRunStatus(u"status_scan_done"_s, {m_scanPending});
+        setRunStatus(u"status_scan_done"_s, { m_scanPending });
     } else if (e.type == u"item_start"_s) {
         setCurrentStem(e.stem.value_or(QString()));
         setCurrentIndex(e.index.value_or(0));
         setTotalPending(e.total.value_or(m_totalPending));
         updateFraction(double(m_currentIndex) - 1.0);
-        setRunStatus(u"status_processing_item"_s, {m_currentIndex, m_totalPending, m_currentStem});
+        setRunStatus(u"status_processing_item"_s,
+                     { m_currentIndex, m_totalPending, m_currentStem });
     } else if (e.type == u"item_done"_s) {
         setCurrentIndex(e.index.value_or(m_currentIndex));
         setTotalPending(e.total.value_or(m_totalPending));
@@ -284,13 +285,13 @@ void AppViewModel::handleBatchEvent(const BatchEvent &e)
         m_currentRunSuccessCount = incremented(m_currentRunSuccessCount);
         updateFraction(double(m_currentIndex));
         setRunStatus(u"status_item_completed"_s,
-                  {m_currentIndex, m_totalPending, m_currentStem, m_currentPeakStops});
+                     { m_currentIndex, m_totalPending, m_currentStem, m_currentPeakStops });
         refreshHistory();
     } else if (e.type == u"item_failed"_s) {
         // The position shown is the one the preceding "item_start" set.
         setCurrentStem(e.stem.value_or(m_currentStem));
         m_currentRunFailedCount = incremented(m_currentRunFailedCount);
-        setRunStatus(u"status_item_failed"_s, {m_currentIndex, m_totalPending, m_currentStem});
+        setRunStatus(u"status_item_failed"_s, { m_currentIndex, m_totalPending, m_currentStem });
         updateFraction(double(m_currentIndex));
         refreshHistory();
     } else if (e.type == u"batch_done"_s) {
@@ -301,9 +302,9 @@ void AppViewModel::handleBatchEvent(const BatchEvent &e)
         m_currentRunFailedCount = failed;
         const qint64 skipped = e.skipped.value_or(m_scanSkipped);
         if (success == 0 && failed == 0 && skipped >= 1)
-            setRunStatus(u"status_all_up_to_date"_s, {skipped});
+            setRunStatus(u"status_all_up_to_date"_s, { skipped });
         else
-            setRunStatus(u"status_batch_completed"_s, {success, failed});
+            setRunStatus(u"status_batch_completed"_s, { success, failed });
         dock.finishWithBadge(success);
         // The duration announced is the last item's, as the engine reports it.
         NotificationManager::shared().sendBatchCompletion(success, failed, m_currentDuration,
@@ -326,7 +327,7 @@ void AppViewModel::finishRun(int status, bool crashed)
     DockProgressManager::shared().clearProgress();
 
     if (m_dryRunMode) {
-        setStatus(u"status_dryrun_completed"_s, {m_scanPairs, m_totalPending, m_scanSkipped});
+        setStatus(u"status_dryrun_completed"_s, { m_scanPairs, m_totalPending, m_scanSkipped });
         appendLog(u"🔎 Dry-run completed: Scanned "_s + QString::number(m_scanPairs)
                   + u", Pending "_s + QString::number(m_totalPending) + u", Skipped "_s
                   + QString::number(m_scanSkipped) + u"."_s);
@@ -334,19 +335,18 @@ void AppViewModel::finishRun(int status, bool crashed)
         setStatus(u"status_cancelled"_s);
         appendLog(u"⚠️ Pipeline cancelled by user. In-flight tasks saved safely."_s);
     } else if (status != 0 || crashed) {
-        setStatus(u"status_abnormal"_s, {status});
+        setStatus(u"status_abnormal"_s, { status });
         QString line = u"❌ Pipeline exited with code "_s + QString::number(status);
         if (crashed)
             line += u" (killed by signal "_s + signalName(status) + u")"_s;
         appendLog(line);
-    } else if (m_currentRunSuccessCount == 0 && m_currentRunFailedCount == 0
-               && m_scanSkipped > 0) {
-        setStatus(u"status_all_up_to_date"_s, {m_scanSkipped});
+    } else if (m_currentRunSuccessCount == 0 && m_currentRunFailedCount == 0 && m_scanSkipped > 0) {
+        setStatus(u"status_all_up_to_date"_s, { m_scanSkipped });
         appendLog(u"🎉 All scanned files are already up-to-date (skipped "_s
                   + QString::number(m_scanSkipped) + u")."_s);
     } else {
         setStatus(u"status_batch_completed"_s,
-                  {m_currentRunSuccessCount, m_currentRunFailedCount});
+                  { m_currentRunSuccessCount, m_currentRunFailedCount });
         appendLog(u"✅ Pipeline execution completed successfully."_s);
     }
     refreshHistory();

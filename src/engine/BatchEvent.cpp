@@ -15,9 +15,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Newest first; the older two are still written by earlier engine builds.
-constexpr std::array<QByteArrayView, 3> kPrefixes = {
-    QByteArrayView("ORVANTA_EVENT: "), QByteArrayView("DRAVIK_EVENT: "),
-    QByteArrayView("TARNE_EVENT: ")};
+constexpr std::array<QByteArrayView, 3> kPrefixes
+    = { QByteArrayView("ORVANTA_EVENT: "), QByteArrayView("DRAVIK_EVENT: "),
+        QByteArrayView("TARNE_EVENT: ") };
 
 // Member readers. Each returns false when the value is of the wrong kind,
 // which rejects the whole record; null leaves the member absent.
@@ -110,8 +110,8 @@ std::optional<QByteArrayView> batchEventPayload(QByteArrayView line)
 std::optional<BatchEvent> decodeBatchEvent(QByteArrayView payload)
 {
     QJsonParseError error;
-    const QJsonDocument document =
-        QJsonDocument::fromJson(QByteArray::fromRawData(payload.data(), payload.size()), &error);
+    const QJsonDocument document
+        = QJsonDocument::fromJson(QByteArray::fromRawData(payload.data(), payload.size()), &error);
     if (error.error != QJsonParseError::NoError || !document.isObject())
         return std::nullopt;
     const QJsonObject o = document.object();

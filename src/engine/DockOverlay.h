@@ -13,7 +13,7 @@ namespace orvanta {
 struct DockOverlayGeometry
 {
     bool visible = false; // only for 0 < progress < 1
-    QRectF track;         // in image coordinates (origin top left)
+    QRectF track; // in image coordinates (origin top left)
     QRectF fill;
     qreal radius = 5.5;
 };

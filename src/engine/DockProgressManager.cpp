@@ -28,8 +28,8 @@ DockProgressManager &DockProgressManager::shared()
 {
     static QPointer<DockProgressManager> instance;
     if (!instance)
-        instance = new DockProgressManager(QDBusConnection::sessionBus(),
-                                           QCoreApplication::instance());
+        instance
+            = new DockProgressManager(QDBusConnection::sessionBus(), QCoreApplication::instance());
     return *instance;
 }
 
@@ -106,8 +106,8 @@ void DockProgressManager::applyProgress(double fraction)
     if (app && !m_savedIcon)
         m_savedIcon = QGuiApplication::windowIcon();
     const QIcon base = m_savedIcon.value_or(QIcon());
-    const QColor accent = app ? QGuiApplication::palette().color(QPalette::Highlight)
-                              : QColor(0x0a, 0x84, 0xff);
+    const QColor accent
+        = app ? QGuiApplication::palette().color(QPalette::Highlight) : QColor(0x0a, 0x84, 0xff);
     const QImage baseImage = app && !base.isNull() ? base.pixmap(kOverlaySize).toImage() : QImage();
     m_overlayImage = renderDockOverlay(baseImage, fraction, accent, kOverlaySize);
     setWindowIcon(m_overlayImage);

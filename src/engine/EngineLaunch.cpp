@@ -12,8 +12,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kPathPrefix = u"/opt/homebrew/bin:/usr/local/bin:/opt/homebrew/sbin:"_s;
-const QString kDefaultPath =
-    u"/opt/homebrew/bin:/usr/local/bin:/opt/homebrew/sbin:/usr/bin:/bin:/usr/sbin:/sbin"_s;
+const QString kDefaultPath
+    = u"/opt/homebrew/bin:/usr/local/bin:/opt/homebrew/sbin:/usr/bin:/bin:/usr/sbin:/sbin"_s;
 
 bool isHorizontalSpace(QChar c)
 {
@@ -51,8 +51,8 @@ QString trimmedHorizontal(const QString &text)
 
 QStringList engineArguments(const EngineRunOptions &o)
 {
-    QStringList args{u"run"_s,          u"-s"_s,           o.sourceDir, u"-d"_s, o.destDir,
-                     u"--profile-id"_s, rawValue(o.profile), u"--json-stream"_s};
+    QStringList args { u"run"_s,  u"-s"_s,           o.sourceDir,         u"-d"_s,
+                       o.destDir, u"--profile-id"_s, rawValue(o.profile), u"--json-stream"_s };
     // The tuning values belong to the custom style only; other styles carry
     // their own and ignore any that are given.
     if (o.profile == StyleProfile::Custom) {
@@ -116,27 +116,27 @@ QStringList engineCandidates(const EngineLocatorContext &c)
     QStringList out;
     // One override only: the first variable that is set wins, even when
     // what it names is unusable.
-    for (const QString &name : {u"ORVANTA_BIN"_s, u"DRAVIK_BIN"_s, u"TARNE_BIN"_s}) {
+    for (const QString &name : { u"ORVANTA_BIN"_s, u"DRAVIK_BIN"_s, u"TARNE_BIN"_s }) {
         if (const auto value = c.environment(name)) {
             out << *value;
             break;
         }
     }
     const QString appDir = QDir::cleanPath(c.applicationDir);
-    for (const char *name : {"orvanta_engine", "dravik_engine", "tarne_engine"})
+    for (const char *name : { "orvanta_engine", "dravik_engine", "tarne_engine" })
         out << appDir + u'/' + QLatin1StringView(name);
     const QString resources = resourcesDirFor(appDir);
-    for (const char *name : {"orvanta_engine", "pemvira_engine", "dravik_engine", "tarne_engine"})
+    for (const char *name : { "orvanta_engine", "pemvira_engine", "dravik_engine", "tarne_engine" })
         out << resources + u'/' + QLatin1StringView(name);
 
     const QString outer = QDir::cleanPath(appDir + u"/.."_s);
     const QString outerParent = QDir::cleanPath(outer + u"/.."_s);
-    for (const char *name : {"orvanta_engine", "dravik_engine", "tarne_engine", "orvanta", "dravik",
-                             "tarne"})
+    for (const char *name :
+         { "orvanta_engine", "dravik_engine", "tarne_engine", "orvanta", "dravik", "tarne" })
         out << QDir::cleanPath(outer + u"/bin/"_s + QLatin1StringView(name));
-    for (const char *name : {"orvanta", "dravik", "tarne"})
+    for (const char *name : { "orvanta", "dravik", "tarne" })
         out << QDir::cleanPath(outerParent + u"/bin/"_s + QLatin1StringView(name));
-    for (const char *name : {"orvanta", "dravik", "tarne"})
+    for (const char *name : { "orvanta", "dravik", "tarne" })
         out << c.homeDir + u"/Desktop/hdr_workflow/bin/"_s + QLatin1StringView(name);
     out << c.homeDir + u"/.local/bin/orvanta"_s << u"/usr/local/bin/orvanta"_s
         << u"/opt/homebrew/bin/orvanta"_s;
@@ -169,7 +169,7 @@ QProcessEnvironment engineEnvironment(QProcessEnvironment env, const QString &re
     env.insert(u"PATH"_s, env.contains(u"PATH"_s) ? kPathPrefix + path : kDefaultPath);
     if (!resourcesDir.isEmpty()) {
         for (const QString &name :
-             {u"ORVANTA_RESOURCES_DIR"_s, u"DRAVIK_RESOURCES_DIR"_s, u"TARNE_RESOURCES_DIR"_s})
+             { u"ORVANTA_RESOURCES_DIR"_s, u"DRAVIK_RESOURCES_DIR"_s, u"TARNE_RESOURCES_DIR"_s })
             env.insert(name, resourcesDir);
     }
     return env;

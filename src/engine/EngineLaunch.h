@@ -51,7 +51,7 @@ struct EngineLocatorContext
     std::function<std::optional<QString>(const QString &name)> environment;
     std::function<bool(const QString &path)> isExecutableFile;
     std::function<QString(const QString &name)> findOnPath; // empty when not found
-    QString applicationDir;  // the folder of our own executable
+    QString applicationDir; // the folder of our own executable
     QString applicationFile; // our own executable: never taken for the engine
     QString homeDir;
 

@@ -102,9 +102,9 @@ void EngineService::startRun(const EngineRunOptions &options, EngineCallbacks ca
     const QString resources = resourcesDirFor(QCoreApplication::applicationDirPath());
     process->setProgram(m_binPath);
     process->setArguments(engineArguments(options));
-    process->setProcessEnvironment(engineEnvironment(
-        QProcessEnvironment::systemEnvironment(),
-        QFileInfo(resources).isDir() ? resources : QString()));
+    process->setProcessEnvironment(
+        engineEnvironment(QProcessEnvironment::systemEnvironment(),
+                          QFileInfo(resources).isDir() ? resources : QString()));
     process->setProcessChannelMode(QProcess::MergedChannels);
     process->setStandardInputFile(QProcess::nullDevice());
     // Its own process group: Ctrl+C in the terminal that started us does
@@ -112,10 +112,9 @@ void EngineService::startRun(const EngineRunOptions &options, EngineCallbacks ca
     process->setChildProcessModifier([] { ::setpgid(0, 0); });
 
     connect(process, &QProcess::readyReadStandardOutput, this, [this, run] { onReadyRead(run); });
-    connect(process, &QProcess::finished, this,
-            [this, run](int code, QProcess::ExitStatus status) {
-                onProcessFinished(run, code, status);
-            });
+    connect(process, &QProcess::finished, this, [this, run](int code, QProcess::ExitStatus status) {
+        onProcessFinished(run, code, status);
+    });
     connect(process, &QProcess::errorOccurred, this, [this, run](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)
             launchFailed(run, run->process->errorString());
@@ -134,7 +133,7 @@ void EngineService::launchFailed(Run *run, const QString &reason)
     if (callbacks.onLogLine)
         callbacks.onLogLine(u"❌ "_s + t("log_engine_start_failed") + u": "_s + reason);
     if (callbacks.onFinished)
-        callbacks.onFinished({1, false});
+        callbacks.onFinished({ 1, false });
 }
 
 void EngineService::onReadyRead(Run *run)
@@ -159,7 +158,7 @@ void EngineService::onProcessFinished(Run *run, int exitCode, QProcess::ExitStat
     }
     // For a run ended by a signal, QProcess gives the signal's number as the
     // exit code; it is passed on as the status, marked as such.
-    const EngineExit exit{exitCode, status == QProcess::CrashExit};
+    const EngineExit exit { exitCode, status == QProcess::CrashExit };
     const auto onFinished = run->callbacks.onFinished;
     detach(run);
     if (onFinished)

@@ -82,8 +82,8 @@ private:
     std::vector<std::unique_ptr<Run>> m_runs;
     Run *m_current = nullptr;
     quint64 m_runCounter = 0;
-    std::chrono::milliseconds m_toTerminate{2000};
-    std::chrono::milliseconds m_toKill{1000};
+    std::chrono::milliseconds m_toTerminate { 2000 };
+    std::chrono::milliseconds m_toKill { 1000 };
 };
 
 } // namespace orvanta

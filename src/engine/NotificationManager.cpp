@@ -19,8 +19,8 @@ NotificationManager &NotificationManager::shared()
 {
     static QPointer<NotificationManager> instance;
     if (!instance)
-        instance = new NotificationManager(QDBusConnection::sessionBus(),
-                                           QCoreApplication::instance());
+        instance
+            = new NotificationManager(QDBusConnection::sessionBus(), QCoreApplication::instance());
     return *instance;
 }
 
@@ -51,12 +51,12 @@ DesktopNotification NotificationManager::batchCompletion(qint64 successCount, qi
     n.appName = u"Orvanta"_s;
     n.appIcon = u"orvanta"_s;
     n.summary = t("notif_batch_completed_title");
-    n.body = failedCount != 0 ? t("notif_batch_failed_body", {successCount, failedCount})
-                              : t("notif_batch_success_body", {successCount, durationSec});
+    n.body = failedCount != 0 ? t("notif_batch_failed_body", { successCount, failedCount })
+                              : t("notif_batch_success_body", { successCount, durationSec });
     if (withFolder) {
         // "default" is a click on the notification itself.
         const QString label = t("notif_action_open_folder");
-        n.actions = {u"default"_s, label, QString::fromLatin1(openActionIdentifier), label};
+        n.actions = { u"default"_s, label, QString::fromLatin1(openActionIdentifier), label };
     }
     n.hints.insert(u"desktop-entry"_s, u"orvanta"_s);
     n.hints.insert(u"category"_s, u"transfer.complete"_s);
@@ -70,12 +70,11 @@ DesktopNotification NotificationManager::batchCompletion(qint64 successCount, qi
 
 void NotificationManager::sendBatchCompletion(qint64 successCount, qint64 failedCount,
                                               double durationSec,
-                                              const std::optional<QString> &destDir,
-                                              bool playSound)
+                                              const std::optional<QString> &destDir, bool playSound)
 {
     const QString folder = destDir.value_or(QString());
-    const DesktopNotification n =
-        batchCompletion(successCount, failedCount, durationSec, !folder.isEmpty(), playSound);
+    const DesktopNotification n
+        = batchCompletion(successCount, failedCount, durationSec, !folder.isEmpty(), playSound);
     m_notifications.notify(n, [this, folder](std::optional<uint> id) {
         if (!id) {
             Q_EMIT notificationFailed();

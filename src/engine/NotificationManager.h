@@ -33,8 +33,7 @@ public:
 
     // The notification as it is sent (title, body, actions, hints).
     static DesktopNotification batchCompletion(qint64 successCount, qint64 failedCount,
-                                               double durationSec, bool withFolder,
-                                               bool playSound);
+                                               double durationSec, bool withFolder, bool playSound);
 
 Q_SIGNALS:
     void capabilitiesReceived();

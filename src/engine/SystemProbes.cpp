@@ -48,7 +48,7 @@ std::optional<double> avg10Of(QByteArrayView line)
 VolumeIdentity volumeIdentityForPath(const QString &path)
 {
     const QStringList parts = path.split(u'/', Qt::SkipEmptyParts);
-    auto named = [](const QString &name) { return VolumeIdentity{name, true}; };
+    auto named = [](const QString &name) { return VolumeIdentity { name, true }; };
     if (path.startsWith(u'/') && !parts.isEmpty()) {
         const QString &top = parts.at(0);
         if ((top == u"Volumes"_s || top == u"mnt"_s) && parts.size() >= 2)
@@ -58,7 +58,7 @@ VolumeIdentity volumeIdentityForPath(const QString &path)
         if (top == u"run"_s && parts.size() >= 4 && parts.at(1) == u"media"_s)
             return named(parts.at(3));
     }
-    return {kLocalDiskName, false};
+    return { kLocalDiskName, false };
 }
 
 QString nearestExistingAncestor(const QString &path)
@@ -75,7 +75,9 @@ QString nearestExistingAncestor(const QString &path)
 
 double freeGibibytesAt(const QString &existingPath)
 {
-    struct statvfs info{};
+    struct statvfs info
+    {
+    };
     if (::statvfs(QFile::encodeName(existingPath).constData(), &info) != 0)
         return 0.0;
     const std::uint64_t bytes = std::uint64_t(info.f_bavail) * std::uint64_t(info.f_frsize);
@@ -107,13 +109,14 @@ ToolProbeContext ToolProbeContext::system()
         return info.isFile() && info.isExecutable();
     };
     c.findOnPath = [](const QString &name) { return QStandardPaths::findExecutable(name); };
-    c.resourcesDir = QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../share/orvanta"_s);
+    c.resourcesDir
+        = QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../share/orvanta"_s);
     return c;
 }
 
 QStringList toolCandidates(const QString &tool, const QString &resourcesDir)
 {
-    QStringList out{u"/opt/homebrew/bin/"_s + tool, u"/usr/local/bin/"_s + tool};
+    QStringList out { u"/opt/homebrew/bin/"_s + tool, u"/usr/local/bin/"_s + tool };
     if (tool == u"ultrahdr_app"_s)
         out << resourcesDir + u"/ultrahdr_app"_s << resourcesDir + u"/bin/ultrahdr_app"_s;
     else if (tool == u"exiftool"_s)
@@ -125,7 +128,7 @@ QStringList toolCandidates(const QString &tool, const QString &resourcesDir)
 QStringList missingTools(const ToolProbeContext &c)
 {
     QStringList missing;
-    for (const QString &tool : {u"ultrahdr_app"_s, u"exiftool"_s}) {
+    for (const QString &tool : { u"ultrahdr_app"_s, u"exiftool"_s }) {
         bool found = false;
         for (const QString &candidate : toolCandidates(tool, c.resourcesDir)) {
             if (c.isExecutableFile(candidate)) {

@@ -38,13 +38,12 @@ void DesktopNotifications::notify(const DesktopNotification &n,
     call << n.appName << uint(0) << n.appIcon << n.summary << n.body << n.actions << n.hints
          << qint32(n.timeoutMs);
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this,
-            [watcher, done = std::move(done)] {
-                watcher->deleteLater();
-                const QDBusPendingReply<uint> reply = *watcher;
-                if (done)
-                    done(reply.isError() ? std::nullopt : std::optional(reply.value()));
-            });
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, done = std::move(done)] {
+        watcher->deleteLater();
+        const QDBusPendingReply<uint> reply = *watcher;
+        if (done)
+            done(reply.isError() ? std::nullopt : std::optional(reply.value()));
+    });
 }
 
 void DesktopNotifications::queryCapabilities(std::function<void(const QStringList &)> done)
@@ -53,15 +52,14 @@ void DesktopNotifications::queryCapabilities(std::function<void(const QStringLis
         done({});
         return;
     }
-    const QDBusMessage call =
-        QDBusMessage::createMethodCall(kService, kPath, kInterface, u"GetCapabilities"_s);
+    const QDBusMessage call
+        = QDBusMessage::createMethodCall(kService, kPath, kInterface, u"GetCapabilities"_s);
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this,
-            [watcher, done = std::move(done)] {
-                watcher->deleteLater();
-                const QDBusPendingReply<QStringList> reply = *watcher;
-                done(reply.isError() ? QStringList() : reply.value());
-            });
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, done = std::move(done)] {
+        watcher->deleteLater();
+        const QDBusPendingReply<QStringList> reply = *watcher;
+        done(reply.isError() ? QStringList() : reply.value());
+    });
 }
 
 void DesktopNotifications::onActionInvoked(uint id, const QString &actionKey)

@@ -41,7 +41,7 @@ void FileManager::call(const QString &method, const QString &path, const QString
     QDBusMessage message = QDBusMessage::createMethodCall(
         u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
         u"org.freedesktop.FileManager1"_s, method);
-    message << QStringList{QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)} << QString();
+    message << QStringList { QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded) } << QString();
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, fallback] {
         watcher->deleteLater();

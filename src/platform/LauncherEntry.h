@@ -17,9 +17,9 @@ public:
 
     QString appUri() const { return m_appUri; }
 
-    void setProgress(double fraction);  // shows the bar
+    void setProgress(double fraction); // shows the bar
     void hideProgress();
-    void setCount(qint64 count);        // shows the badge
+    void setCount(qint64 count); // shows the badge
     void hideCount();
     void setUrgent(bool urgent);
 

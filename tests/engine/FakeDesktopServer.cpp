@@ -9,7 +9,7 @@ uint FakeNotificationServer::Notify(const QString &appName, uint, const QString 
                                     const QStringList &actions, const QVariantMap &hints, int)
 {
     const uint id = m_nextId++;
-    received.append({id, appName, appIcon, summary, body, actions, hints});
+    received.append({ id, appName, appIcon, summary, body, actions, hints });
     return id;
 }
 
@@ -28,8 +28,7 @@ FakeDesktop::FakeDesktop(bool withFileManager)
         m_connection.registerService(QStringLiteral("org.freedesktop.FileManager1"));
     }
     m_connection.connect(QString(), QString(), QStringLiteral("com.canonical.Unity.LauncherEntry"),
-                         QStringLiteral("Update"), &launcher,
-                         SLOT(update(QString, QVariantMap)));
+                         QStringLiteral("Update"), &launcher, SLOT(update(QString, QVariantMap)));
 }
 
 FakeDesktop::~FakeDesktop()

@@ -28,8 +28,8 @@ class FakeNotificationServer : public QObject
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
 public:
     QList<ReceivedNotification> received;
-    QStringList capabilities{QStringLiteral("actions"), QStringLiteral("body"),
-                             QStringLiteral("sound")};
+    QStringList capabilities { QStringLiteral("actions"), QStringLiteral("body"),
+                               QStringLiteral("sound") };
 
     void invokeAction(uint id, const QString &key) { Q_EMIT ActionInvoked(id, key); }
     void close(uint id) { Q_EMIT NotificationClosed(id, 2); }
@@ -60,7 +60,7 @@ public:
 public Q_SLOTS:
     void ShowFolders(const QStringList &uris, const QString &) { shownFolders << uris; }
     void ShowItems(const QStringList &uris, const QString &) { shownItems << uris; }
-    void ShowItemProperties(const QStringList &, const QString &) {}
+    void ShowItemProperties(const QStringList &, const QString &) { }
 };
 
 class LauncherListener : public QObject
@@ -72,7 +72,7 @@ public:
 public Q_SLOTS:
     void update(const QString &appUri, const QVariantMap &properties)
     {
-        updates.append({appUri, properties});
+        updates.append({ appUri, properties });
     }
 };
 

@@ -17,14 +17,13 @@
 //                     "item_start" and "item_done"
 //   exit CODE         crash SIGNAL (raise it with the default action)
 // TEXT understands \n, \t, \\ and \xHH.
-#include <sqlite3.h>
-
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <fstream>
+#include <sqlite3.h>
 #include <sstream>
 #include <string>
 #include <sys/stat.h>
@@ -86,7 +85,7 @@ void honourInterrupt()
 
 void sleepMs(long ms)
 {
-    timespec ts{ms / 1000, (ms % 1000) * 1000000L};
+    timespec ts { ms / 1000, (ms % 1000) * 1000000L };
     while (nanosleep(&ts, &ts) != 0) {
         honourInterrupt();
         if (g_interrupted && g_exitOnInterrupt)
@@ -188,7 +187,8 @@ int main(int argc, char **argv)
         honourInterrupt();
         const size_t space = line.find(' ');
         const std::string command = line.substr(0, space);
-        const std::string rest = space == std::string::npos ? std::string() : line.substr(space + 1);
+        const std::string rest
+            = space == std::string::npos ? std::string() : line.substr(space + 1);
         if (command == "print") {
             writeAll(1, unescape(rest) + "\n");
         } else if (command == "write") {

@@ -106,12 +106,13 @@ void TestBatchController::fullBatchDrivesProgressConsoleDockAndNotification()
         eventLine(R"({"type":"item_start","stem":"IMG_1","index":1,"total":3})"),
         u"db IMG_1 SUCCESS"_s,
         eventLine(R"({"type":"item_done","stem":"IMG_1","index":1,"total":3,"faces":2,)"
-              R"("peak_stops":2.5,"bayer_clip":0.5,"duration":1.5})"),
+                  R"("peak_stops":2.5,"bayer_clip":0.5,"duration":1.5})"),
         eventLine(R"({"type":"item_start","stem":"IMG_2","index":2})"),
         eventLine(R"({"type":"item_failed","stem":"IMG_2","error":"bad raw"})"),
         eventLine(R"({"type":"item_start","stem":"IMG_3","index":3})"),
         u"db IMG_3 SUCCESS"_s,
-        eventLine(R"({"type":"item_done","stem":"IMG_3","index":3,"peak_stops":1.25,"duration":2.25})"),
+        eventLine(
+            R"({"type":"item_done","stem":"IMG_3","index":3,"peak_stops":1.25,"duration":2.25})"),
         eventLine(R"({"type":"batch_done","success":2,"failed":1})"),
         u"print [engine] bye"_s,
     });
@@ -128,16 +129,17 @@ void TestBatchController::fullBatchDrivesProgressConsoleDockAndNotification()
     // The header, the engine's own lines, then the summary.
     const QStringList logs = m.consoleLogs();
     QCOMPARE(logs.first(7),
-             (QStringList{u"🚀 Starting Orvanta Ultra HDR pipeline..."_s,
-                          u"   Source: "_s + m.sourceDir(), u"   Destination: "_s + m.destDir(),
-                          u"   Style Preset: ["_s + displayName(m.selectedProfile()) + u"] • "_s
-                              + subtitle(m.selectedProfile()),
-                          u"   Star Filter: ≥ 3★ Only (3+ Stars) "_s,
-                          u"   Workers: 4 workers (Explicit Override) • Throttle: OFF"_s,
-                          u"   Target Volume: ["_s + m.volumeName() + u"] ("_s
-                              + QString::number(m.volumeFreeGB(), 'f', 1) + u" GB free)"_s}));
-    QCOMPARE(logs.sliced(7), (QStringList{u"[engine] starting"_s, u"[engine] bye"_s,
-                                          u"✅ Pipeline execution completed successfully."_s}));
+             (QStringList { u"🚀 Starting Orvanta Ultra HDR pipeline..."_s,
+                            u"   Source: "_s + m.sourceDir(), u"   Destination: "_s + m.destDir(),
+                            u"   Style Preset: ["_s + displayName(m.selectedProfile()) + u"] • "_s
+                                + subtitle(m.selectedProfile()),
+                            u"   Star Filter: ≥ 3★ Only (3+ Stars) "_s,
+                            u"   Workers: 4 workers (Explicit Override) • Throttle: OFF"_s,
+                            u"   Target Volume: ["_s + m.volumeName() + u"] ("_s
+                                + QString::number(m.volumeFreeGB(), 'f', 1) + u" GB free)"_s }));
+    QCOMPARE(logs.sliced(7),
+             (QStringList { u"[engine] starting"_s, u"[engine] bye"_s,
+                            u"✅ Pipeline execution completed successfully."_s }));
 
     // The settings reached the engine.
     const QStringList args = scenario.arguments();
@@ -241,18 +243,18 @@ void TestBatchController::exitStatusDecidesTheEnding_data()
     QTest::addColumn<bool>("dryRun");
     QTest::addColumn<QString>("status");
     QTest::addColumn<QString>("lastLine");
-    QTest::newRow("130 is a cancel") << QStringList{u"exit 130"_s} << false
-                                     << u"Cancelled by user"_s
-                                     << u"⚠️ Pipeline cancelled by user. In-flight tasks saved safely."_s;
+    QTest::newRow("130 is a cancel")
+        << QStringList { u"exit 130"_s } << false << u"Cancelled by user"_s
+        << u"⚠️ Pipeline cancelled by user. In-flight tasks saved safely."_s;
     QTest::newRow("other codes are abnormal")
-        << QStringList{u"exit 2"_s} << false << u"Terminated abnormally (Exit code 2)"_s
+        << QStringList { u"exit 2"_s } << false << u"Terminated abnormally (Exit code 2)"_s
         << u"❌ Pipeline exited with code 2"_s;
     QTest::newRow("a crash names its signal")
-        << QStringList{u"crash 6"_s} << false << u"Terminated abnormally (Exit code 6)"_s
+        << QStringList { u"crash 6"_s } << false << u"Terminated abnormally (Exit code 6)"_s
         << u"❌ Pipeline exited with code 6 (killed by signal SIGABRT)"_s;
     QTest::newRow("dry run ignores the status")
-        << QStringList{eventLine(R"({"type":"scan","pairs":5,"skipped":3,"pending":2})"),
-                       u"exit 2"_s}
+        << QStringList { eventLine(R"({"type":"scan","pairs":5,"skipped":3,"pending":2})"),
+                         u"exit 2"_s }
         << true << u"Dry-Run simulated: 5 total, 2 pending, 3 skipped"_s
         << u"🔎 Dry-run completed: Scanned 5, Pending 2, Skipped 3."_s;
 }
@@ -273,7 +275,8 @@ void TestBatchController::exitStatusDecidesTheEnding()
     QCOMPARE(m_model->consoleLogs().last(), lastLine);
     // No batch_done event: no badge, no notification. A round trip to the
     // server first, so a notification sent earlier would have arrived.
-    QSignalSpy roundTrip(&NotificationManager::shared(), &NotificationManager::capabilitiesReceived);
+    QSignalSpy roundTrip(&NotificationManager::shared(),
+                         &NotificationManager::capabilitiesReceived);
     NotificationManager::shared().requestAuthorization();
     QVERIFY(roundTrip.wait(5000));
     QVERIFY(m_desktop->notifications.received.isEmpty());
@@ -282,7 +285,7 @@ void TestBatchController::exitStatusDecidesTheEnding()
 
 void TestBatchController::stopWithACooperativeEngineCancels()
 {
-    EngineScenario scenario({u"on-sigint exit130"_s, u"print started"_s, u"wait-signal"_s});
+    EngineScenario scenario({ u"on-sigint exit130"_s, u"print started"_s, u"wait-signal"_s });
     AppViewModel &m = *m_model;
     m.startProcessing();
     QTRY_VERIFY(m.consoleLogs().contains(u"started"_s));
@@ -301,7 +304,7 @@ void TestBatchController::stopWithACooperativeEngineCancels()
 void TestBatchController::stopWatchdogForcesAStuckEngineDown()
 {
     EngineScenario scenario(
-        {u"on-sigint ignore"_s, u"on-sigterm ignore"_s, u"print started"_s, u"wait-signal"_s});
+        { u"on-sigint ignore"_s, u"on-sigterm ignore"_s, u"print started"_s, u"wait-signal"_s });
     AppViewModel &m = *m_model;
     // Slow the engine's own escalation down so the model's watchdog acts first.
     m.engineService()->setStopDelays(std::chrono::seconds(30), std::chrono::seconds(30));
@@ -309,12 +312,14 @@ void TestBatchController::stopWatchdogForcesAStuckEngineDown()
     QTRY_VERIFY(m.consoleLogs().contains(u"started"_s));
     m.stopProcessing();
     QTRY_VERIFY_WITH_TIMEOUT(
-        m.consoleLogs().contains(u"⚠️ Process shutdown timed out, force terminating engine..."_s),
+        m.consoleLogs().contains(
+            u"⚠️ Process shutdown timed out, force terminating engine..."_s),
         10000);
     QVERIFY(!m.isRunning());
     QVERIFY(!m.isStopping());
     // The killed engine is reaped afterwards and its end is reported too.
-    QTRY_COMPARE(m.consoleLogs().last(), u"❌ Pipeline exited with code 9 (killed by signal SIGKILL)"_s);
+    QTRY_COMPARE(m.consoleLogs().last(),
+                 u"❌ Pipeline exited with code 9 (killed by signal SIGKILL)"_s);
     QCOMPARE(m.statusMessage(), u"Terminated abnormally (Exit code 9)"_s);
 }
 
@@ -350,7 +355,7 @@ void TestBatchController::consoleKeepsExactlyTheNewestThousandLines()
     QVERIFY(m.consoleLogs().isEmpty());
 
     // The same through a chatty engine.
-    EngineScenario scenario({u"flood 5000 0"_s});
+    EngineScenario scenario({ u"flood 5000 0"_s });
     m.startProcessing();
     QTRY_VERIFY_WITH_TIMEOUT(!m.isRunning(), 20000);
     const QStringList logs = m.consoleLogs();
@@ -362,7 +367,7 @@ void TestBatchController::consoleKeepsExactlyTheNewestThousandLines()
 
 void TestBatchController::startWhileRunningDoesNothing()
 {
-    EngineScenario scenario({u"print started"_s, u"wait-signal"_s});
+    EngineScenario scenario({ u"print started"_s, u"wait-signal"_s });
     AppViewModel &m = *m_model;
     m.startProcessing();
     QTRY_VERIFY(m.consoleLogs().contains(u"started"_s));
@@ -376,7 +381,7 @@ void TestBatchController::startWhileRunningDoesNothing()
 
 void TestBatchController::elapsedSecondsCountWhileRunning()
 {
-    EngineScenario scenario({u"print started"_s, u"wait-signal"_s});
+    EngineScenario scenario({ u"print started"_s, u"wait-signal"_s });
     AppViewModel &m = *m_model;
     m.setBatchElapsedSeconds(42);
     m.startProcessing();
@@ -389,7 +394,7 @@ void TestBatchController::elapsedSecondsCountWhileRunning()
 void TestBatchController::modelGoneDuringARunLeavesNoEngineBehind()
 {
     EngineScenario scenario(
-        {u"on-sigint ignore"_s, u"on-sigterm ignore"_s, u"print started"_s, u"wait-signal"_s});
+        { u"on-sigint ignore"_s, u"on-sigterm ignore"_s, u"print started"_s, u"wait-signal"_s });
     m_model->startProcessing();
     QTRY_VERIFY(m_model->consoleLogs().contains(u"started"_s));
     m_model->stopProcessing();

@@ -69,8 +69,9 @@ void TestDesktopIntegration::notificationCarriesTitleBodyActionsAndHints()
     QCOMPARE(n.appName, u"Orvanta"_s);
     QCOMPARE(n.summary, u"Batch Processing Completed"_s);
     QCOMPARE(n.body, u"Successfully delivered 5 Ultra HDR photos in 1.0s."_s);
-    QCOMPARE(n.actions, (QStringList{u"default"_s, u"Show in File Manager"_s,
-                                     u"OPEN_DELIVERY_ACTION"_s, u"Show in File Manager"_s}));
+    QCOMPARE(n.actions,
+             (QStringList { u"default"_s, u"Show in File Manager"_s, u"OPEN_DELIVERY_ACTION"_s,
+                            u"Show in File Manager"_s }));
     QCOMPARE(n.hints.value(u"sound-name"_s).toString(), u"complete"_s);
     QCOMPARE(n.hints.value(u"desktop-entry"_s).toString(), u"orvanta"_s);
     QCOMPARE(n.hints.value(u"category"_s).toString(), u"transfer.complete"_s);
@@ -133,7 +134,7 @@ void TestDesktopIntegration::actionsOfOtherClientsAreIgnored()
     QTemporaryDir delivery;
     const uint id = postAndWait(nm, 1, 0, delivery.path());
     desktop.notifications.invokeAction(id + 1000, u"OPEN_DELIVERY_ACTION"_s); // someone else's
-    desktop.notifications.invokeAction(id, u"snooze"_s);                      // not our action
+    desktop.notifications.invokeAction(id, u"snooze"_s); // not our action
     desktop.notifications.invokeAction(id, u"OPEN_DELIVERY_ACTION"_s);
     QTRY_COMPARE(handled.size(), 1);
     // The server's signals arrive in order, and a round trip comes after
@@ -184,7 +185,7 @@ void TestDesktopIntegration::launcherShowsProgressOnlyInsideTheRun()
     QTRY_COMPARE(desktop.launcher.updates.size(), 1);
     QCOMPARE(desktop.launcher.updates.first().first, u"application://orvanta.desktop"_s);
     QCOMPARE(desktop.launcher.updates.first().second,
-             (QVariantMap{{u"progress-visible"_s, false}}));
+             (QVariantMap { { u"progress-visible"_s, false } }));
     QVERIFY(!dock.overlayProgress());
 
     dock.updateProgress(0.25);
@@ -232,7 +233,7 @@ void TestDesktopIntegration::badgeAndAttentionAtTheEnd()
     dock.clearBadge();
     QTRY_COMPARE(desktop.launcher.updates.size(), 2);
     QCOMPARE(desktop.launcher.updates.last().second,
-             (QVariantMap{{u"count-visible"_s, false}}));
+             (QVariantMap { { u"count-visible"_s, false } }));
     QVERIFY(!dock.badge());
 }
 
@@ -247,7 +248,7 @@ void TestDesktopIntegration::windowIconCarriesTheBarWhileRunning()
     dock.updateProgress(0.5);
     QVERIFY(changed.wait(5000));
     const QImage withBar = QGuiApplication::windowIcon().pixmap(128).toImage();
-    QCOMPARE(withBar.pixelColor(64, 40), QColor(Qt::white));       // the icon
+    QCOMPARE(withBar.pixelColor(64, 40), QColor(Qt::white)); // the icon
     QVERIFY(withBar.pixelColor(100, 112) != QColor(Qt::white)); // the track
     QCOMPARE(dock.overlayImage().size(), QSize(128, 128));
 
@@ -271,7 +272,7 @@ void TestDesktopIntegration::fileManagerFallsBackToOpeningTheFolder()
     QTemporaryDir dir;
     fm.showItem(dir.path() + u"/photo.jpg"_s);
     QVERIFY(fellBack.wait(5000));
-    QCOMPARE(sink.opened, QList<QUrl>{QUrl::fromLocalFile(dir.path())});
+    QCOMPARE(sink.opened, QList<QUrl> { QUrl::fromLocalFile(dir.path()) });
     QDesktopServices::unsetUrlHandler(u"file"_s);
 }
 

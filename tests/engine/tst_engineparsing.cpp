@@ -21,11 +21,11 @@ struct Collected
 {
     QStringList items;
     QList<BatchEvent> events;
-    EngineOutputParser parser{[this](const BatchEvent &e) {
-                                  items << u"event:"_s + e.type;
-                                  events << e;
-                              },
-                              [this](const QString &l) { items << u"log:"_s + l; }};
+    EngineOutputParser parser { [this](const BatchEvent &e) {
+                                   items << u"event:"_s + e.type;
+                                   events << e;
+                               },
+                                [this](const QString &l) { items << u"log:"_s + l; } };
 };
 
 std::optional<BatchEvent> decodeLine(const QByteArray &line)
@@ -77,10 +77,10 @@ void TestEngineParsing::recordLinesAreRecognisedByPrefixOnly_data()
 {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<QStringList>("expected");
-    const auto log = [](const QString &s) { return QStringList{u"log:"_s + s}; };
-    const QStringList scan{u"event:scan"_s};
-    QTest::newRow("current prefix") << QByteArray(R"(ORVANTA_EVENT: {"type":"scan","pairs":3})")
-                                    << scan;
+    const auto log = [](const QString &s) { return QStringList { u"log:"_s + s }; };
+    const QStringList scan { u"event:scan"_s };
+    QTest::newRow("current prefix")
+        << QByteArray(R"(ORVANTA_EVENT: {"type":"scan","pairs":3})") << scan;
     QTest::newRow("older prefix dravik") << QByteArray(R"(DRAVIK_EVENT: {"type":"scan"})") << scan;
     QTest::newRow("older prefix tarne") << QByteArray(R"(TARNE_EVENT: {"type":"scan"})") << scan;
     QTest::newRow("spaces around") << QByteArray(R"(   ORVANTA_EVENT: {"type":"scan"}   )") << scan;
@@ -96,12 +96,13 @@ void TestEngineParsing::recordLinesAreRecognisedByPrefixOnly_data()
         << QByteArray(R"(ORVANTA_EVENT: {"pairs":3})") << QStringList();
     QTest::newRow("fractional integer is dropped")
         << QByteArray(R"(ORVANTA_EVENT: {"type":"scan","pairs":3.5})") << QStringList();
-    QTest::newRow("array payload is dropped") << QByteArray(R"(ORVANTA_EVENT: [1,2])")
-                                              << QStringList();
-    QTest::newRow("broken json is dropped") << QByteArray(R"(ORVANTA_EVENT: {"type":)")
-                                            << QStringList();
+    QTest::newRow("array payload is dropped")
+        << QByteArray(R"(ORVANTA_EVENT: [1,2])") << QStringList();
+    QTest::newRow("broken json is dropped")
+        << QByteArray(R"(ORVANTA_EVENT: {"type":)") << QStringList();
     QTest::newRow("unknown type still decodes")
-        << QByteArray(R"(ORVANTA_EVENT: {"type":"heartbeat"})") << QStringList{u"event:heartbeat"_s};
+        << QByteArray(R"(ORVANTA_EVENT: {"type":"heartbeat"})")
+        << QStringList { u"event:heartbeat"_s };
     QTest::newRow("blank line is nothing") << QByteArray(" \t \r") << QStringList();
     QTest::newRow("CRLF is trimmed") << QByteArray("[w1] done\r") << log(u"[w1] done"_s);
 }
@@ -158,14 +159,16 @@ void TestEngineParsing::nullMembersReadAsAbsent()
 void TestEngineParsing::linesAreJoinedAcrossReadsAtTheByteLevel()
 {
     Collected c;
-    const QByteArray text = u"first line\nsecond — ünïcødé 写真\nORVANTA_EVENT: {\"type\":\"scan\"}\n"_s.toUtf8();
+    const QByteArray text
+        = u"first line\nsecond — ünïcødé 写真\nORVANTA_EVENT: {\"type\":\"scan\"}\n"_s.toUtf8();
     // Every possible cut, including inside the multi-byte characters.
     for (qsizetype cut = 0; cut <= text.size(); ++cut) {
         c.items.clear();
         c.parser.feed(text.first(cut));
         c.parser.feed(text.sliced(cut));
-        QCOMPARE(c.items, (QStringList{u"log:first line"_s, u"log:second — ünïcødé 写真"_s,
-                                       u"event:scan"_s}));
+        QCOMPARE(
+            c.items,
+            (QStringList { u"log:first line"_s, u"log:second — ünïcødé 写真"_s, u"event:scan"_s }));
         QCOMPARE(c.parser.pendingBytes(), 0);
     }
     // Byte by byte.
@@ -191,9 +194,9 @@ void TestEngineParsing::finalLineWithoutNewlineIsDeliveredOnFinish()
 {
     Collected c;
     c.parser.feed("one\ntwo without newline");
-    QCOMPARE(c.items, QStringList{u"log:one"_s});
+    QCOMPARE(c.items, QStringList { u"log:one"_s });
     c.parser.finish();
-    QCOMPARE(c.items, (QStringList{u"log:one"_s, u"log:two without newline"_s}));
+    QCOMPARE(c.items, (QStringList { u"log:one"_s, u"log:two without newline"_s }));
     c.parser.finish(); // nothing twice
     QCOMPARE(c.items.size(), 2);
 }
@@ -228,7 +231,7 @@ void TestEngineParsing::unicodeSpacesAroundARecordAreTrimmed()
 {
     Collected c;
     c.parser.feed(u"\u00a0ORVANTA_EVENT: {\"type\":\"scan\"}\u3000\n\u00a0\u00a0\n"_s.toUtf8());
-    QCOMPARE(c.items, QStringList{u"event:scan"_s});
+    QCOMPARE(c.items, QStringList { u"event:scan"_s });
 }
 
 void TestEngineParsing::argumentsFollowTheEngineTable_data()
@@ -249,10 +252,9 @@ void TestEngineParsing::argumentsFollowTheEngineTable_data()
     custom.customChromaBoost = 0.28;
     custom.customSkinDamp = 0.004;
     QTest::newRow("custom tuning with two decimals")
-        << custom
-        << QStringList{u"--mid-target"_s,   u"1.00"_s, u"--power-mid"_s, u"0.46"_s,
-                       u"--power-hi"_s,     u"1.50"_s, u"--chroma-boost"_s, u"0.28"_s,
-                       u"--skin-damp"_s,    u"0.00"_s};
+        << custom << QStringList { u"--mid-target"_s, u"1.00"_s, u"--power-mid"_s,    u"0.46"_s,
+                                   u"--power-hi"_s,   u"1.50"_s, u"--chroma-boost"_s, u"0.28"_s,
+                                   u"--skin-damp"_s,  u"0.00"_s };
 
     EngineRunOptions portrait = custom;
     portrait.profile = StyleProfile::Portrait;
@@ -265,12 +267,21 @@ void TestEngineParsing::argumentsFollowTheEngineTable_data()
     all.namingTemplate = u"\t{original}_hdr "_s;
     all.subfolderRule = u" none"_s;
     all.workers = 4;
-    QTest::newRow("every flag in order")
-        << all
-        << QStringList{u"--stem"_s,       u" IMG_1 "_s, u"-f"_s, u"-n"_s, u"--backlit-fill"_s,
-                       u"--min-rating"_s, u"3"_s,       u"--naming-template"_s,
-                       u"{original}_hdr"_s, u"--subfolder-rule"_s, u"none"_s, u"-w"_s, u"4"_s,
-                       u"--no-throttle"_s};
+    QTest::newRow("every flag in order") << all
+                                         << QStringList { u"--stem"_s,
+                                                          u" IMG_1 "_s,
+                                                          u"-f"_s,
+                                                          u"-n"_s,
+                                                          u"--backlit-fill"_s,
+                                                          u"--min-rating"_s,
+                                                          u"3"_s,
+                                                          u"--naming-template"_s,
+                                                          u"{original}_hdr"_s,
+                                                          u"--subfolder-rule"_s,
+                                                          u"none"_s,
+                                                          u"-w"_s,
+                                                          u"4"_s,
+                                                          u"--no-throttle"_s };
 
     EngineRunOptions empty = base;
     empty.stem = u" \t"_s;
@@ -283,7 +294,7 @@ void TestEngineParsing::argumentsFollowTheEngineTable_data()
     EngineRunOptions newline = base;
     newline.namingTemplate = u"\n{original}\n"_s;
     QTest::newRow("newlines are not horizontal space")
-        << newline << QStringList{u"--naming-template"_s, u"\n{original}\n"_s};
+        << newline << QStringList { u"--naming-template"_s, u"\n{original}\n"_s };
 }
 
 void TestEngineParsing::argumentsFollowTheEngineTable()
@@ -291,8 +302,10 @@ void TestEngineParsing::argumentsFollowTheEngineTable()
     QFETCH(EngineRunOptions, options);
     QFETCH(QStringList, tail);
     const QStringList args = engineArguments(options);
-    const QStringList head{u"run"_s, u"-s"_s, options.sourceDir, u"-d"_s, options.destDir,
-                           u"--profile-id"_s, rawValue(options.profile), u"--json-stream"_s};
+    const QStringList head {
+        u"run"_s,        u"-s"_s,           options.sourceDir,         u"-d"_s,
+        options.destDir, u"--profile-id"_s, rawValue(options.profile), u"--json-stream"_s
+    };
     QCOMPARE(args.first(8), head);
     QCOMPARE(args.sliced(8), tail);
 }
@@ -307,12 +320,13 @@ void TestEngineParsing::environmentPrefixesPathAndNamesResources()
              u"/opt/homebrew/bin:/usr/local/bin:/opt/homebrew/sbin:/usr/bin"_s);
     QCOMPARE(out.value(u"KEEP"_s), u"1"_s);
     for (const QString &name :
-         {u"ORVANTA_RESOURCES_DIR"_s, u"DRAVIK_RESOURCES_DIR"_s, u"TARNE_RESOURCES_DIR"_s})
+         { u"ORVANTA_RESOURCES_DIR"_s, u"DRAVIK_RESOURCES_DIR"_s, u"TARNE_RESOURCES_DIR"_s })
         QCOMPARE(out.value(name), u"/opt/orvanta/share/orvanta"_s);
 
     const QProcessEnvironment bare = engineEnvironment(QProcessEnvironment(), QString());
-    QCOMPARE(bare.value(u"PATH"_s),
-             u"/opt/homebrew/bin:/usr/local/bin:/opt/homebrew/sbin:/usr/bin:/bin:/usr/sbin:/sbin"_s);
+    QCOMPARE(
+        bare.value(u"PATH"_s),
+        u"/opt/homebrew/bin:/usr/local/bin:/opt/homebrew/sbin:/usr/bin:/bin:/usr/sbin:/sbin"_s);
     QVERIFY(!bare.contains(u"ORVANTA_RESOURCES_DIR"_s));
 }
 
@@ -335,30 +349,39 @@ EngineLocatorContext fakeLocator(QHash<QString, QString> env, QSet<QString> exec
 
 void TestEngineParsing::locatorTriesCandidatesInOrder()
 {
-    const QStringList all = engineCandidates(fakeLocator({{u"DRAVIK_BIN"_s, u"/x/dravik"_s},
-                                                          {u"TARNE_BIN"_s, u"/x/tarne"_s}},
-                                                         {}));
-    const QStringList expected{
-        u"/x/dravik"_s, // only the first variable that is set
-        u"/opt/orvanta/bin/orvanta_engine"_s, u"/opt/orvanta/bin/dravik_engine"_s,
-        u"/opt/orvanta/bin/tarne_engine"_s, u"/opt/orvanta/share/orvanta/orvanta_engine"_s,
-        u"/opt/orvanta/share/orvanta/pemvira_engine"_s,
-        u"/opt/orvanta/share/orvanta/dravik_engine"_s,
-        u"/opt/orvanta/share/orvanta/tarne_engine"_s, u"/opt/orvanta/bin/orvanta_engine"_s,
-        u"/opt/orvanta/bin/dravik_engine"_s, u"/opt/orvanta/bin/tarne_engine"_s,
-        u"/opt/orvanta/bin/orvanta"_s, u"/opt/orvanta/bin/dravik"_s, u"/opt/orvanta/bin/tarne"_s,
-        u"/opt/bin/orvanta"_s, u"/opt/bin/dravik"_s, u"/opt/bin/tarne"_s,
-        u"/home/ana/Desktop/hdr_workflow/bin/orvanta"_s,
-        u"/home/ana/Desktop/hdr_workflow/bin/dravik"_s,
-        u"/home/ana/Desktop/hdr_workflow/bin/tarne"_s, u"/home/ana/.local/bin/orvanta"_s,
-        u"/usr/local/bin/orvanta"_s, u"/opt/homebrew/bin/orvanta"_s};
+    const QStringList all = engineCandidates(fakeLocator(
+        { { u"DRAVIK_BIN"_s, u"/x/dravik"_s }, { u"TARNE_BIN"_s, u"/x/tarne"_s } }, {}));
+    const QStringList expected { u"/x/dravik"_s, // only the first variable that is set
+                                 u"/opt/orvanta/bin/orvanta_engine"_s,
+                                 u"/opt/orvanta/bin/dravik_engine"_s,
+                                 u"/opt/orvanta/bin/tarne_engine"_s,
+                                 u"/opt/orvanta/share/orvanta/orvanta_engine"_s,
+                                 u"/opt/orvanta/share/orvanta/pemvira_engine"_s,
+                                 u"/opt/orvanta/share/orvanta/dravik_engine"_s,
+                                 u"/opt/orvanta/share/orvanta/tarne_engine"_s,
+                                 u"/opt/orvanta/bin/orvanta_engine"_s,
+                                 u"/opt/orvanta/bin/dravik_engine"_s,
+                                 u"/opt/orvanta/bin/tarne_engine"_s,
+                                 u"/opt/orvanta/bin/orvanta"_s,
+                                 u"/opt/orvanta/bin/dravik"_s,
+                                 u"/opt/orvanta/bin/tarne"_s,
+                                 u"/opt/bin/orvanta"_s,
+                                 u"/opt/bin/dravik"_s,
+                                 u"/opt/bin/tarne"_s,
+                                 u"/home/ana/Desktop/hdr_workflow/bin/orvanta"_s,
+                                 u"/home/ana/Desktop/hdr_workflow/bin/dravik"_s,
+                                 u"/home/ana/Desktop/hdr_workflow/bin/tarne"_s,
+                                 u"/home/ana/.local/bin/orvanta"_s,
+                                 u"/usr/local/bin/orvanta"_s,
+                                 u"/opt/homebrew/bin/orvanta"_s };
     QCOMPARE(all, expected);
 
     // An override that is not executable falls through to the next places.
-    const auto c = fakeLocator({{u"ORVANTA_BIN"_s, u"/missing"_s}},
-                               {u"/home/ana/.local/bin/orvanta"_s, u"/usr/local/bin/orvanta"_s});
+    const auto c = fakeLocator({ { u"ORVANTA_BIN"_s, u"/missing"_s } },
+                               { u"/home/ana/.local/bin/orvanta"_s, u"/usr/local/bin/orvanta"_s });
     QCOMPARE(resolveEngineBinary(c), u"/home/ana/.local/bin/orvanta"_s);
-    const auto o = fakeLocator({{u"ORVANTA_BIN"_s, u"/e"_s}}, {u"/e"_s, u"/usr/local/bin/orvanta"_s});
+    const auto o
+        = fakeLocator({ { u"ORVANTA_BIN"_s, u"/e"_s } }, { u"/e"_s, u"/usr/local/bin/orvanta"_s });
     QCOMPARE(resolveEngineBinary(o), u"/e"_s);
 }
 
@@ -371,7 +394,7 @@ void TestEngineParsing::locatorSkipsOurOwnExecutable()
     QFile f(self);
     QVERIFY(f.open(QIODevice::WriteOnly));
     f.close();
-    auto c = fakeLocator({}, {self});
+    auto c = fakeLocator({}, { self });
     c.applicationDir = dir.path() + u"/bin"_s;
     c.applicationFile = self;
     QCOMPARE(resolveEngineBinary(c), u"orvanta_engine"_s);
@@ -392,7 +415,8 @@ void TestEngineParsing::volumeIdentityFollowsMountFolders_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("external");
-    QTest::newRow("udisks per-user mount") << u"/media/ana/Photos/Out/2024"_s << u"Photos"_s << true;
+    QTest::newRow("udisks per-user mount")
+        << u"/media/ana/Photos/Out/2024"_s << u"Photos"_s << true;
     QTest::newRow("run media") << u"/run/media/ana/CARD/DCIM"_s << u"CARD"_s << true;
     QTest::newRow("mnt") << u"/mnt/nas/out"_s << u"nas"_s << true;
     QTest::newRow("Volumes") << u"/Volumes/Photos/Out/2024"_s << u"Photos"_s << true;
@@ -478,9 +502,9 @@ void TestEngineParsing::toolsAreReportedMissingInOrder()
     QSet<QString> present;
     c.isExecutableFile = [&present](const QString &p) { return present.contains(p); };
     c.findOnPath = [](const QString &) { return QString(); };
-    QCOMPARE(missingTools(c), (QStringList{u"ultrahdr_app"_s, u"exiftool"_s}));
+    QCOMPARE(missingTools(c), (QStringList { u"ultrahdr_app"_s, u"exiftool"_s }));
     present << u"/opt/orvanta/share/orvanta/vendor/exiftool/exiftool"_s;
-    QCOMPARE(missingTools(c), QStringList{u"ultrahdr_app"_s});
+    QCOMPARE(missingTools(c), QStringList { u"ultrahdr_app"_s });
     present << u"/opt/orvanta/share/orvanta/bin/ultrahdr_app"_s;
     QCOMPARE(missingTools(c), QStringList());
     present.clear();
@@ -501,8 +525,8 @@ void TestEngineParsing::overlayBarKeepsItsRoundEnds()
 
 void TestEngineParsing::overlayIsDrawnOnlyBetweenZeroAndOne()
 {
-    QVERIFY(!dockOverlayGeometry({128, 128}, 0.0).visible);
-    QVERIFY(!dockOverlayGeometry({128, 128}, 1.0).visible);
+    QVERIFY(!dockOverlayGeometry({ 128, 128 }, 0.0).visible);
+    QVERIFY(!dockOverlayGeometry({ 128, 128 }, 1.0).visible);
 
     QImage icon(128, 128, QImage::Format_ARGB32_Premultiplied);
     icon.fill(Qt::white);
@@ -511,8 +535,8 @@ void TestEngineParsing::overlayIsDrawnOnlyBetweenZeroAndOne()
     QCOMPARE(none.pixelColor(20, 112), QColor(Qt::white));
 
     const QImage half = renderDockOverlay(icon, 0.5, accent);
-    QCOMPARE(half.pixelColor(40, 112), accent);          // inside the fill
-    const QColor track = half.pixelColor(100, 112);        // track: white under 65 % black
+    QCOMPARE(half.pixelColor(40, 112), accent); // inside the fill
+    const QColor track = half.pixelColor(100, 112); // track: white under 65 % black
     QVERIFY(track.red() > 60 && track.red() < 110);
     QCOMPARE(half.pixelColor(64, 40), QColor(Qt::white)); // icon untouched above the bar
 }

@@ -76,7 +76,7 @@ private Q_SLOTS:
 
 void TestEngineService::commandLineAndEnvironmentReachTheEngine()
 {
-    EngineScenario scenario({u"print hello"_s});
+    EngineScenario scenario({ u"print hello"_s });
     qputenv("PATH", "/usr/bin:/bin");
     EngineService service;
     Recorder r;
@@ -90,7 +90,7 @@ void TestEngineService::commandLineAndEnvironmentReachTheEngine()
     QCOMPARE(env.value(u"HOME"_s), QDir::homePath()); // the rest is inherited
     // The engine leads its own process group, so stopping it reaches its workers.
     QCOMPARE(scenario.pgid(), scenario.pid());
-    QCOMPARE(r.items, (QStringList{u"log:hello"_s, u"finished:0"_s}));
+    QCOMPARE(r.items, (QStringList { u"log:hello"_s, u"finished:0"_s }));
     QVERIFY(!service.isRunning());
 }
 
@@ -107,7 +107,7 @@ void TestEngineService::outputArrivesInOrderWithFinishedLast()
         u"pause 100"_s,
         u"write \\x99 photo\\n"_s,
         uR"(print DRAVIK_EVENT: {"type":"item_start","index":1.5})"_s, // dropped
-        u"print    \t "_s,                                               // blank
+        u"print    \t "_s, // blank
         u"write last line without newline"_s,
         u"exit 3"_s,
     });
@@ -115,17 +115,18 @@ void TestEngineService::outputArrivesInOrderWithFinishedLast()
     Recorder r;
     service.startRun(someOptions(), r.callbacks());
     QTRY_VERIFY(r.finished());
-    QCOMPARE(r.items, (QStringList{u"log:[w1] one"_s, u"log:err two"_s, u"event:scan"_s,
-                                   u"log:partial line"_s, u"log:写 photo"_s,
-                                   u"log:last line without newline"_s, u"finished:3"_s}));
+    QCOMPARE(
+        r.items,
+        (QStringList { u"log:[w1] one"_s, u"log:err two"_s, u"event:scan"_s, u"log:partial line"_s,
+                       u"log:写 photo"_s, u"log:last line without newline"_s, u"finished:3"_s }));
     QCOMPARE(r.events.first().pairs, 2);
     QCOMPARE(r.finishedCount, 1);
 }
 
 void TestEngineService::stopWithAnEngineThatHonoursSigintSendsOnlySigint()
 {
-    EngineScenario scenario({u"on-sigint exit130"_s, u"on-sigterm ignore"_s,
-                             u"print started"_s, u"wait-signal"_s});
+    EngineScenario scenario(
+        { u"on-sigint exit130"_s, u"on-sigterm ignore"_s, u"print started"_s, u"wait-signal"_s });
     EngineService service;
     Recorder r;
     service.startRun(someOptions(), r.callbacks());
@@ -144,7 +145,7 @@ void TestEngineService::stopWithAnEngineThatHonoursSigintSendsOnlySigint()
 
 void TestEngineService::stopEscalatesToTerminate()
 {
-    EngineScenario scenario({u"on-sigint ignore"_s, u"print started"_s, u"wait-signal"_s});
+    EngineScenario scenario({ u"on-sigint ignore"_s, u"print started"_s, u"wait-signal"_s });
     EngineService service;
     service.setStopDelays(std::chrono::milliseconds(200), std::chrono::milliseconds(200));
     Recorder r;
@@ -159,7 +160,7 @@ void TestEngineService::stopEscalatesToTerminate()
 void TestEngineService::stopEscalatesToKillWhenTerminateIsIgnored()
 {
     EngineScenario scenario(
-        {u"on-sigint ignore"_s, u"on-sigterm ignore"_s, u"print started"_s, u"wait-signal"_s});
+        { u"on-sigint ignore"_s, u"on-sigterm ignore"_s, u"print started"_s, u"wait-signal"_s });
     EngineService service;
     service.setStopDelays(std::chrono::milliseconds(200), std::chrono::milliseconds(200));
     Recorder r;
@@ -175,7 +176,7 @@ void TestEngineService::stopEscalatesToKillWhenTerminateIsIgnored()
 void TestEngineService::exitCodesAndCrashesArePassedOn()
 {
     {
-        EngineScenario scenario({u"crash 11"_s});
+        EngineScenario scenario({ u"crash 11"_s });
         EngineService service;
         Recorder r;
         service.startRun(someOptions(), r.callbacks());
@@ -183,7 +184,7 @@ void TestEngineService::exitCodesAndCrashesArePassedOn()
         QCOMPARE(r.items.last(), u"finished:11:crash"_s);
     }
     {
-        EngineScenario scenario({u"exit 130"_s});
+        EngineScenario scenario({ u"exit 130"_s });
         EngineService service;
         Recorder r;
         service.startRun(someOptions(), r.callbacks());
@@ -215,7 +216,7 @@ void TestEngineService::missingEngineIsReportedAsALaunchFailure()
 
 void TestEngineService::secondStartWhileRunningIsIgnored()
 {
-    EngineScenario scenario({u"print started"_s, u"wait-signal"_s});
+    EngineScenario scenario({ u"print started"_s, u"wait-signal"_s });
     EngineService service;
     Recorder first;
     Recorder second;
@@ -231,7 +232,7 @@ void TestEngineService::secondStartWhileRunningIsIgnored()
 
 void TestEngineService::forceKillSilencesOutputButStillFinishes()
 {
-    EngineScenario scenario({u"print started"_s, u"wait-signal"_s});
+    EngineScenario scenario({ u"print started"_s, u"wait-signal"_s });
     EngineService service;
     Recorder r;
     service.startRun(someOptions(), r.callbacks());
@@ -239,19 +240,19 @@ void TestEngineService::forceKillSilencesOutputButStillFinishes()
     service.forceKill();
     QVERIFY(!service.isRunning());
     QTRY_VERIFY(r.finished());
-    QCOMPARE(r.items, (QStringList{u"log:started"_s, u"finished:9:crash"_s}));
+    QCOMPARE(r.items, (QStringList { u"log:started"_s, u"finished:9:crash"_s }));
 
     // A new run may start at once.
-    EngineScenario next({u"print again"_s});
+    EngineScenario next({ u"print again"_s });
     Recorder r2;
     service.startRun(someOptions(), r2.callbacks());
     QTRY_VERIFY(r2.finished());
-    QCOMPARE(r2.items, (QStringList{u"log:again"_s, u"finished:0"_s}));
+    QCOMPARE(r2.items, (QStringList { u"log:again"_s, u"finished:0"_s }));
 }
 
 void TestEngineService::floodArrivesCompleteAndInOrder()
 {
-    EngineScenario scenario({u"flood 20000 10"_s});
+    EngineScenario scenario({ u"flood 20000 10"_s });
     EngineService service;
     Recorder r;
     service.startRun(someOptions(), r.callbacks());
