@@ -34,7 +34,7 @@ struct Figures
 
 double cpuSecondsSoFar()
 {
-    rusage usage{};
+    rusage usage {};
     getrusage(RUSAGE_SELF, &usage);
     return usage.ru_utime.tv_sec + usage.ru_stime.tv_sec
         + (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
@@ -51,7 +51,7 @@ double timeWc(const QString &scenario, long lines)
     engine.setStandardOutputProcess(&wc);
     QElapsedTimer clock;
     clock.start();
-    wc.start(u"wc"_s, {u"-l"_s});
+    wc.start(u"wc"_s, { u"-l"_s });
     engine.start(QStringLiteral(ORVANTA_TEST_ENGINE), {});
     engine.waitForFinished(-1);
     wc.waitForFinished(-1);
@@ -102,7 +102,7 @@ Figures timeModel(AppViewModel &model, long events)
     clock.start();
     model.startProcessing();
     loop.exec();
-    Figures f{clock.nsecsElapsed() / 1e9, probe.longestMs(), cpuSecondsSoFar() - cpuBefore};
+    Figures f { clock.nsecsElapsed() / 1e9, probe.longestMs(), cpuSecondsSoFar() - cpuBefore };
     if (model.currentIndex() != events / 2 || model.consoleLogs().size() != 1000)
         std::fprintf(stderr, "unexpected end state: index %lld, console %lld\n",
                      model.currentIndex(), qint64(model.consoleLogs().size()));

@@ -1,6 +1,7 @@
 #include "app/AppMenus.h"
 
 #include "core/AppViewModel.h"
+#include "ui/Theme.h"
 #include "update/Updater.h"
 
 #include <QAction>
@@ -93,14 +94,14 @@ QAction *AppMenus::action(Command command) const
 
 void AppMenus::retranslate()
 {
-    m_appMenu->setTitle(m_model.t("app_title"));
-    m_foldersMenu->setTitle(m_model.t("menu_folders"));
-    m_pipelineMenu->setTitle(m_model.t("menu_pipeline"));
-    m_checkUpdates->setText(m_model.t("menu_check_updates"));
+    m_appMenu->setTitle(theme::literal(m_model.t("app_title")));
+    m_foldersMenu->setTitle(theme::literal(m_model.t("menu_folders")));
+    m_pipelineMenu->setTitle(theme::literal(m_model.t("menu_pipeline")));
+    m_checkUpdates->setText(theme::literal(m_model.t("menu_check_updates")));
     for (const auto &[command, action] : std::as_const(m_actions))
-        action->setText(m_model.t(titleKey(command)));
+        action->setText(theme::literal(m_model.t(titleKey(command))));
     if (QAction *quit = m_window.findChild<QAction *>(u"menuQuit"_s))
-        quit->setText(m_model.t("btn_close"));
+        quit->setText(theme::literal(m_model.t("btn_close")));
 }
 
 } // namespace orvanta

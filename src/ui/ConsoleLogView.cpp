@@ -135,14 +135,14 @@ void ConsoleLogView::setCopied(bool copied)
     m_isCopied = copied;
     m_copyButton->setIcon(icons::icon(copied ? u"checkmark"_s : u"doc.on.doc"_s,
                                       copied ? theme::kGreen : theme::kTextSecondary));
-    m_copyButton->setText(m_model.t(copied ? "console_copied" : "console_copy_all"));
+    m_copyButton->setText(theme::literal(m_model.t(copied ? "console_copied" : "console_copy_all")));
 }
 
 void ConsoleLogView::retranslate()
 {
     m_title->setText(m_model.t("console_title").toUpper());
-    m_autoScrollBox->setText(m_model.t("console_auto_scroll"));
-    m_clearButton->setText(m_model.t("console_clear"));
+    m_autoScrollBox->setText(theme::literal(m_model.t("console_auto_scroll")));
+    m_clearButton->setText(theme::literal(m_model.t("console_clear")));
     m_placeholder->setText(m_model.t("console_waiting"));
     setCopied(m_isCopied);
 }

@@ -73,8 +73,8 @@ void DonateSheet::retranslate()
     setWindowTitle(m_model.t("menu_sponsor"));
     m_title->setText(m_model.t("donate_title"));
     m_text->setText(m_model.t("donate_desc"));
-    m_later->setText(m_model.t("donate_btn_later"));
-    m_open->setText(m_model.t("donate_btn_open"));
+    m_later->setText(theme::literal(m_model.t("donate_btn_later")));
+    m_open->setText(theme::literal(m_model.t("donate_btn_open")));
 }
 
 } // namespace orvanta

@@ -85,7 +85,7 @@ void FolderField::setTexts(const QString &caption, const QString &placeholder, c
 {
     m_caption->setText(caption.toUpper());
     m_placeholder = placeholder;
-    m_browse->setText(browse);
+    m_browse->setText(theme::literal(browse));
     m_browse->setToolTip(browseHelp);
     m_dropHint = dropHint;
     updatePathDisplay();

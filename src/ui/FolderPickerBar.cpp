@@ -192,11 +192,11 @@ void FolderPickerBar::retranslate()
     // The options have no caption of their own; the empty one keeps the
     // check boxes level with the other columns' controls.
     m_optionsTitle->setFixedHeight(m_styleTitle->sizeHint().height());
-    m_backlit->setText(m_model.t("opt_backlit_fill"));
+    m_backlit->setText(theme::literal(m_model.t("opt_backlit_fill")));
     m_backlit->setToolTip(m_model.t("opt_backlit_fill_help"));
-    m_force->setText(m_model.t("opt_force_reprocess"));
+    m_force->setText(theme::literal(m_model.t("opt_force_reprocess")));
     m_force->setToolTip(m_model.t("opt_force_reprocess_help"));
-    m_dryRun->setText(m_model.t("opt_dry_run"));
+    m_dryRun->setText(theme::literal(m_model.t("opt_dry_run")));
     m_dryRun->setToolTip(m_model.t("opt_dry_run_help"));
 
     QString rating = m_model.t("lbl_rating_filter");
@@ -243,13 +243,13 @@ void FolderPickerBar::updateRunButton()
     m_settingsArea->setEnabled(!running);
     if (!running) {
         setRole(m_run, u"primary"_s);
-        m_run->setText(m_model.t("btn_start_batch"));
+        m_run->setText(theme::literal(m_model.t("btn_start_batch")));
         m_run->setIcon(icons::pixmap(u"play.fill"_s, Qt::white, 14, devicePixelRatioF()));
         m_run->setToolTip(m_model.t("btn_start_batch") + u" (Ctrl+R)"_s);
         m_run->setEnabled(true);
     } else {
         setRole(m_run, u"danger"_s);
-        m_run->setText(m_model.t(stopping ? "status_cancelling" : "btn_stop"));
+        m_run->setText(theme::literal(m_model.t(stopping ? "status_cancelling" : "btn_stop")));
         m_run->setIcon(icons::pixmap(u"stop.fill"_s, Qt::white, 14, devicePixelRatioF()));
         m_run->setToolTip(m_model.t("btn_stop") + u" (Ctrl+.)"_s);
         m_run->setEnabled(!stopping);

@@ -309,9 +309,9 @@ void MainWindow::retranslate()
 {
     theme::applyLanguageFont(LocalizationService::shared().effectiveLanguageCode());
     setWindowTitle(m_model.t("app_title"));
-    m_tabButtons[0]->setText(m_model.t("tab_live_run"));
-    m_tabButtons[1]->setText(m_model.t("tab_history"));
-    m_consoleToggle->setText(m_model.t("btn_toggle_console"));
+    m_tabButtons[0]->setText(theme::literal(m_model.t("tab_live_run")));
+    m_tabButtons[1]->setText(theme::literal(m_model.t("tab_history")));
+    m_consoleToggle->setText(theme::literal(m_model.t("btn_toggle_console")));
     m_overlay->setTexts(m_model.t("drop_overlay_title"), m_model.t("drop_overlay_subtitle"));
     updateFooter();
     updateHistoryPlaceholder();

@@ -18,6 +18,11 @@ QString css(const QColor &color)
     return u"rgba(%1, %2, %3, %4)"_s.arg(color.red()).arg(color.green()).arg(color.blue()).arg(color.alpha());
 }
 
+QString literal(QString text)
+{
+    return text.replace(u'&', u"&&"_s);
+}
+
 QString fontFamilyFor(const QString &languageCode)
 {
     QString family;

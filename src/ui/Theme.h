@@ -36,6 +36,9 @@ void applyLanguageFont(const QString &languageCode);
 // Picks the font family for a table code ("ja", "zh-Hans", ...): the CJK
 // faces carry the right regional glyph forms for each language.
 QString fontFamilyFor(const QString &languageCode);
+// `text` shown literally on a button, check box or menu item: "&" there
+// marks a keyboard mnemonic, and texts like "History & Quarantine" mean it.
+QString literal(QString text);
 // "#rrggbb" or "rgba(r, g, b, a)" for style sheets.
 QString css(const QColor &color);
 

@@ -1,0 +1,173 @@
+// Takes the README's screenshots: builds the real main window in a chosen
+// state and language inside a private home, and saves QWidget::grab().
+//
+//   orvanta_screenshot --state idle|running|overlay|console|donate
+//                      --lang en|de|fr|es|ja|zh-Hans|zh-Hant --out FILE.png
+//
+// The running state drives a real batch through the scriptable test engine.
+#include "app/AppMenus.h"
+#include "common/TestEnvironment.h"
+#include "core/AppViewModel.h"
+#include "i18n/LocalizationService.h"
+#include "ui/DonateSheet.h"
+#include "ui/MainWindow.h"
+#include "ui/Theme.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QFile>
+#include <QMimeData>
+#include <QPainter>
+#include <QThread>
+
+using namespace orvanta;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool waitFor(const std::function<bool()> &condition, int ms)
+{
+    QDeadlineTimer deadline(ms);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+        QThread::msleep(10);
+    }
+    return true;
+}
+
+void settle()
+{
+    for (int i = 0; i < 10; ++i) {
+        QCoreApplication::processEvents();
+        QThread::msleep(20);
+    }
+}
+
+QString eventLine(const QString &json)
+{
+    return u"print ORVANTA_EVENT: "_s + json;
+}
+
+// A batch of eight photos: five are done when the picture is taken, the
+// sixth is in work and the engine waits to be stopped.
+void writeRunningScenario(const QString &path)
+{
+    QStringList lines{u"on-sigint exit130"_s,
+                      u"print [09:41:02] Orvanta engine 1.4.0 • 8 workers"_s,
+                      u"print [09:41:02] Scanning /photos for RAW+JPG pairs"_s,
+                      eventLine(uR"({"type":"scan","pairs":8,"orphans":1,"skipped":0,"pending":8})"_s),
+                      u"print === Rendering 8 pairs ==="_s};
+    const char *stems[] = {"DSC04211", "DSC04212", "DSC04215", "DSC04218", "DSC04223", "DSC04224"};
+    const double peaks[] = {2.41, 1.87, 3.02, 2.66, 2.94};
+    const int faces[] = {0, 2, 1, 0, 3};
+    for (int i = 0; i < 5; ++i) {
+        const QString stem = QString::fromLatin1(stems[i]);
+        lines << eventLine(uR"({"type":"item_start","stem":"%1","index":%2,"total":8})"_s.arg(stem).arg(i + 1))
+              << u"print [09:41:%1] %2 gain map +%3st"_s.arg(10 + i * 7).arg(stem).arg(peaks[i], 0, 'f', 2)
+              << u"db %1 SUCCESS"_s.arg(stem)
+              << eventLine(uR"({"type":"item_done","stem":"%1","index":%2,"total":8,"faces":%3,"peak_stops":%4,"bayer_clip":0.012,"duration":6.8})"_s
+                               .arg(stem).arg(i + 1).arg(faces[i]).arg(peaks[i]))
+              << u"print ✅ SUCCESS %1 → %1_hdr.jpg"_s.arg(stem);
+        if (i == 2)
+            lines << u"print ⚠️ WARN DSC04216 has no JPG partner, skipped"_s;
+    }
+    lines << eventLine(uR"({"type":"item_start","stem":"DSC04224","index":6,"total":8})"_s)
+          << u"touch %1.ready"_s.arg(path) << u"pause 60000"_s << u"exit 130"_s;
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly))
+        file.write(lines.join(u'\n').toUtf8() + '\n');
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    test::TestEnvironment environment;
+    QApplication app(argc, argv);
+    QCoreApplication::setOrganizationName(u"orvanta"_s);
+    QCoreApplication::setApplicationName(u"orvanta"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(ORVANTA_VERSION));
+
+    QCommandLineParser parser;
+    parser.addOption({u"state"_s, u"Window state"_s, u"state"_s, u"idle"_s});
+    parser.addOption({u"lang"_s, u"Language code"_s, u"code"_s, u"en"_s});
+    parser.addOption({u"out"_s, u"PNG file"_s, u"file"_s, u"screenshot.png"_s});
+    parser.process(app);
+    const QString state = parser.value(u"state"_s);
+    const AppLanguage language = appLanguageFromRawValue(parser.value(u"lang"_s)).value_or(AppLanguage::English);
+
+    // Folders as a photographer would have them; they need not exist (the
+    // volume probe measures the nearest existing folder), and nothing is
+    // written outside the private home.
+    const QString home = environment.home();
+    const QString source = u"/home/anna/Pictures/2026-10 Lofoten"_s;
+    const QString dest = u"/home/anna/Pictures/Ultra HDR"_s;
+    const QString scenario = home + u"/scenario.txt"_s;
+    if (state == u"running") {
+        writeRunningScenario(scenario);
+        qputenv("ORVANTA_TEST_SCENARIO", scenario.toUtf8());
+        qputenv("ORVANTA_BIN", ORVANTA_TEST_ENGINE);
+    }
+
+    LocalizationService::shared().setCurrentLanguage(language);
+    theme::apply(app, LocalizationService::shared().effectiveLanguageCode());
+    AppViewModel model;
+    model.setCurrentLanguage(language);
+    model.setSourceDir(source);
+    model.setDestDir(dest);
+    model.setSelectedProfile(StyleProfile::Landscape);
+    model.setMinRating(3);
+    model.updateVolumeInfo();
+    model.clearLogs();
+
+    MainWindow window(model);
+    AppMenus menus(model, window, nullptr);
+    window.show();
+    settle();
+
+    if (state == u"running") {
+        model.setIsConsoleDrawerExpanded(true);
+        model.startProcessing();
+        if (!waitFor([&] { return QFile::exists(scenario + u".ready"_s) && model.currentIndex() == 6; }, 20000)) {
+            qWarning("the test engine did not reach item 6");
+            return 1;
+        }
+        model.setBatchElapsedSeconds(41);
+    } else if (state == u"console") {
+        model.setIsConsoleDrawerExpanded(true);
+        for (const QString &line :
+             {u"🚀 Starting Orvanta Ultra HDR pipeline..."_s, u"[09:41:02] worker-1 DSC04211"_s,
+              u"✅ SUCCESS DSC04211"_s, u"⚠️ WARN no JPG partner"_s, u"❌ FAILED DSC04219"_s,
+              u"=== Summary ==="_s})
+            model.appendLog(line);
+    } else if (state == u"overlay") {
+        QMimeData mime;
+        mime.setUrls({QUrl::fromLocalFile(source)});
+        QDragEnterEvent enter(QPoint(window.width() / 2, window.height() - 120), Qt::CopyAction, &mime,
+                              Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &enter);
+    } else if (state == u"donate") {
+        model.setIsShowingDonateSheet(true);
+    }
+    settle();
+
+    QPixmap shot = window.grab();
+    if (state == u"donate" && window.donateSheet()->isVisible()) {
+        // A sheet is its own window: compose it over the dimmed main window.
+        QPainter p(&shot);
+        p.fillRect(shot.rect(), QColor(0, 0, 0, 120));
+        const QPixmap sheet = window.donateSheet()->grab();
+        p.drawPixmap((shot.width() - sheet.width()) / 2, 90, sheet);
+    }
+    const bool saved = shot.save(parser.value(u"out"_s));
+    if (model.isRunning()) {
+        model.stopProcessing();
+        waitFor([&] { return !model.isRunning(); }, 10000);
+    }
+    return saved ? 0 : 1;
+}
