@@ -5,6 +5,7 @@
 #include <cstring>
 
 #if defined(__x86_64__) || defined(__i386__)
+#include <cpuid.h>
 #include <immintrin.h>
 #define ORVANTA_HAVE_F16C_PATH 1
 #endif
@@ -27,9 +28,22 @@ __attribute__((target("avx,f16c"))) void convertF16c(quint16 *dst, const float *
         dst[i] = _cvtss_sh(src[i], _MM_FROUND_TO_NEAREST_INT);
 }
 
+// Asked through CPUID directly: not every compiler knows "f16c" as a
+// __builtin_cpu_supports feature. AVX registers must also be enabled by the
+// operating system (OSXSAVE, and XCR0 saving the XMM and YMM state).
 bool cpuHasF16c()
 {
-    static const bool has = __builtin_cpu_supports("avx") && __builtin_cpu_supports("f16c");
+    static const bool has = [] {
+        unsigned a = 0, b = 0, c = 0, d = 0;
+        if (!__get_cpuid(1, &a, &b, &c, &d))
+            return false;
+        constexpr unsigned kOsxsave = 1u << 27, kAvx = 1u << 28, kF16c = 1u << 29;
+        if ((c & (kOsxsave | kAvx | kF16c)) != (kOsxsave | kAvx | kF16c))
+            return false;
+        unsigned lo = 0, hi = 0;
+        __asm__("xgetbv" : "=a"(lo), "=d"(hi) : "c"(0));
+        return (lo & 0x6u) == 0x6u;
+    }();
     return has;
 }
 #endif
