@@ -69,8 +69,9 @@ int main(int argc, char *argv[])
     theme::apply(app, LocalizationService::shared().effectiveLanguageCode());
     AppViewModel model;
     model.setCurrentLanguage(language);
-    model.setSourceDir(QDir::homePath() + u"/Pictures/2026-09 Dolomites"_s);
-    model.setDestDir(QDir::homePath() + u"/Pictures/UltraHDR"_s);
+    // Sample folders as a photographer's machine would have them.
+    model.setSourceDir(u"/media/alex/PhotoSSD/2026-09 Dolomites"_s);
+    model.setDestDir(u"/home/alex/Pictures/UltraHDR"_s);
     model.setExportNamingTemplate(u"{date}_{original}_{profile}"_s);
     model.setExportSubfolderRule(u"by_date"_s);
     addSampleRecipes(model);
@@ -95,6 +96,15 @@ int main(int argc, char *argv[])
         window.showTab(SettingsWindow::Tab(index));
         settle();
         ok &= window.grab().save(out + u"/settings-%1-%2.png"_s.arg(tab, code));
+        if (tab == u"paths") {
+            // The warning under the preview, for a template with a colon and
+            // a placeholder in the wrong case.
+            const QString kept = model.exportNamingTemplate();
+            model.setExportNamingTemplate(u"{Date}:{original}_{profile}"_s);
+            settle();
+            ok &= window.grab().save(out + u"/settings-paths-warning-%1.png"_s.arg(code));
+            model.setExportNamingTemplate(kept);
+        }
         if (tab == u"styles") {
             // The whole page at the window's width, as if it did not scroll.
             QWidget *page = window.styleTab()->parentWidget();

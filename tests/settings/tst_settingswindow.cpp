@@ -316,7 +316,7 @@ void SettingsWindowTest::warningAppearsOnlyForBadTemplates()
 
     m_model->setExportNamingTemplate(u"{original}:{Date}"_s);
     QVERIFY(warning->isVisible());
-    QVERIFY2(warning->text().contains(u"File names cannot contain: :"_s), qPrintable(warning->text()));
+    QVERIFY2(warning->text().contains(u"File names cannot contain: “:”"_s), qPrintable(warning->text()));
     QVERIFY2(warning->text().contains(u"{Date}"_s), qPrintable(warning->text()));
     // The preview still shows what the engine would write.
     QCOMPARE(window->pathsTab()->preview()->text(), u"DSC01557:{Date}.jpg"_s);

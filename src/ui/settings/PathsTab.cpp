@@ -70,10 +70,11 @@ QWidget *PathsTab::buildFolders()
         (*paths[i])->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         *buttons[i] = new QPushButton(frame);
         (*buttons[i])->setIcon(icons::icon(symbols[i], theme::kAccent));
-        grid->addWidget(*titles[i], i * 2, 0, 1, 2);
-        grid->addWidget(*paths[i], i * 2 + 1, 0);
-        grid->addWidget(*buttons[i], i * 2 + 1, 1);
+        grid->addWidget(*titles[i], i * 3, 0, 1, 2);
+        grid->addWidget(*paths[i], i * 3 + 1, 0);
+        grid->addWidget(*buttons[i], i * 3 + 1, 1);
     }
+    grid->setRowMinimumHeight(2, 8); // a gap between the two folders
     grid->setColumnStretch(0, 1);
     box->addLayout(grid);
     m_browseSource->setObjectName(u"browseSource"_s);
@@ -205,8 +206,13 @@ void PathsTab::updatePreview()
                                                m_model.selectedProfile()));
     const naming::TemplateIssues issues = naming::templateIssues(m_model.exportNamingTemplate());
     QStringList lines;
-    if (!issues.forbiddenCharacters.isEmpty())
-        lines << m_model.t("export_warning_forbidden_chars", {issues.forbiddenCharacters.join(u"  "_s)});
+    if (!issues.forbiddenCharacters.isEmpty()) {
+        // Quoted one by one: a bare ":" or "/" after a colon reads as punctuation.
+        QStringList quoted;
+        for (const QString &c : issues.forbiddenCharacters)
+            quoted << u"“"_s + c + u"”"_s;
+        lines << m_model.t("export_warning_forbidden_chars", {quoted.join(u' ')});
+    }
     if (!issues.unknownPlaceholders.isEmpty())
         lines << m_model.t("export_warning_unknown_placeholders", {issues.unknownPlaceholders.join(u", "_s)});
     m_warning->setText(lines.isEmpty() ? QString() : u"⚠  "_s + lines.join(u"\n⚠  "_s));

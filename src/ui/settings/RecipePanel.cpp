@@ -120,11 +120,6 @@ QWidget *RecipePanel::buildRow(const UserRecipe &recipe)
     summary->setText(recipe.summaryDescription());
     summary->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
 
-    auto *text = new QVBoxLayout;
-    text->setSpacing(1);
-    text->addWidget(name);
-    text->addWidget(summary);
-
     auto makeButton = [&](const char *key, const QString &objectName) {
         auto *button = new QPushButton(theme::literal(m_model.t(key)), row);
         button->setObjectName(objectName);
@@ -135,14 +130,23 @@ QWidget *RecipePanel::buildRow(const UserRecipe &recipe)
     QPushButton *remove = makeButton("recipes_delete", u"deleteRecipe"_s);
     remove->setIcon(icons::icon(u"trash"_s, theme::kRed));
 
-    auto *layout = new QHBoxLayout(row);
+    // Name and buttons on the first line, the values under them across the
+    // whole row: the buttons' texts are long in some languages and would
+    // otherwise squeeze the summary into a narrow column.
+    auto *top = new QHBoxLayout;
+    top->setSpacing(8);
+    top->addWidget(mark, 0, Qt::AlignVCenter);
+    top->addWidget(name, 1, Qt::AlignVCenter);
+    top->addWidget(apply);
+    top->addWidget(rename);
+    top->addWidget(remove);
+    summary->setContentsMargins(26, 0, 0, 0);
+
+    auto *layout = new QVBoxLayout(row);
     layout->setContentsMargins(10, 8, 10, 8);
-    layout->setSpacing(8);
-    layout->addWidget(mark, 0, Qt::AlignTop);
-    layout->addLayout(text, 1);
-    layout->addWidget(apply, 0, Qt::AlignVCenter);
-    layout->addWidget(rename, 0, Qt::AlignVCenter);
-    layout->addWidget(remove, 0, Qt::AlignVCenter);
+    layout->setSpacing(4);
+    layout->addLayout(top);
+    layout->addWidget(summary);
 
     const QUuid id = recipe.id;
     // The row goes away when the list changes, so the handlers act on the

@@ -47,7 +47,7 @@ SettingsWindow::SettingsWindow(AppViewModel &model, Updater *updater, SettingsHo
 {
     setObjectName(u"settingsWindow"_s);
     m_hooks.completeWithDefaults(this, [this](const char *key) { return m_model.t(key); });
-    resize(900, 680);
+    resize(980, 700);
     setMinimumSize(760, 520);
 
     m_performance = new PerformanceTab(m_model, this);
