@@ -13,6 +13,7 @@
 #include "ui/settings/PathsTab.h"
 #include "ui/settings/PerformanceTab.h"
 #include "ui/settings/ProfileCard.h"
+#include "ui/settings/RecipeNameDialog.h"
 #include "ui/settings/RecipePanel.h"
 #include "ui/settings/SafetyTab.h"
 #include "ui/settings/SettingsWidgets.h"
@@ -79,6 +80,7 @@ private Q_SLOTS:
     void mainWindowOpensItAndDoneClosesIt();
     void openingTakesAFreshMemoryReading();
     void textsFollowTheLanguage();
+    void pressureIsReadAgainInTheNewLanguage();
 
     // Performance
     void workerPickerWritesTheCountAndShowsHandSetOnes();
@@ -90,6 +92,7 @@ private Q_SLOTS:
     void previewFollowsRuleAndProfile();
     void warningAppearsOnlyForBadTemplates();
     void browseSetsTheFolderAndCancelKeepsIt();
+    void browseIsOffWhileABatchRuns();
 
     // Safety
     void switchesWriteTheirOptions();
@@ -97,11 +100,13 @@ private Q_SLOTS:
 
     // Styles
     void choosingACardSelectsTheProfileAndShowsSliders();
+    void cardsAnswerTheKeyboard();
     void badgesStayWhenSlidersMove();
     void slidersClampOnlyWhatTheUserDrags();
     void resetRestoresTheDefaults();
     void recipesSaveApplyRenameAndDeleteThroughTheFile();
     void cancelledNameEntryChangesNothing();
+    void nameEntryOffersSaveOnlyForARealName();
     void exportReportsSuccessAndFailure();
     void importReportsTheCountOrTheReason();
 
@@ -208,6 +213,22 @@ void SettingsWindowTest::textsFollowTheLanguage()
     QCOMPARE(window->tabButton(SettingsWindow::Styles)->text(), u"Préréglages de style"_s);
     QCOMPARE(window->styleTab()->cards().first()->badges().first()->name(), m_model->t("badge_mid"));
     QCOMPARE(window->performanceTab()->workersPicker()->currentText(), m_model->t("settings_workers_auto"));
+    m_model->setCurrentLanguage(AppLanguage::English);
+}
+
+void SettingsWindowTest::pressureIsReadAgainInTheNewLanguage()
+{
+    if (!readMemoryPressure())
+        QSKIP("this kernel publishes no memory pressure information");
+    QScopedPointer<SettingsWindow> window(makeWindow());
+    const QString key = QString::fromLatin1(memoryPressureKey(int(*readMemoryPressure())));
+    m_model->setCurrentLanguage(AppLanguage::German);
+    // The level may change between two readings; the text must be German.
+    const QStringList german = {m_model->t("pressure_normal"), m_model->t("pressure_warning"),
+                                m_model->t("pressure_critical")};
+    QVERIFY2(german.contains(window->performanceTab()->pressureValue()->text()),
+             qPrintable(window->performanceTab()->pressureValue()->text()));
+    QVERIFY(german.contains(m_model->t(QAnyStringView(key))));
     m_model->setCurrentLanguage(AppLanguage::English);
 }
 
@@ -344,6 +365,18 @@ void SettingsWindowTest::browseSetsTheFolderAndCancelKeepsIt()
     QCOMPARE(configFile().value(u"dest_dir"_s).toString(), m_nextFolder);
 }
 
+void SettingsWindowTest::browseIsOffWhileABatchRuns()
+{
+    QScopedPointer<SettingsWindow> window(makeWindow());
+    PathsTab *paths = window->pathsTab();
+    QVERIFY(paths->browseSourceButton()->isEnabled());
+    m_model->setIsRunning(true);
+    QVERIFY(!paths->browseSourceButton()->isEnabled());
+    QVERIFY(!paths->browseDestButton()->isEnabled());
+    m_model->setIsRunning(false);
+    QVERIFY(paths->browseDestButton()->isEnabled());
+}
+
 // ---- Safety ----
 
 void SettingsWindowTest::switchesWriteTheirOptions()
@@ -417,6 +450,17 @@ void SettingsWindowTest::choosingACardSelectsTheProfileAndShowsSliders()
     QTest::mouseClick(style->cards()[4], Qt::LeftButton);
     QCOMPARE(m_model->selectedProfile(), StyleProfile::Custom);
     QVERIFY(style->fineTuning()->isVisible());
+}
+
+void SettingsWindowTest::cardsAnswerTheKeyboard()
+{
+    QScopedPointer<SettingsWindow> window(makeWindow());
+    ProfileCard *landscape = window->styleTab()->cards()[2];
+    QCOMPARE(landscape->focusPolicy(), Qt::StrongFocus);
+    QTest::keyClick(landscape, Qt::Key_Space);
+    QCOMPARE(m_model->selectedProfile(), StyleProfile::Landscape);
+    QTest::keyClick(window->styleTab()->cards()[3], Qt::Key_Return);
+    QCOMPARE(m_model->selectedProfile(), StyleProfile::Cinematic);
 }
 
 void SettingsWindowTest::badgesStayWhenSlidersMove()
@@ -562,6 +606,20 @@ void SettingsWindowTest::cancelledNameEntryChangesNothing()
     m_nextName = u"   "_s; // blank names are ignored too
     window->styleTab()->recipes()->saveButton()->click();
     QVERIFY(m_model->userRecipes().isEmpty());
+}
+
+void SettingsWindowTest::nameEntryOffersSaveOnlyForARealName()
+{
+    RecipeNameDialog dialog(u"Rename Recipe"_s, u"Recipe name"_s, u"Save"_s, u"Cancel"_s);
+    QVERIFY(!dialog.saveButton()->isEnabled());
+    QTest::keyClicks(dialog.field(), u"  \t "_s);
+    QVERIFY(!dialog.saveButton()->isEnabled());
+    QTest::keyClicks(dialog.field(), u"Blue Hour"_s);
+    QVERIFY(dialog.saveButton()->isEnabled());
+    dialog.setName(u"Sunset"_s);
+    QCOMPARE(dialog.name(), u"Sunset"_s);
+    QVERIFY(dialog.saveButton()->isEnabled());
+    QCOMPARE(dialog.field()->placeholderText(), u"Recipe name"_s);
 }
 
 void SettingsWindowTest::exportReportsSuccessAndFailure()

@@ -45,6 +45,8 @@ PathsTab::PathsTab(AppViewModel &model, const SettingsHooks &hooks, QWidget *par
     connect(&m_model, &AppViewModel::exportNamingTemplateChanged, this, &PathsTab::showTemplate);
     connect(&m_model, &AppViewModel::exportSubfolderRuleChanged, this, &PathsTab::showSubfolderRule);
     connect(&m_model, &AppViewModel::selectedProfileChanged, this, &PathsTab::updatePreview);
+    // The folders of a running batch stay as they are until it ends.
+    connect(&m_model, &AppViewModel::isRunningChanged, this, &PathsTab::showFolders);
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &PathsTab::retranslate);
 
     showFolders();
@@ -176,6 +178,8 @@ void PathsTab::showFolders()
     m_sourcePath->setToolTip(m_model.sourceDir());
     m_destPath->setText(m_model.destDir());
     m_destPath->setToolTip(m_model.destDir());
+    m_browseSource->setEnabled(!m_model.isRunning());
+    m_browseDest->setEnabled(!m_model.isRunning());
 }
 
 void PathsTab::showTemplate()

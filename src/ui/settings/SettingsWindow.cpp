@@ -91,6 +91,9 @@ SettingsWindow::SettingsWindow(AppViewModel &model, Updater *updater, SettingsHo
     layout->addLayout(right, 1);
 
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &SettingsWindow::retranslate);
+    // The pressure description is stored as text: read it again in the new
+    // language rather than leave the old one on show.
+    connect(&m_model, &AppViewModel::currentLanguageChanged, &m_model, &AppViewModel::updateMemoryProbe);
     retranslate();
     showTab(Performance);
     // The probe page shows what the machine has now, not at start-up.
