@@ -16,10 +16,11 @@ using namespace settingsui;
 
 const QList<Acknowledgement> &AboutTab::acknowledgements()
 {
-    // What the binary links (see the top-level CMakeLists.txt): Qt for the
-    // interface, SQLite for the engine's history, exiv2 and LibRaw for photo
-    // metadata and RAW previews, libjpeg-turbo for JPEG coding, libsodium for
-    // checking update signatures.
+    // What the build links directly (the top-level CMakeLists.txt): Qt for
+    // the interface, SQLite for the engine's history, exiv2 and LibRaw for
+    // photo metadata and RAW previews, libjpeg-turbo for JPEG coding,
+    // libsodium for checking update signatures. Their own dependencies
+    // (zlib, expat, Little CMS, ...) come with them from the system.
     static const QList<Acknowledgement> list = {
         {u"Qt 6"_s, u"LGPL-3.0"_s, u"qt.io"_s},
         {u"SQLite"_s, u"Public Domain"_s, u"sqlite.org"_s},
@@ -35,43 +36,61 @@ AboutTab::AboutTab(AppViewModel &model, Updater *updater, QWidget *parent)
     : QWidget(parent)
     , m_model(model)
 {
-    QVBoxLayout *headBox = nullptr;
-    QFrame *head = card(this, &headBox);
-    headBox->setContentsMargins(20, 20, 20, 20);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(14);
+    layout->addWidget(buildHeader(updater));
+    layout->addWidget(buildAcknowledgements());
+    layout->addStretch(1);
+
+    connect(&m_model, &AppViewModel::wholeObjectChanged, this, &AboutTab::retranslate);
+    retranslate();
+}
+
+QWidget *AboutTab::buildHeader(Updater *updater)
+{
+    QVBoxLayout *box = nullptr;
+    QFrame *head = card(this, &box);
+    box->setContentsMargins(20, 20, 20, 20);
     auto *logo = new QLabel(head);
     logo->setPixmap(QIcon(u":/orvanta.svg"_s).pixmap(72, 72));
     logo->setAlignment(Qt::AlignHCenter);
     m_title = label(u"title"_s, head);
-    m_title->setAlignment(Qt::AlignHCenter);
     m_tagline = label(u"secondary"_s, head);
-    m_tagline->setAlignment(Qt::AlignHCenter);
     m_version = label(u"tertiary"_s, head);
     m_version->setObjectName(u"aboutVersion"_s);
-    m_version->setAlignment(Qt::AlignHCenter);
     m_version->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_version->setText(updater ? updater->currentVersionString()
                                : QStringLiteral(ORVANTA_VERSION " (Build " ORVANTA_BUILD_NUMBER ")"));
+    for (QLabel *centred : {m_title, m_tagline, m_version})
+        centred->setAlignment(Qt::AlignHCenter);
+
     m_badge = new QLabel(head);
     m_badge->setObjectName(u"engineBadge"_s);
     QPalette badgePalette = m_badge->palette();
     badgePalette.setColor(QPalette::WindowText, theme::kAccent);
     m_badge->setPalette(badgePalette);
-    auto *badgeRow = new QHBoxLayout;
     auto *bolt = new QLabel(head);
     bolt->setPixmap(icons::pixmap(u"bolt.fill"_s, theme::kAccent, 14, devicePixelRatioF()));
+    auto *badgeRow = new QHBoxLayout;
     badgeRow->addStretch(1);
     badgeRow->addWidget(bolt);
     badgeRow->addWidget(m_badge);
     badgeRow->addStretch(1);
-    headBox->addWidget(logo);
-    headBox->addWidget(m_title);
-    headBox->addWidget(m_tagline);
-    headBox->addWidget(m_version);
-    headBox->addSpacing(4);
-    headBox->addLayout(badgeRow);
 
-    QVBoxLayout *ackBox = nullptr;
-    QFrame *ack = card(this, &ackBox);
+    box->addWidget(logo);
+    box->addWidget(m_title);
+    box->addWidget(m_tagline);
+    box->addWidget(m_version);
+    box->addSpacing(4);
+    box->addLayout(badgeRow);
+    return head;
+}
+
+QWidget *AboutTab::buildAcknowledgements()
+{
+    QVBoxLayout *box = nullptr;
+    QFrame *ack = card(this, &box);
     m_ackTitle = label(u"cardTitle"_s, ack);
     m_ackDescription = label(u"secondary"_s, ack);
     m_list = new QWidget(ack);
@@ -96,19 +115,10 @@ AboutTab::AboutTab(AppViewModel &model, Updater *updater, QWidget *parent)
         ++row;
     }
     grid->setColumnStretch(2, 1);
-    ackBox->addWidget(m_ackTitle);
-    ackBox->addWidget(m_ackDescription);
-    ackBox->addWidget(m_list);
-
-    auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(14);
-    layout->addWidget(head);
-    layout->addWidget(ack);
-    layout->addStretch(1);
-
-    connect(&m_model, &AppViewModel::wholeObjectChanged, this, &AboutTab::retranslate);
-    retranslate();
+    box->addWidget(m_ackTitle);
+    box->addWidget(m_ackDescription);
+    box->addWidget(m_list);
+    return ack;
 }
 
 void AboutTab::retranslate()

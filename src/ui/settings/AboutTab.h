@@ -33,6 +33,8 @@ public:
     QWidget *acknowledgementList() const { return m_list; }
 
 private:
+    QWidget *buildHeader(Updater *updater);
+    QWidget *buildAcknowledgements();
     void retranslate();
 
     AppViewModel &m_model;

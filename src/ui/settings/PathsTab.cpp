@@ -113,19 +113,7 @@ QWidget *PathsTab::buildNaming()
     }
     chips->addStretch(1);
 
-    QVBoxLayout *previewBox = nullptr;
-    auto *previewFrame = new QFrame(frame);
-    previewFrame->setProperty("role", u"inset"_s);
-    previewBox = new QVBoxLayout(previewFrame);
-    previewBox->setContentsMargins(12, 8, 12, 8);
-    previewBox->setSpacing(2);
-    m_previewTitle = label(u"section"_s, previewFrame);
-    m_preview = label(QString(), previewFrame);
-    m_preview->setObjectName(u"namingPreview"_s);
-    m_preview->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    m_preview->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    previewBox->addWidget(m_previewTitle);
-    previewBox->addWidget(m_preview);
+    QWidget *previewFrame = buildPreview(frame);
 
     m_warning = label(QString(), frame);
     m_warning->setObjectName(u"namingWarning"_s);
@@ -152,6 +140,23 @@ QWidget *PathsTab::buildNaming()
     connect(m_subfolder, &QComboBox::activated, this, [this](int index) {
         m_model.setExportSubfolderRule(m_subfolder->itemData(index).toString());
     });
+    return frame;
+}
+
+QWidget *PathsTab::buildPreview(QWidget *parent)
+{
+    auto *frame = new QFrame(parent);
+    frame->setProperty("role", u"inset"_s);
+    auto *box = new QVBoxLayout(frame);
+    box->setContentsMargins(12, 8, 12, 8);
+    box->setSpacing(2);
+    m_previewTitle = label(u"section"_s, frame);
+    m_preview = label(QString(), frame);
+    m_preview->setObjectName(u"namingPreview"_s);
+    m_preview->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_preview->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box->addWidget(m_previewTitle);
+    box->addWidget(m_preview);
     return frame;
 }
 

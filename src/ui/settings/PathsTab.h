@@ -39,6 +39,7 @@ public:
 private:
     QWidget *buildFolders();
     QWidget *buildNaming();
+    QWidget *buildPreview(QWidget *parent);
     void retranslate();
     void showFolders();
     void showTemplate();
