@@ -6,6 +6,7 @@
 #include "i18n/LocalizationService.h"
 #include "ui/MainWindow.h"
 #include "ui/Theme.h"
+#include "ui/settings/SettingsWindow.h"
 #include "update/Updater.h"
 
 #include <QApplication>
@@ -31,6 +32,9 @@ int main(int argc, char *argv[])
                               QStringLiteral(ORVANTA_BUILD_NUMBER), QStringLiteral(ORVANTA_VERSION)});
     orvanta::AppMenus menus(model, window, &updater);
     orvanta::UpdateAnnouncer announcer(updater, &window);
+    window.setSettingsFactory([&updater](orvanta::AppViewModel &m, QWidget *parent) -> QDialog * {
+        return new orvanta::SettingsWindow(m, &updater, {}, parent);
+    });
 
     window.show();
     updater.start();

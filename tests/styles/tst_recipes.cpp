@@ -8,6 +8,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 using namespace orvanta;
 
 namespace {
@@ -39,6 +42,7 @@ private Q_SLOTS:
     void rejectedImportChangesNothing_data();
     void rejectedImportChangesNothing();
     void exportWritesTheListAndReportsFailures();
+    void savesReplaceTheFileWholeInsteadOfRewritingIt();
     void legacyFilesAreCopiedOnce_data();
     void legacyFilesAreCopiedOnce();
 
@@ -234,6 +238,31 @@ void RecipesTest::exportWritesTheListAndReportsFailures()
     QCOMPARE(service.exportRecipes(list, target), QString());
     QCOMPARE(read(target), RecipeService::encode(list));
     QVERIFY(!service.exportRecipes(list, m_home + QStringLiteral("/no/such/dir/x.json")).isEmpty());
+}
+
+void RecipesTest::savesReplaceTheFileWholeInsteadOfRewritingIt()
+{
+    // A reader (or a crash) never sees half a file: the new list is written
+    // beside the old one and renamed over it, so the file is a new inode and
+    // nothing is left behind in the folder.
+    RecipeService service;
+    service.saveRecipes({recipe(QStringLiteral("A"), "2026-01-01T00:00:00Z")});
+    struct stat before {};
+    QCOMPARE(::stat(QFile::encodeName(primary()).constData(), &before), 0);
+    // A hard link keeps the old inode alive, so it cannot be reused for the new file.
+    const QString keep = m_home + QStringLiteral("/old-recipes-link");
+    QFile::remove(keep);
+    QCOMPARE(::link(QFile::encodeName(primary()).constData(), QFile::encodeName(keep).constData()), 0);
+
+    service.addRecipe(recipe(QStringLiteral("B"), "2026-01-02T00:00:00Z"));
+    struct stat after {};
+    QCOMPARE(::stat(QFile::encodeName(primary()).constData(), &after), 0);
+    QVERIFY(after.st_ino != before.st_ino);
+    QCOMPARE(service.loadRecipes().size(), 2);
+    QCOMPARE(QDir(QFileInfo(primary()).absolutePath()).entryList(QDir::Files), QStringList{QStringLiteral("recipes.json")});
+    // The old content is untouched where the link still points.
+    QCOMPARE(RecipeService::decode(read(keep))->size(), 1);
+    QFile::remove(keep);
 }
 
 void RecipesTest::legacyFilesAreCopiedOnce_data()

@@ -183,6 +183,10 @@ constexpr StringEntry kEntries[] = {
     {"settings_about_engine_badge", "Angetrieben von der Orvanta Ultra HDR Engine"},
     {"settings_about_ack_title", "Danksagungen"},
     {"settings_about_ack_desc", "Orvanta baut auf diesen Open-Source-Projekten auf. Herzlichen Dank an ihre Entwickler und Communitys."},
+    // settings window: naming template warnings and the updates page
+    {"export_warning_forbidden_chars", "In Dateinamen nicht erlaubt: %@"},
+    {"export_warning_unknown_placeholders", "Unbekannte Platzhalter, werden unverändert übernommen: %@"},
+    {"settings_updates_unavailable", "In diesem Build von Orvanta ist die Suche nach Updates nicht eingerichtet."},
 
     // style presets
     {"style_profile_title", "Stilvorgabe"},

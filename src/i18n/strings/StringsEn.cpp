@@ -183,6 +183,10 @@ constexpr StringEntry kEntries[] = {
     {"settings_about_engine_badge", "Powered by the Orvanta Ultra HDR Engine"},
     {"settings_about_ack_title", "Acknowledgments"},
     {"settings_about_ack_desc", "Orvanta is built on these open-source projects. Many thanks to their authors and communities."},
+    // settings window: naming template warnings and the updates page
+    {"export_warning_forbidden_chars", "File names cannot contain: %@"},
+    {"export_warning_unknown_placeholders", "Unknown placeholders, written out as typed: %@"},
+    {"settings_updates_unavailable", "Update checks are not set up in this build of Orvanta."},
 
     // style presets
     {"style_profile_title", "Style Preset"},

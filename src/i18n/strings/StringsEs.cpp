@@ -183,6 +183,10 @@ constexpr StringEntry kEntries[] = {
     {"settings_about_engine_badge", "Con la tecnología del motor Orvanta Ultra HDR"},
     {"settings_about_ack_title", "Agradecimientos"},
     {"settings_about_ack_desc", "Orvanta se basa en estos proyectos de código abierto. Muchas gracias a sus autores y comunidades."},
+    // settings window: naming template warnings and the updates page
+    {"export_warning_forbidden_chars", "No permitido en nombres de archivo: %@"},
+    {"export_warning_unknown_placeholders", "Marcadores desconocidos, se escriben tal cual: %@"},
+    {"settings_updates_unavailable", "La búsqueda de actualizaciones no está configurada en esta compilación de Orvanta."},
 
     // style presets
     {"style_profile_title", "Estilo predefinido"},

@@ -183,6 +183,10 @@ constexpr StringEntry kEntries[] = {
     {"settings_about_engine_badge", "Propulsé par le moteur Orvanta Ultra HDR"},
     {"settings_about_ack_title", "Remerciements"},
     {"settings_about_ack_desc", "Orvanta repose sur ces projets open source. Un grand merci à leurs auteurs et à leurs communautés."},
+    // settings window: naming template warnings and the updates page
+    {"export_warning_forbidden_chars", "Caractères interdits dans les noms de fichiers : %@"},
+    {"export_warning_unknown_placeholders", "Variables inconnues, recopiées telles quelles : %@"},
+    {"settings_updates_unavailable", "La recherche de mises à jour n'est pas configurée dans cette version d'Orvanta."},
 
     // style presets
     {"style_profile_title", "Préréglage de style"},

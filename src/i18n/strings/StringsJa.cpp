@@ -183,6 +183,10 @@ constexpr StringEntry kEntries[] = {
     {"settings_about_engine_badge", "Orvanta Ultra HDR エンジン搭載"},
     {"settings_about_ack_title", "謝辞"},
     {"settings_about_ack_desc", "Orvanta は以下のオープンソースプロジェクトを基に開発されています。作者とコミュニティの皆様に深く感謝いたします。"},
+    // settings window: naming template warnings and the updates page
+    {"export_warning_forbidden_chars", "ファイル名に使用できない文字：%@"},
+    {"export_warning_unknown_placeholders", "不明なプレースホルダー（入力どおりに出力されます）：%@"},
+    {"settings_updates_unavailable", "このビルドの Orvanta ではアップデートの確認が設定されていません。"},
 
     // style presets
     {"style_profile_title", "スタイルプリセット"},

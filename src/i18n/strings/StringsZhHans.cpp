@@ -183,6 +183,10 @@ constexpr StringEntry kEntries[] = {
     {"settings_about_engine_badge", "由 Orvanta Ultra HDR 引擎驱动"},
     {"settings_about_ack_title", "致谢"},
     {"settings_about_ack_desc", "Orvanta 基于以下开源项目构建，衷心感谢这些项目的作者与社区。"},
+    // settings window: naming template warnings and the updates page
+    {"export_warning_forbidden_chars", "文件名中不允许使用：%@"},
+    {"export_warning_unknown_placeholders", "未知的占位符，将按原样写入：%@"},
+    {"settings_updates_unavailable", "此版本的 Orvanta 未配置更新检查。"},
 
     // style presets
     {"style_profile_title", "风格预设"},

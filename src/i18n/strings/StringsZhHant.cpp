@@ -183,6 +183,10 @@ constexpr StringEntry kEntries[] = {
     {"settings_about_engine_badge", "採用 Orvanta Ultra HDR 引擎"},
     {"settings_about_ack_title", "致謝"},
     {"settings_about_ack_desc", "Orvanta 以下列開放原始碼專案為基礎打造，衷心感謝這些專案的作者與社群。"},
+    // settings window: naming template warnings and the updates page
+    {"export_warning_forbidden_chars", "檔案名稱中不允許使用：%@"},
+    {"export_warning_unknown_placeholders", "未知的預留位置，將依原樣寫入：%@"},
+    {"settings_updates_unavailable", "此版本的 Orvanta 未設定更新檢查。"},
 
     // style presets
     {"style_profile_title", "風格預設集"},
