@@ -233,6 +233,13 @@ void BatchRunner::processPair(const PhotoPair &pair, int index)
     const QString name = outputFileName(m_options.namingTemplate, facts);
     const QString output = QDir(folder).filePath(name);
     QString error = rendered.error;
+    // The destination itself is never re-created here: a vanished drive must
+    // stop the batch, not fill the mount point's folder.
+    if (error.isEmpty() && m_options.enableCanary && !QFileInfo(m_options.destDir).isDir()) {
+        error = u"the destination folder has disappeared: "_s + m_options.destDir;
+        if (!m_canaryTripped.exchange(true))
+            m_log.line(u"❌ Storage canary: stopping the batch, "_s + error);
+    }
     if (error.isEmpty() && !QDir().mkpath(folder))
         error = u"cannot create "_s + folder;
     if (error.isEmpty()) {
