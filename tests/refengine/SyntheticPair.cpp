@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QList>
+#include <QPainter>
 #include <QtEndian>
 
 #include <algorithm>
@@ -105,10 +106,62 @@ QList<TiffEntry> cameraEntries(const SceneSpec &spec)
 
 bool inside(const QRect &r, int x, int y) { return r.contains(x, y); }
 
+float srgbDecode(int code)
+{
+    const double e = code / 255.0;
+    return float(e <= 0.04045 ? e / 12.92 : std::pow((e + 0.055) / 1.055, 2.4));
+}
+
+struct FaceGeometry
+{
+    double cx, cy, fw, fh;
+};
+
+FaceGeometry faceGeometry(const SceneSpec &s)
+{
+    return { s.width * 0.72, s.height * 0.5, s.height * 0.26, s.height * 0.34 };
+}
+
+// A drawn face: hair, skin, brows, eyes, nose and mouth, enough for a
+// frontal-face detector. Kept for the last size asked for.
+const QImage &faceLayer(const SceneSpec &spec)
+{
+    static QImage layer;
+    if (layer.size() == QSize(spec.width, spec.height))
+        return layer;
+    layer = QImage(spec.width, spec.height, QImage::Format_ARGB32);
+    layer.fill(Qt::transparent);
+    QPainter p(&layer);
+    p.setRenderHint(QPainter::Antialiasing, false);
+    const auto [cx, cy, fw, fh] = faceGeometry(spec);
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor(40, 30, 25));
+    p.drawEllipse(QPointF(cx, cy - fh * 0.25), fw * 1.08, fh * 0.9);
+    p.setBrush(QColor(232, 182, 150));
+    p.drawEllipse(QPointF(cx, cy + fh * 0.05), fw * 0.95, fh);
+    p.setBrush(QColor(60, 40, 35));
+    p.drawRect(QRectF(cx - fw * 0.62, cy - fh * 0.32, fw * 0.45, fh * 0.07));
+    p.drawRect(QRectF(cx + fw * 0.17, cy - fh * 0.32, fw * 0.45, fh * 0.07));
+    p.setBrush(QColor(50, 35, 30));
+    p.drawEllipse(QPointF(cx - fw * 0.4, cy - fh * 0.12), fw * 0.16, fh * 0.07);
+    p.drawEllipse(QPointF(cx + fw * 0.4, cy - fh * 0.12), fw * 0.16, fh * 0.07);
+    p.setBrush(QColor(190, 135, 110));
+    p.drawEllipse(QPointF(cx, cy + fh * 0.18), fw * 0.14, fh * 0.08);
+    p.setBrush(QColor(150, 70, 70));
+    p.drawEllipse(QPointF(cx, cy + fh * 0.45), fw * 0.35, fh * 0.07);
+    return layer;
+}
+
 } // namespace
 
 QRect sunRect(const SceneSpec &s) { return { s.width / 8, s.height / 6, s.width / 5, s.height / 4 }; }
 QRect blownRect(const SceneSpec &s) { return { s.width * 5 / 8, s.height / 6, s.width / 8, s.height / 6 }; }
+QRect cheekRect(const SceneSpec &s)
+{
+    const FaceGeometry f = faceGeometry(s);
+    return QRectF(f.cx - f.fw * 0.7, f.cy + f.fh * 0.05, f.fw * 0.35, f.fh * 0.2).toRect();
+}
+
 QRect shadowRect(const SceneSpec &s) { return { s.width / 10, s.height * 2 / 3, s.width / 4, s.height / 4 }; }
 
 void sceneRadiance(const SceneSpec &spec, int x, int y, float rgb[3])
@@ -119,6 +172,10 @@ void sceneRadiance(const SceneSpec &spec, int x, int y, float rgb[3])
     rgb[0] = base * 0.9f;
     rgb[1] = base;
     rgb[2] = base * (1.1f - 0.2f * t);
+    if (spec.backlit) {
+        rgb[0] = rgb[1] = rgb[2] = y < spec.height / 2 ? 0.85f : 0.015f;
+        return;
+    }
     if (inside(shadowRect(spec), x, y))
         rgb[0] = rgb[1] = rgb[2] = 0.02f;
     if (inside(sunRect(spec), x, y)) {
@@ -126,15 +183,15 @@ void sceneRadiance(const SceneSpec &spec, int x, int y, float rgb[3])
         rgb[1] = 5.6f;
         rgb[2] = 4.8f;
     }
-    if (inside(blownRect(spec), x, y))
+    if (!spec.face && inside(blownRect(spec), x, y))
         rgb[0] = rgb[1] = rgb[2] = 20.0f;
     if (spec.face) {
-        const float dx = (x - spec.width * 0.75f) / (spec.width * 0.1f);
-        const float dy = (y - spec.height * 0.6f) / (spec.height * 0.18f);
-        if (dx * dx + dy * dy < 1.0f) {
-            rgb[0] = 0.75f;
-            rgb[1] = 0.45f;
-            rgb[2] = 0.33f;
+        const QImage &face = faceLayer(spec);
+        const QRgb px = face.pixel(x, y);
+        if (qAlpha(px) == 255) {
+            rgb[0] = srgbDecode(qRed(px));
+            rgb[1] = srgbDecode(qGreen(px));
+            rgb[2] = srgbDecode(qBlue(px));
         }
     }
 }

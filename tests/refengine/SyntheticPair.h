@@ -21,13 +21,16 @@ struct SceneSpec
     std::optional<int> exifRating; // Exif.Image.Rating of the JPG
     QString dateTimeOriginal = QStringLiteral("2024:05:06 07:08:09");
     QString model = QStringLiteral("Synthetic");
-    bool face = false; // paint a face-like pattern (not a real face)
+    bool backlit = false; // bright sky over a dark subject filling the lower half
+    bool face = false; // paint a drawn face on the right-hand side
 };
 
 // The bright "sun" the RAW holds above white (about 2.6 stops), in stored pixels.
 QRect sunRect(const SceneSpec &spec);
 // A region the RAW clips as well (above its white level).
 QRect blownRect(const SceneSpec &spec);
+// A patch of skin on the drawn face's cheek (with `face`).
+QRect cheekRect(const SceneSpec &spec);
 // A dark region with no highlight.
 QRect shadowRect(const SceneSpec &spec);
 

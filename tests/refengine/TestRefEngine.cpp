@@ -448,6 +448,65 @@ private slots:
         QVERIFY(!QDir(m_dest).exists());
     }
 
+    void facesAreFoundAndSkinIsDampedBySkinValue()
+    {
+        SceneSpec portrait;
+        portrait.width = 480;
+        portrait.height = 320;
+        portrait.face = true;
+        QVERIFY(writePair(m_source, u"face"_s, portrait));
+        const auto convert = [&](const QString &skinDamp, double &cheek, int &faces) {
+            EngineProcess engine(runArgs({ u"-f"_s, u"--profile-id"_s, u"custom"_s, u"--mid-target"_s, u"1.50"_s,
+                                           u"--power-mid"_s, u"1.50"_s, u"--skin-damp"_s, skinDamp }));
+            QCOMPARE(engine.run(), 0);
+            faces = engine.event(u"item_done"_s).value(u"faces"_s).toInt();
+            const UltraHdrDecodeResult hdr = decodeUltraHdrFile(m_dest + u"/face_hdr.jpg"_s);
+            const UltraHdrDecodeResult sdr = decodeUltraHdrFile(m_dest + u"/face_hdr.jpg"_s, { 1.0 });
+            const QImage mask = displayMask(portrait, cheekRect(portrait));
+            cheek = meanLuminance(hdr.image, mask) / meanLuminance(sdr.image, mask);
+        };
+        double undamped = 0, damped = 0;
+        int facesUndamped = 0, facesDamped = 0;
+        convert(u"0.00"_s, undamped, facesUndamped);
+        convert(u"1.00"_s, damped, facesDamped);
+        QCOMPARE(facesUndamped, 1);
+        QCOMPARE(facesDamped, 1);
+        QCOMPARE(rowFor(u"face"_s).value(u"num_faces"_s).toInt(), 1);
+        // Undamped, the cheek is lifted like any bright mid-tone; fully damped it stays as the JPG shows it.
+        QVERIFY2(undamped > 1.3, qPrintable(QString::number(undamped)));
+        QVERIFY2(damped < 1.1, qPrintable(QString::number(damped)));
+    }
+
+    void sceneWithoutFacesReportsNone()
+    {
+        QVERIFY(writePair(m_source, u"noface"_s));
+        EngineProcess engine(runArgs());
+        QCOMPARE(engine.run(), 0);
+        QCOMPARE(engine.event(u"item_done"_s).value(u"faces"_s).toInt(), 0);
+    }
+
+    void backlitFillLiftsTheDarkSubjectOnlyWhenAskedAndBacklit()
+    {
+        SceneSpec backlit;
+        backlit.backlit = true;
+        QVERIFY(writePair(m_source, u"sky"_s, backlit));
+        QVERIFY(writePair(m_source, u"plain"_s));
+        const auto shadowGain = [&](const QString &stem, const SceneSpec &spec, QRect rect) {
+            const QString file = m_dest + u'/' + stem + u"_hdr.jpg"_s;
+            const QImage mask = displayMask(spec, rect);
+            return meanLuminance(decodeUltraHdrFile(file).image, mask)
+                / meanLuminance(decodeUltraHdrFile(file, { 1.0 }).image, mask);
+        };
+        const QRect subject(10, backlit.height * 3 / 4, backlit.width - 20, backlit.height / 4 - 10);
+        QCOMPARE(EngineProcess(runArgs()).run(), 0);
+        QVERIFY(shadowGain(u"sky"_s, backlit, subject) < 1.1);
+        QCOMPARE(EngineProcess(runArgs({ u"-f"_s, u"--backlit-fill"_s })).run(), 0);
+        QVERIFY2(shadowGain(u"sky"_s, backlit, subject) > 1.3,
+                 qPrintable(QString::number(shadowGain(u"sky"_s, backlit, subject))));
+        // A frame that is not back-lit keeps its shadows even with the fill on.
+        QVERIFY(shadowGain(u"plain"_s, SceneSpec(), shadowRect(SceneSpec())) < 1.1);
+    }
+
     void debugMasksAreWrittenBesideTheOutput()
     {
         QDir().mkpath(QDir::homePath() + u"/.config/orvanta"_s);
