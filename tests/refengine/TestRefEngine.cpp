@@ -1,7 +1,7 @@
 // The engine end to end: pairs written by the test, the real binary, its
 // progress records, its state database and the Ultra HDR files it delivers.
 #include "EngineProcess.h"
-#include "SyntheticPair.h"
+#include "SamplePairs.h"
 
 #include "common/TestEnvironment.h"
 #include "hdr/UltraHdrDecoder.h"
@@ -22,6 +22,7 @@
 #include <csignal>
 
 using namespace orvanta;
+using namespace orvanta::samples;
 using namespace orvanta::test;
 using namespace Qt::StringLiterals;
 
@@ -153,15 +154,20 @@ private slots:
     void deliveredFileHoldsHighlightsAboveSdrWhite_data()
     {
         QTest::addColumn<int>("orientation");
-        QTest::newRow("upright") << 1;
-        QTest::newRow("turned 90 degrees") << 6;
-        QTest::newRow("upside down") << 3;
+        QTest::addColumn<bool>("bayer");
+        QTest::newRow("upright") << 1 << false;
+        QTest::newRow("turned 90 degrees") << 6 << false;
+        QTest::newRow("upside down") << 3 << false;
+        QTest::newRow("bayer mosaic") << 1 << true;
+        QTest::newRow("bayer mosaic, turned") << 8 << true;
     }
     void deliveredFileHoldsHighlightsAboveSdrWhite()
     {
         QFETCH(int, orientation);
+        QFETCH(bool, bayer);
         SceneSpec spec;
         spec.orientation = orientation;
+        spec.bayer = bayer;
         QVERIFY(writePair(m_source, u"IMG_0001"_s, spec));
         EngineProcess engine(runArgs());
         QCOMPARE(engine.run(), 0);

@@ -1,4 +1,4 @@
-#include "SyntheticPair.h"
+#include "SamplePairs.h"
 
 #include "hdr/JpegCodec.h"
 
@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace orvanta::test {
+namespace orvanta::samples {
 
 namespace {
 
@@ -198,15 +198,19 @@ void sceneRadiance(const SceneSpec &spec, int x, int y, float rgb[3])
 
 QByteArray makeDng(const SceneSpec &spec)
 {
-    QByteArray pixels(qsizetype(spec.width) * spec.height * 6, '\0');
+    const int samples = spec.bayer ? 1 : 3;
+    QByteArray pixels(qsizetype(spec.width) * spec.height * samples * 2, '\0');
     auto *out = reinterpret_cast<uchar *>(pixels.data());
     for (int y = 0; y < spec.height; ++y)
         for (int x = 0; x < spec.width; ++x) {
             float rgb[3];
             sceneRadiance(spec, x, y, rgb);
-            for (int c = 0; c < 3; ++c) {
-                const double v = std::min(kRawWhite, rgb[c] * kRawExposure * kRawWhite);
-                qToLittleEndian(quint16(std::lround(v)), out + (size_t(y) * spec.width + x) * 6 + c * 2);
+            const size_t at = (size_t(y) * spec.width + x) * samples;
+            for (int c = 0; c < samples; ++c) {
+                // RGGB: red on even rows and columns, blue on odd ones, green between.
+                const int channel = spec.bayer ? ((y & 1) + (x & 1)) : c;
+                const double v = std::min(kRawWhite, rgb[channel] * kRawExposure * kRawWhite);
+                qToLittleEndian(quint16(std::lround(v)), out + (at + c) * 2);
             }
         }
     // Camera space = linear sRGB: the colour matrix is the XYZ (D65) to sRGB one.
@@ -216,8 +220,7 @@ QByteArray makeDng(const SceneSpec &spec)
         { 557, 10000 }, { -2040, 10000 }, { 10570, 10000 } };
     QList<TiffEntry> ifd0 = cameraEntries(spec);
     ifd0 << longEntry(254, 0) << longEntry(256, quint32(spec.width)) << longEntry(257, quint32(spec.height))
-         << shortEntry(258, { 16, 16, 16 }) << shortEntry(259, { 1 }) << shortEntry(262, { 34892 })
-         << longEntry(273, 8) << shortEntry(277, { 3 }) << longEntry(278, quint32(spec.height))
+         << shortEntry(259, { 1 }) << longEntry(273, 8) << longEntry(278, quint32(spec.height))
          << longEntry(279, quint32(pixels.size())) << shortEntry(284, { 1 })
          << TiffEntry { 50706, 1, 4, QByteArray("\x01\x04\x00\x00", 4) }
          << asciiEntry(50708, QStringLiteral("Orvanta ") + spec.model)
@@ -225,6 +228,11 @@ QByteArray makeDng(const SceneSpec &spec)
          << rationalEntry(50721, 10, xyzToSrgb)
          << rationalEntry(50728, 5, { { 1, 1 }, { 1, 1 }, { 1, 1 } })
          << shortEntry(50778, { 21 });
+    if (spec.bayer)
+        ifd0 << shortEntry(258, { 16 }) << shortEntry(262, { 32803 }) << shortEntry(277, { 1 })
+             << shortEntry(33421, { 2, 2 }) << TiffEntry { 33422, 1, 4, QByteArray("\x00\x01\x01\x02", 4) };
+    else
+        ifd0 << shortEntry(258, { 16, 16, 16 }) << shortEntry(262, { 34892 }) << shortEntry(277, { 3 });
     return buildTiff(ifd0, {}, pixels);
 }
 
@@ -263,4 +271,4 @@ bool writePair(const QString &dir, const QString &stem, const SceneSpec &spec)
         && jpg.write(makeJpeg(spec)) > 0;
 }
 
-} // namespace orvanta::test
+} // namespace orvanta::samples

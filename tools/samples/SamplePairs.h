@@ -1,7 +1,8 @@
-// Writes RAW+JPG pairs of one synthetic scene for the engine's tests: a linear
-// DNG (three samples a pixel, as LibRaw reads it) that holds highlights up to
-// eight times SDR white, and a camera-style JPG of the same scene clipped at
-// white, with Exif (camera, capture date, orientation, optional rating).
+// Writes RAW+JPG pairs of one synthetic scene, for the engine's tests, its
+// benchmark and the demo folder: a DNG (linear RGB, or a Bayer mosaic like a
+// camera's) that holds highlights up to eight times SDR white, and a
+// camera-style JPG of the same scene clipped at white, with Exif (camera,
+// capture date, orientation, optional rating). Pure functions, any thread.
 #pragma once
 
 #include <QByteArray>
@@ -11,13 +12,14 @@
 
 #include <optional>
 
-namespace orvanta::test {
+namespace orvanta::samples {
 
 struct SceneSpec
 {
     int width = 240;  // as stored (sensor orientation)
     int height = 160;
     int orientation = 1;           // Exif orientation of both files
+    bool bayer = false;            // an RGGB mosaic instead of three samples a pixel
     std::optional<int> exifRating; // Exif.Image.Rating of the JPG
     QString dateTimeOriginal = QStringLiteral("2024:05:06 07:08:09");
     QString model = QStringLiteral("Synthetic");
@@ -43,4 +45,4 @@ QByteArray makeJpeg(const SceneSpec &spec);
 // Writes <dir>/<stem>.DNG and <dir>/<stem>.JPG.
 bool writePair(const QString &dir, const QString &stem, const SceneSpec &spec = {});
 
-} // namespace orvanta::test
+} // namespace orvanta::samples
