@@ -1,7 +1,7 @@
 // Seconds per RAW+JPG pair and the engine's peak memory, on 24-megapixel
 // Bayer DNG + JPG pairs written for the run. Each configuration runs the real
 // engine as a child process in a private home (its own state database) and
-// reads the child's peak resident size from wait4(). Run by hand:
+// reads the child's peak resident size and CPU time from wait4(). Run by hand:
 //   bench_refengine [pairs=4] [width=6000] [height=4000]
 #include "SamplePairs.h"
 
@@ -24,6 +24,7 @@ namespace {
 struct Run
 {
     double seconds = 0;
+    double cpuSeconds = 0;
     long peakKiB = 0;
     int status = -1;
 };
@@ -36,6 +37,7 @@ Run runEngine(const QString &home, const QString &source, const QString &dest, i
     const QByteArray w = QByteArray::number(workers);
     QElapsedTimer timer;
     timer.start();
+    std::fflush(stdout);
     const pid_t pid = fork();
     if (pid == 0) {
         setenv("HOME", h.constData(), 1);
@@ -53,6 +55,8 @@ Run runEngine(const QString &home, const QString &source, const QString &dest, i
     wait4(pid, &status, 0, &usage);
     run.seconds = timer.nsecsElapsed() / 1e9;
     run.peakKiB = usage.ru_maxrss;
+    run.cpuSeconds = usage.ru_utime.tv_sec + usage.ru_utime.tv_usec / 1e6 + usage.ru_stime.tv_sec
+        + usage.ru_stime.tv_usec / 1e6;
     run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     return run;
 }
@@ -76,11 +80,15 @@ int main(int argc, char *argv[])
         if (!writePair(source, u"P%1"_s.arg(i), spec))
             return 1;
     }
-    std::printf("%-8s %10s %14s %14s %8s\n", "workers", "seconds", "s per pair", "peak MiB", "status");
+    double load[3] = {};
+    getloadavg(load, 3);
+    std::printf("load average before the runs: %.2f (the machine's other work shares the cores)\n", load[0]);
+    std::printf("%-8s %10s %12s %14s %12s %8s\n", "workers", "seconds", "s per pair", "CPU s per pair",
+                "peak MiB", "status");
     for (int workers : { 1, 2 }) {
         const Run run = runEngine(dir.path(), source, dest, workers);
-        std::printf("%-8d %10.2f %14.2f %14.0f %8d\n", workers, run.seconds, run.seconds / pairs,
-                    run.peakKiB / 1024.0, run.status);
+        std::printf("%-8d %10.2f %12.2f %14.2f %12.0f %8d\n", workers, run.seconds, run.seconds / pairs,
+                    run.cpuSeconds / pairs, run.peakKiB / 1024.0, run.status);
     }
     return 0;
 }

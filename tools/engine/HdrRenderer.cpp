@@ -11,6 +11,7 @@
 #include <QFloat16>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <vector>
 
@@ -22,11 +23,24 @@ namespace {
 
 constexpr double kHeadroomStops = 3.0; // the most the highlight part may add
 constexpr float kOffset = 1.0f / 64.0f; // the writer's SDR/HDR offsets
+constexpr int kWorkLongSide = 1500;     // gains are worked out at about this size
 
 double smoothstep(double e0, double e1, double x)
 {
     const double t = std::clamp((x - e0) / (e1 - e0), 0.0, 1.0);
     return t * t * (3.0 - 2.0 * t);
+}
+
+// sRGB code value to linear light, for all 256 codes.
+const std::array<float, 256> &srgbTable()
+{
+    static const std::array<float, 256> table = [] {
+        std::array<float, 256> t {};
+        for (int i = 0; i < 256; ++i)
+            t[i] = srgbToLinear(i / 255.0f);
+        return t;
+    }();
+    return table;
 }
 
 float luminance(float r, float g, float b)
@@ -71,13 +85,14 @@ WorkPlanes makePlanes(const QImage &sdr8, const QImage &raw64)
     p.sdr.resize(n * 3);
     p.raw.resize(n * 3);
     p.brightness.resize(n);
+    const auto &lut = srgbTable();
     for (int y = 0; y < p.height; ++y) {
         const uchar *s = sdr8.constScanLine(y);
         const auto *r = reinterpret_cast<const quint16 *>(raw64.constScanLine(y));
         for (int x = 0; x < p.width; ++x) {
             const size_t i = size_t(y) * p.width + x;
             for (int c = 0; c < 3; ++c) {
-                p.sdr[i * 3 + c] = srgbToLinear(s[x * 3 + c] / 255.0f);
+                p.sdr[i * 3 + c] = lut[s[x * 3 + c]];
                 p.raw[i * 3 + c] = r[x * 4 + c] / 65535.0f;
             }
             p.brightness[i] = std::max({ s[x * 3], s[x * 3 + 1], s[x * 3 + 2] }) / 255.0f;
@@ -126,7 +141,7 @@ double backlitStrength(const WorkPlanes &p)
 
 struct GainPlanes
 {
-    std::vector<float> log2Gain; // per channel, of (hdr + offset) / (sdr + offset)
+    std::vector<float> factor; // per channel: (hdr + offset) / (sdr + offset)
     std::vector<float> lift;     // stops, for the mask and the peak
     double peakStops = 0.0;
 };
@@ -135,7 +150,7 @@ GainPlanes computeGains(const WorkPlanes &p, const Tuning &t, const QImage &skin
 {
     GainPlanes g;
     const size_t n = p.brightness.size();
-    g.log2Gain.resize(n * 3);
+    g.factor.resize(n * 3);
     g.lift.resize(n);
     std::vector<float> peaks;
     peaks.reserve(n);
@@ -160,7 +175,7 @@ GainPlanes computeGains(const WorkPlanes &p, const Tuning &t, const QImage &skin
             double chroma = cs + (cr - cs) * clip;
             chroma = 1.0 + (chroma - 1.0) * (1.0 + t.chromaBoost * hiShare);
             const double hdr = std::max(0.0, yHdr * chroma);
-            g.log2Gain[i * 3 + c] = float(std::log2((hdr + kOffset) / (s[c] + kOffset)));
+            g.factor[i * 3 + c] = float((hdr + kOffset) / (s[c] + kOffset));
         }
         peaks.push_back(float(yHdr));
     }
@@ -170,30 +185,54 @@ GainPlanes computeGains(const WorkPlanes &p, const Tuning &t, const QImage &skin
     return g;
 }
 
-// The full-size HDR picture: the full JPG times the work-size gains, sampled bilinearly.
+// Bilinear sampling positions of one axis: for each output coordinate the
+// two source indices and the weight of the second.
+struct Taps
+{
+    std::vector<int> i0, i1;
+    std::vector<float> w;
+};
+
+Taps tapsFor(int outSize, int inSize)
+{
+    Taps t;
+    t.i0.resize(outSize);
+    t.i1.resize(outSize);
+    t.w.resize(outSize);
+    const double scale = double(inSize) / outSize;
+    for (int o = 0; o < outSize; ++o) {
+        const double f = std::clamp((o + 0.5) * scale - 0.5, 0.0, inSize - 1.0);
+        t.i0[o] = int(f);
+        t.i1[o] = std::min(t.i0[o] + 1, inSize - 1);
+        t.w[o] = float(f - t.i0[o]);
+    }
+    return t;
+}
+
+// The full-size HDR picture: the full JPG times the work-size gain factors,
+// sampled bilinearly.
 QImage buildHdr(const QImage &full, const GainPlanes &g, int gw, int gh)
 {
     QImage hdr(full.size(), QImage::Format_RGBA16FPx4);
-    const double sx = double(gw) / full.width(), sy = double(gh) / full.height();
+    const Taps tx = tapsFor(full.width(), gw), ty = tapsFor(full.height(), gh);
+    const auto &lut = srgbTable();
+    const qfloat16 one(1.0f);
     for (int y = 0; y < full.height(); ++y) {
-        const double fy = std::clamp((y + 0.5) * sy - 0.5, 0.0, gh - 1.0);
-        const int y0 = int(fy), y1 = std::min(y0 + 1, gh - 1);
-        const float wy = float(fy - y0);
+        const float *r0 = &g.factor[size_t(ty.i0[y]) * gw * 3];
+        const float *r1 = &g.factor[size_t(ty.i1[y]) * gw * 3];
+        const float wy = ty.w[y];
         const uchar *s = full.constScanLine(y);
         auto *out = reinterpret_cast<qfloat16 *>(hdr.scanLine(y));
         for (int x = 0; x < full.width(); ++x) {
-            const double fx = std::clamp((x + 0.5) * sx - 0.5, 0.0, gw - 1.0);
-            const int x0 = int(fx), x1 = std::min(x0 + 1, gw - 1);
-            const float wx = float(fx - x0);
+            const int a = tx.i0[x] * 3, b = tx.i1[x] * 3;
+            const float wx = tx.w[x];
             for (int c = 0; c < 3; ++c) {
-                const auto at = [&](int xx, int yy) { return g.log2Gain[(size_t(yy) * gw + xx) * 3 + c]; };
-                const float top = at(x0, y0) + (at(x1, y0) - at(x0, y0)) * wx;
-                const float bottom = at(x0, y1) + (at(x1, y1) - at(x0, y1)) * wx;
-                const float gain = top + (bottom - top) * wy;
-                const float sdr = srgbToLinear(s[x * 3 + c] / 255.0f);
-                out[x * 4 + c] = qfloat16(std::max(0.0f, (sdr + kOffset) * std::exp2(gain) - kOffset));
+                const float top = r0[a + c] + (r0[b + c] - r0[a + c]) * wx;
+                const float bottom = r1[a + c] + (r1[b + c] - r1[a + c]) * wx;
+                const float factor = top + (bottom - top) * wy;
+                out[x * 4 + c] = qfloat16(std::max(0.0f, (lut[s[x * 3 + c]] + kOffset) * factor - kOffset));
             }
-            out[x * 4 + 3] = qfloat16(1.0f);
+            out[x * 4 + 3] = one;
         }
     }
     return hdr;
@@ -240,7 +279,11 @@ RenderResult renderPair(const RenderRequest &request)
     const QImage full = decodeJpeg(jpgBytes, 1, result.error);
     if (full.isNull())
         return result;
-    const QImage work = full.width() > 1600 ? decodeJpeg(jpgBytes, 2, result.error) : full;
+    // Gains are computed at about the gain map's own resolution.
+    int scale = 1;
+    while (scale < 8 && std::max(full.width(), full.height()) / (scale * 2) >= kWorkLongSide)
+        scale *= 2;
+    const QImage work = scale > 1 ? decodeJpeg(jpgBytes, scale, result.error) : full;
     if (work.isNull())
         return result;
     const auto tags = exiv::readTags(request.jpgPath);
