@@ -122,8 +122,9 @@ int BatchRunner::run()
     }
     const int workers = chooseWorkerCount(int(m_pending.size()));
     if (!m_pending.isEmpty())
-        m_log.line(u"🚀 Converting %1 pairs with %2 workers (profile %3)"_s
-                       .arg(m_pending.size()).arg(workers).arg(m_options.profileId));
+        m_log.line(u"🚀 Converting %1 pair%2 with %3 worker%4 (profile %5)"_s
+                       .arg(m_pending.size()).arg(m_pending.size() == 1 ? u""_s : u"s"_s)
+                       .arg(workers).arg(workers == 1 ? u""_s : u"s"_s).arg(m_options.profileId));
     std::atomic<int> running { workers };
     std::vector<std::thread> pool;
     for (int w = 0; w < workers && !m_pending.isEmpty(); ++w)
