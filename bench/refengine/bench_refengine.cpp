@@ -80,6 +80,9 @@ int main(int argc, char *argv[])
         if (!writePair(source, u"P%1"_s.arg(i), spec))
             return 1;
     }
+    // The pairs just written are still being flushed to disk; a run's first
+    // fsync would wait for all of it, so flush before timing anything.
+    ::sync();
     double load[3] = {};
     getloadavg(load, 3);
     std::printf("load average before the runs: %.2f (the machine's other work shares the cores)\n", load[0]);

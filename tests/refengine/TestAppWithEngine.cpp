@@ -5,6 +5,8 @@
 
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
+#include "engine/EngineDoctor.h"
+#include "engine/SystemProbes.h"
 
 #include <QDir>
 #include <QFile>
@@ -32,6 +34,56 @@ private slots:
     void initTestCase()
     {
         qputenv("ORVANTA_BIN", ORVANTA_ENGINE_PATH);
+    }
+
+    // A stand-in named like our engine whose doctor prints `report`.
+    QString fakeEngine(const QString &folder, const QByteArray &report)
+    {
+        QDir().mkpath(m_dir.filePath(folder));
+        const QString path = m_dir.filePath(folder + u"/orvanta_engine"_s);
+        QFile script(path);
+        if (!script.open(QIODevice::WriteOnly))
+            return {};
+        script.write("#!/bin/sh\nprintf '%s\\n' '" + report + "'\n");
+        script.close();
+        script.setPermissions(script.permissions() | QFile::ExeOwner);
+        return path;
+    }
+
+    void environmentCheckTrustsTheEnginesDoctor()
+    {
+        qputenv("ORVANTA_BIN", fakeEngine(u"doctor-missing"_s, R"({"missing":["libraw","opencv"]})").toUtf8());
+        AppViewModel model;
+        QTRY_COMPARE_WITH_TIMEOUT(model.missingDependencyMessage(), u"libraw, opencv"_s, 10000);
+        QVERIFY(!model.isEnvironmentHealthy());
+
+        // The real engine finds everything it needs on this machine.
+        qputenv("ORVANTA_BIN", ORVANTA_ENGINE_PATH);
+        model.checkEnvironment();
+        QTRY_VERIFY_WITH_TIMEOUT(model.isEnvironmentHealthy(), 10000);
+        QCOMPARE(model.missingDependencyMessage(), QString());
+    }
+
+    void engineWithoutADoctorKeepsTheFixedToolList()
+    {
+        qputenv("ORVANTA_BIN", fakeEngine(u"doctor-silent"_s, "usage: no such command").toUtf8());
+        AppViewModel model;
+        const QString fixed = missingTools(ToolProbeContext::system()).join(u", "_s);
+        QCOMPARE(model.missingDependencyMessage(), fixed);
+        // Once the stand-in's query has ended, the fixed list still stands.
+        QTRY_VERIFY_WITH_TIMEOUT(model.findChildren<EngineDoctorQuery *>().isEmpty(), 10000);
+        QCOMPARE(model.missingDependencyMessage(), fixed);
+        qputenv("ORVANTA_BIN", ORVANTA_ENGINE_PATH);
+    }
+
+    void doctorReportParsing()
+    {
+        QCOMPARE(parseDoctorReport(R"({"missing":[]})"), std::optional<QStringList>(QStringList()));
+        QCOMPARE(parseDoctorReport(R"({"missing":["a","b"]})"), std::optional<QStringList>({ u"a"_s, u"b"_s }));
+        QCOMPARE(parseDoctorReport(R"({"missing":"a"})"), std::nullopt);
+        QCOMPARE(parseDoctorReport(R"({"missing":[1]})"), std::nullopt);
+        QCOMPARE(parseDoctorReport("not json"), std::nullopt);
+        QCOMPARE(parseDoctorReport(R"(["missing"])"), std::nullopt);
     }
 
     void batchOverGeneratedPairsFillsTheHistory()
