@@ -12,6 +12,8 @@ packages=(
   qt6-image-formats-plugins libqt6svg6 qt6-qpa-plugins
   # libraries
   libsqlite3-dev libexiv2-dev libraw-dev libjpeg62-turbo-dev libsodium-dev
+  # the engine: face detection and the Haar cascades it ships
+  libopencv-core-dev libopencv-imgproc-dev libopencv-objdetect-dev opencv-data
   # headless testing: X server for GL widgets, a private session bus
   xvfb xauth dbus-daemon dbus libgl1-mesa-dri libgl-dev libegl-dev
   # runtime

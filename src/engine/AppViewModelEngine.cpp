@@ -4,6 +4,8 @@
 #include "core/AppViewModel.h"
 #include "engine/BatchEvent.h"
 #include "engine/DockProgressManager.h"
+#include "engine/EngineDoctor.h"
+#include "engine/EngineLaunch.h"
 #include "engine/EngineService.h"
 #include "engine/NotificationManager.h"
 #include "engine/SystemProbes.h"
@@ -67,6 +69,16 @@ void AppViewModel::checkEnvironment()
     const QStringList missing = missingTools(ToolProbeContext::system());
     setIsEnvironmentHealthy(missing.isEmpty());
     setMissingDependencyMessage(missing.join(u", "_s));
+    // Our own engine knows best what it needs: its answer, when it comes,
+    // replaces the fixed tool list. An older query's answer is dropped.
+    qDeleteAll(findChildren<EngineDoctorQuery *>(Qt::FindDirectChildrenOnly));
+    const QString engine = resolveEngineBinary(EngineLocatorContext::system());
+    if (auto *query = EngineDoctorQuery::start(engine, this)) {
+        connect(query, &EngineDoctorQuery::answered, this, [this](const QStringList &engineMissing) {
+            setIsEnvironmentHealthy(engineMissing.isEmpty());
+            setMissingDependencyMessage(engineMissing.join(u", "_s));
+        });
+    }
 }
 
 void AppViewModel::updateMemoryProbe()

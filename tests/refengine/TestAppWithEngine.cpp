@@ -1,0 +1,151 @@
+// The application's own batch controller driving the real engine: a batch
+// over generated pairs, the status line and console it ends with, the history
+// it then shows, an up-to-date second run, and a stop in the middle.
+#include "SamplePairs.h"
+
+#include "common/TestEnvironment.h"
+#include "core/AppViewModel.h"
+#include "engine/EngineDoctor.h"
+#include "engine/SystemProbes.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace orvanta;
+using namespace orvanta::samples;
+using namespace Qt::StringLiterals;
+
+class TestAppWithEngine : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dir;
+
+    void prepare(AppViewModel &model, const QString &name)
+    {
+        model.setSourceDir(m_dir.filePath(name));
+        model.setDestDir(m_dir.filePath(name + u"-out"_s));
+    }
+
+private slots:
+    void initTestCase()
+    {
+        qputenv("ORVANTA_BIN", ORVANTA_ENGINE_PATH);
+    }
+
+    // A stand-in named like our engine whose doctor prints `report`.
+    QString fakeEngine(const QString &folder, const QByteArray &report)
+    {
+        QDir().mkpath(m_dir.filePath(folder));
+        const QString path = m_dir.filePath(folder + u"/orvanta_engine"_s);
+        QFile script(path);
+        if (!script.open(QIODevice::WriteOnly))
+            return {};
+        script.write("#!/bin/sh\nprintf '%s\\n' '" + report + "'\n");
+        script.close();
+        script.setPermissions(script.permissions() | QFile::ExeOwner);
+        return path;
+    }
+
+    void environmentCheckTrustsTheEnginesDoctor()
+    {
+        qputenv("ORVANTA_BIN", fakeEngine(u"doctor-missing"_s, R"({"missing":["libraw","opencv"]})").toUtf8());
+        AppViewModel model;
+        QTRY_COMPARE_WITH_TIMEOUT(model.missingDependencyMessage(), u"libraw, opencv"_s, 10000);
+        QVERIFY(!model.isEnvironmentHealthy());
+
+        // The real engine finds everything it needs on this machine.
+        qputenv("ORVANTA_BIN", ORVANTA_ENGINE_PATH);
+        model.checkEnvironment();
+        QTRY_VERIFY_WITH_TIMEOUT(model.isEnvironmentHealthy(), 10000);
+        QCOMPARE(model.missingDependencyMessage(), QString());
+    }
+
+    void engineWithoutADoctorKeepsTheFixedToolList()
+    {
+        qputenv("ORVANTA_BIN", fakeEngine(u"doctor-silent"_s, "usage: no such command").toUtf8());
+        AppViewModel model;
+        const QString fixed = missingTools(ToolProbeContext::system()).join(u", "_s);
+        QCOMPARE(model.missingDependencyMessage(), fixed);
+        // Once the stand-in's query has ended, the fixed list still stands.
+        QTRY_VERIFY_WITH_TIMEOUT(model.findChildren<EngineDoctorQuery *>().isEmpty(), 10000);
+        QCOMPARE(model.missingDependencyMessage(), fixed);
+        qputenv("ORVANTA_BIN", ORVANTA_ENGINE_PATH);
+    }
+
+    void doctorReportParsing()
+    {
+        QCOMPARE(parseDoctorReport(R"({"missing":[]})"), std::optional<QStringList>(QStringList()));
+        QCOMPARE(parseDoctorReport(R"({"missing":["a","b"]})"), std::optional<QStringList>({ u"a"_s, u"b"_s }));
+        QCOMPARE(parseDoctorReport(R"({"missing":"a"})"), std::nullopt);
+        QCOMPARE(parseDoctorReport(R"({"missing":[1]})"), std::nullopt);
+        QCOMPARE(parseDoctorReport("not json"), std::nullopt);
+        QCOMPARE(parseDoctorReport(R"(["missing"])"), std::nullopt);
+    }
+
+    void batchOverGeneratedPairsFillsTheHistory()
+    {
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(writePair(m_dir.filePath(u"batch"_s), u"DSC%1"_s.arg(i), SceneSpec()));
+        AppViewModel model;
+        prepare(model, u"batch"_s);
+        model.setSelectedWorkers(2);
+        model.startProcessing();
+        QVERIFY(model.isRunning());
+        QTRY_VERIFY_WITH_TIMEOUT(!model.isRunning(), 120000);
+        QCOMPARE(model.statusMessage(), u"Batch completed (Success: 3, Failed: 0)"_s);
+        QVERIFY(model.consoleLogs().contains(u"✅ Pipeline execution completed successfully."_s));
+        QCOMPARE(model.scanPairs(), 3);
+        QCOMPARE(model.progressFraction(), 1.0);
+        QVERIFY(model.currentPeakStops() > 1.0);
+        QTRY_COMPARE_WITH_TIMEOUT(model.historyRecords().size(), 3, 10000);
+        for (const PhotoRecord &record : model.historyRecords()) {
+            QCOMPARE(record.status, u"SUCCESS"_s);
+            QVERIFY(QFile::exists(record.outputPath.value_or(QString())));
+            QVERIFY(record.peakStops.value_or(0) > 1.0);
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(model.historyStats().success, 3, 10000);
+
+        // The same folder again: everything is already delivered.
+        model.startProcessing();
+        QTRY_VERIFY_WITH_TIMEOUT(!model.isRunning(), 60000);
+        QCOMPARE(model.statusMessage(),
+                 u"All items are already up-to-date (skipped 3, no pending files)"_s);
+    }
+
+    void stopFinishesTheItemInFlightAndKeepsItsRecord()
+    {
+        SceneSpec big;
+        big.width = 1800;
+        big.height = 1200;
+        for (int i = 0; i < 5; ++i)
+            QVERIFY(writePair(m_dir.filePath(u"stop"_s), u"BIG%1"_s.arg(i), big));
+        AppViewModel model;
+        prepare(model, u"stop"_s);
+        model.setSelectedWorkers(1);
+        model.startProcessing();
+        QTRY_VERIFY_WITH_TIMEOUT(model.currentIndex() >= 1, 60000);
+        model.stopProcessing();
+        QTRY_VERIFY_WITH_TIMEOUT(!model.isRunning(), 30000);
+        QCOMPARE(model.statusMessage(), u"Cancelled by user"_s);
+        QVERIFY(model.consoleLogs().contains(
+            u"⚠️ Pipeline cancelled by user. In-flight tasks saved safely."_s));
+        // The history holds every run of this test; count this folder's rows.
+        const auto recorded = [&] {
+            qsizetype n = 0;
+            for (const PhotoRecord &record : model.historyRecords())
+                n += record.stem.startsWith(u"BIG"_s);
+            return n;
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(recorded() >= 1, 10000);
+        QVERIFY(recorded() < 5);
+        const QStringList delivered = QDir(model.destDir()).entryList(QDir::Files | QDir::Hidden);
+        QCOMPARE(delivered.size(), recorded());
+    }
+};
+
+ORVANTA_TEST_GUI_MAIN(TestAppWithEngine)
+#include "TestAppWithEngine.moc"

@@ -1,0 +1,571 @@
+// The engine end to end: pairs written by the test, the real binary, its
+// progress records, its state database and the Ultra HDR files it delivers.
+#include "EngineProcess.h"
+#include "SamplePairs.h"
+
+#include "common/TestEnvironment.h"
+#include "hdr/UltraHdrDecoder.h"
+#include "media/ExifOrientation.h"
+#include "media/ExivAdapter.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QPainter>
+#include <QRandomGenerator>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <sqlite3.h>
+
+#include <csignal>
+
+using namespace orvanta;
+using namespace orvanta::samples;
+using namespace orvanta::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Row = QVariantMap;
+
+QString dbPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+        + u"/Orvanta/pipeline_state.db"_s;
+}
+
+QList<Row> readRows()
+{
+    QList<Row> rows;
+    sqlite3 *db = nullptr;
+    if (sqlite3_open_v2(dbPath().toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK) {
+        sqlite3_close(db);
+        return rows;
+    }
+    sqlite3_stmt *st = nullptr;
+    sqlite3_prepare_v2(db, "SELECT * FROM processed_files ORDER BY stem", -1, &st, nullptr);
+    while (st && sqlite3_step(st) == SQLITE_ROW) {
+        Row row;
+        for (int c = 0; c < sqlite3_column_count(st); ++c) {
+            const QString name = QString::fromUtf8(sqlite3_column_name(st, c));
+            switch (sqlite3_column_type(st, c)) {
+            case SQLITE_NULL: row.insert(name, QVariant()); break;
+            case SQLITE_INTEGER: row.insert(name, sqlite3_column_int64(st, c)); break;
+            case SQLITE_FLOAT: row.insert(name, sqlite3_column_double(st, c)); break;
+            default:
+                row.insert(name, QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(st, c))));
+            }
+        }
+        rows << row;
+    }
+    sqlite3_finalize(st);
+    sqlite3_close(db);
+    return rows;
+}
+
+Row rowFor(const QString &stem)
+{
+    for (const Row &r : readRows())
+        if (r.value(u"stem"_s).toString() == stem)
+            return r;
+    return {};
+}
+
+QStringList filesUnder(const QString &dir)
+{
+    QStringList out;
+    QDirIterator it(dir, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (it.hasNext())
+        out << QDir(dir).relativeFilePath(it.next());
+    out.sort();
+    return out;
+}
+
+// Mean luminance of a decoded picture over the pixels where `mask` is set.
+double meanLuminance(const QImage &picture, const QImage &mask)
+{
+    const QImage f = picture.convertToFormat(QImage::Format_RGBA32FPx4);
+    double sum = 0;
+    int n = 0;
+    for (int y = 0; y < f.height(); ++y) {
+        const auto *px = reinterpret_cast<const float *>(f.constScanLine(y));
+        for (int x = 0; x < f.width(); ++x)
+            if (qGray(mask.pixel(x, y)) > 128) {
+                sum += 0.2126 * px[x * 4] + 0.7152 * px[x * 4 + 1] + 0.0722 * px[x * 4 + 2];
+                ++n;
+            }
+    }
+    return n ? sum / n : -1.0;
+}
+
+// A mask of `rect` (shrunk by a margin, stored pixels), turned as the file displays it.
+QImage displayMask(const SceneSpec &spec, QRect rect)
+{
+    QImage mask(spec.width, spec.height, QImage::Format_RGB32);
+    mask.fill(Qt::black);
+    QPainter(&mask).fillRect(rect.adjusted(4, 4, -4, -4), Qt::white);
+    return applyExifOrientation(mask, spec.orientation);
+}
+
+} // namespace
+
+class TestRefEngine : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_dir;
+    QString m_source, m_dest;
+
+    QStringList runArgs(const QStringList &extra = {}) const
+    {
+        return QStringList { u"run"_s, u"-s"_s, m_source, u"-d"_s, m_dest, u"--profile-id"_s,
+                             u"default"_s, u"--json-stream"_s } + extra;
+    }
+
+private slots:
+    void init()
+    {
+        m_source = m_dir.filePath(u"src-"_s + QString::number(QRandomGenerator::global()->generate()));
+        m_dest = m_source + u"-out"_s;
+        QDir().mkpath(m_source);
+        QFile::remove(dbPath());
+        QFile::remove(dbPath() + u"-wal"_s);
+        QFile::remove(dbPath() + u"-shm"_s);
+    }
+
+    void helpVersionAndBadOptions()
+    {
+        EngineProcess help({ u"--help"_s });
+        QCOMPARE(help.run(), 0);
+        QVERIFY(help.log().contains(u"run -s SOURCE -d DEST"_s));
+        EngineProcess version({ u"--version"_s });
+        QCOMPARE(version.run(), 0);
+        QVERIFY(version.log().startsWith(u"orvanta_engine "_s));
+        EngineProcess bad(runArgs({ u"--no-such-flag"_s }));
+        QCOMPARE(bad.run(), 1);
+        QVERIFY(bad.log().contains(u"unknown option --no-such-flag"_s));
+        EngineProcess missingDest({ u"run"_s, u"-s"_s, m_source });
+        QCOMPARE(missingDest.run(), 1);
+    }
+
+    void deliveredFileHoldsHighlightsAboveSdrWhite_data()
+    {
+        QTest::addColumn<int>("orientation");
+        QTest::addColumn<bool>("bayer");
+        QTest::newRow("upright") << 1 << false;
+        QTest::newRow("turned 90 degrees") << 6 << false;
+        QTest::newRow("upside down") << 3 << false;
+        QTest::newRow("bayer mosaic") << 1 << true;
+        QTest::newRow("bayer mosaic, turned") << 8 << true;
+    }
+    void deliveredFileHoldsHighlightsAboveSdrWhite()
+    {
+        QFETCH(int, orientation);
+        QFETCH(bool, bayer);
+        SceneSpec spec;
+        spec.orientation = orientation;
+        spec.bayer = bayer;
+        QVERIFY(writePair(m_source, u"IMG_0001"_s, spec));
+        EngineProcess engine(runArgs());
+        QCOMPARE(engine.run(), 0);
+
+        const QString output = m_dest + u"/IMG_0001_hdr.jpg"_s;
+        QVERIFY2(QFile::exists(output), qPrintable(engine.log()));
+        const UltraHdrDecodeResult hdr = decodeUltraHdrFile(output);
+        QVERIFY2(hdr.gainMapApplied, qPrintable(hdr.gainMapIssue + hdr.error));
+        // Where the RAW held the sun, the HDR rendition goes well above white;
+        // in the deep shadow it stays where the JPG has it.
+        const double sun = meanLuminance(hdr.image, displayMask(spec, sunRect(spec)));
+        const double shadow = meanLuminance(hdr.image, displayMask(spec, shadowRect(spec)));
+        QVERIFY2(sun > 2.0, qPrintable(QString::number(sun)));
+        QVERIFY2(shadow < 0.05, qPrintable(QString::number(shadow)));
+        // The camera's Exif travels with the picture.
+        const auto tags = exiv::readTags(output);
+        QVERIFY(tags.has_value());
+        QCOMPARE(tags->model.value_or(QString()), u"Synthetic"_s);
+        QCOMPARE(tags->orientation.value_or(1), orientation);
+    }
+
+    void recordsAndEventsDescribeTheSameItems()
+    {
+        QVERIFY(writePair(m_source, u"A"_s));
+        QVERIFY(writePair(m_source, u"B"_s));
+        EngineProcess engine(runArgs({ u"-w"_s, u"2"_s }));
+        QCOMPARE(engine.run(), 0);
+        const QJsonObject scan = engine.event(u"scan"_s);
+        QCOMPARE(scan.value(u"pairs"_s).toInt(), 2);
+        QCOMPARE(scan.value(u"pending"_s).toInt(), 2);
+        QCOMPARE(engine.events(u"item_start"_s).size(), 2);
+        const QList<QJsonObject> done = engine.events(u"item_done"_s);
+        QCOMPARE(done.size(), 2);
+        QCOMPARE(engine.event(u"batch_done"_s).value(u"success"_s).toInt(), 2);
+        for (const QJsonObject &item : done) {
+            const Row row = rowFor(item.value(u"stem"_s).toString());
+            QCOMPARE(row.value(u"status"_s).toString(), u"SUCCESS"_s);
+            QCOMPARE(row.value(u"peak_stops"_s).toDouble(), item.value(u"peak_stops"_s).toDouble());
+            QCOMPARE(row.value(u"raw_clip_pct"_s).toDouble(), item.value(u"bayer_clip"_s).toDouble());
+            QCOMPARE(row.value(u"num_faces"_s).toInt(), item.value(u"faces"_s).toInt());
+            QVERIFY(item.value(u"peak_stops"_s).toDouble() > 1.0);
+            // The blown square is clipped on the sensor too: about 1/64 of the frame.
+            QVERIFY(item.value(u"bayer_clip"_s).toDouble() > 0.5);
+            QVERIFY(item.value(u"bayer_clip"_s).toDouble() < 5.0);
+            QVERIFY(QFile::exists(row.value(u"output_path"_s).toString()));
+            QVERIFY(!row.value(u"processed_at"_s).toString().isEmpty());
+        }
+        QCOMPARE(filesUnder(m_dest), QStringList({ u"A_hdr.jpg"_s, u"B_hdr.jpg"_s }));
+    }
+
+    void databaseIsInWalModeWithIndexes()
+    {
+        QVERIFY(writePair(m_source, u"A"_s));
+        QCOMPARE(EngineProcess(runArgs()).run(), 0);
+        sqlite3 *db = nullptr;
+        QCOMPARE(sqlite3_open(dbPath().toUtf8().constData(), &db), SQLITE_OK);
+        sqlite3_stmt *st = nullptr;
+        sqlite3_prepare_v2(db, "PRAGMA journal_mode", -1, &st, nullptr);
+        QCOMPARE(sqlite3_step(st), SQLITE_ROW);
+        QCOMPARE(QByteArray(reinterpret_cast<const char *>(sqlite3_column_text(st, 0))), "wal");
+        sqlite3_finalize(st);
+        sqlite3_prepare_v2(db, "SELECT group_concat(name) FROM sqlite_master WHERE type='index' "
+                               "AND tbl_name='processed_files' AND name LIKE 'idx_%'", -1, &st, nullptr);
+        QCOMPARE(sqlite3_step(st), SQLITE_ROW);
+        const QString indexes = QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(st, 0)));
+        sqlite3_finalize(st);
+        sqlite3_close(db);
+        for (const char *column : { "processed_at", "stem", "peak_stops", "num_faces", "duration", "rating", "status" })
+            QVERIFY2(indexes.contains(QString::fromLatin1(column)), qPrintable(indexes));
+    }
+
+    void scanCountsOrphansAndSkipsDeliveredPairs()
+    {
+        QVERIFY(writePair(m_source, u"A"_s));
+        QVERIFY(writePair(m_source, u"B"_s));
+        QFile::copy(m_source + u"/A.DNG"_s, m_source + u"/lonely.nef"_s);
+        QFile::copy(m_source + u"/A.JPG"_s, m_source + u"/alone.jpeg"_s);
+        QFile notes(m_source + u"/notes.txt"_s);
+        QVERIFY(notes.open(QIODevice::WriteOnly));
+        notes.write("not a photo");
+        notes.close();
+
+        EngineProcess first(runArgs());
+        QCOMPARE(first.run(), 0);
+        QCOMPARE(first.event(u"scan"_s).value(u"orphans"_s).toInt(), 2);
+        QCOMPARE(first.event(u"scan"_s).value(u"pending"_s).toInt(), 2);
+
+        EngineProcess again(runArgs());
+        QCOMPARE(again.run(), 0);
+        QCOMPARE(again.event(u"scan"_s).value(u"skipped"_s).toInt(), 2);
+        QCOMPARE(again.event(u"scan"_s).value(u"pending"_s).toInt(), 0);
+        QCOMPARE(again.event(u"batch_done"_s).value(u"skipped"_s).toInt(), 2);
+        QVERIFY(again.events(u"item_start"_s).isEmpty());
+
+        // A changed JPG is a new pair; forcing takes everything again.
+        SceneSpec edited;
+        edited.dateTimeOriginal = u"2024:05:07 07:08:09"_s;
+        QFile jpg(m_source + u"/B.JPG"_s);
+        QVERIFY(jpg.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        jpg.write(makeJpeg(edited));
+        jpg.close();
+        EngineProcess changed(runArgs());
+        QCOMPARE(changed.run(), 0);
+        QCOMPARE(changed.event(u"scan"_s).value(u"pending"_s).toInt(), 1);
+        QCOMPARE(changed.event(u"item_start"_s).value(u"stem"_s).toString(), u"B"_s);
+
+        EngineProcess forced(runArgs({ u"-f"_s }));
+        QCOMPARE(forced.run(), 0);
+        QCOMPARE(forced.event(u"scan"_s).value(u"pending"_s).toInt(), 2);
+        QCOMPARE(readRows().size(), 3); // A, B before the edit, B after it
+    }
+
+    void deletedOutputIsDeliveredAgain()
+    {
+        QVERIFY(writePair(m_source, u"A"_s));
+        QCOMPARE(EngineProcess(runArgs()).run(), 0);
+        QVERIFY(QFile::remove(m_dest + u"/A_hdr.jpg"_s));
+        EngineProcess again(runArgs());
+        QCOMPARE(again.run(), 0);
+        QCOMPARE(again.event(u"scan"_s).value(u"pending"_s).toInt(), 1);
+        QVERIFY(QFile::exists(m_dest + u"/A_hdr.jpg"_s));
+    }
+
+    void dryRunReportsAndWritesNothing()
+    {
+        QVERIFY(writePair(m_source, u"A"_s));
+        QVERIFY(writePair(m_source, u"B"_s));
+        EngineProcess engine(runArgs({ u"-n"_s }));
+        QCOMPARE(engine.run(), 0);
+        QCOMPARE(engine.event(u"scan"_s).value(u"pending"_s).toInt(), 2);
+        QCOMPARE(engine.event(u"batch_done"_s).value(u"success"_s).toInt(), 0);
+        QVERIFY(engine.events(u"item_start"_s).isEmpty());
+        QVERIFY(!QDir(m_dest).exists());
+        QVERIFY(readRows().isEmpty());
+        QVERIFY(engine.log().contains(u"would convert A -> A_hdr.jpg"_s));
+    }
+
+    void ratingFilterReadsSidecarThenJpeg()
+    {
+        SceneSpec twoStars;
+        twoStars.exifRating = 2;
+        SceneSpec fourStars;
+        fourStars.exifRating = 4;
+        QVERIFY(writePair(m_source, u"exif2"_s, twoStars));
+        QVERIFY(writePair(m_source, u"exif4"_s, fourStars));
+        QVERIFY(writePair(m_source, u"sidecar5"_s, twoStars));
+        QVERIFY(writePair(m_source, u"unrated"_s));
+        QFile xmp(m_source + u"/sidecar5.xmp"_s);
+        QVERIFY(xmp.open(QIODevice::WriteOnly));
+        xmp.write("<x:xmpmeta xmlns:x='adobe:ns:meta/'><rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
+                  "<rdf:Description xmlns:xmp='http://ns.adobe.com/xap/1.0/' xmp:Rating=\"5\"/></rdf:RDF></x:xmpmeta>");
+        xmp.close();
+        EngineProcess engine(runArgs({ u"--min-rating"_s, u"3"_s, u"-n"_s }));
+        QCOMPARE(engine.run(), 0);
+        QCOMPARE(engine.event(u"scan"_s).value(u"pairs"_s).toInt(), 4);
+        QCOMPARE(engine.event(u"scan"_s).value(u"pending"_s).toInt(), 2);
+        QCOMPARE(engine.event(u"scan"_s).value(u"skipped"_s).toInt(), 2);
+        QVERIFY(engine.log().contains(u"would convert exif4"_s));
+        QVERIFY(engine.log().contains(u"would convert sidecar5"_s));
+    }
+
+    void stemsRestrictTheRun()
+    {
+        for (const QString &stem : { u"a"_s, u"b"_s, u"c"_s })
+            QVERIFY(writePair(m_source, stem));
+        EngineProcess engine(runArgs({ u"--stem"_s, u"a,c"_s }));
+        QCOMPARE(engine.run(), 0);
+        QCOMPARE(engine.event(u"scan"_s).value(u"pairs"_s).toInt(), 2);
+        QCOMPARE(filesUnder(m_dest), QStringList({ u"a_hdr.jpg"_s, u"c_hdr.jpg"_s }));
+        QCOMPARE(rowFor(u"a"_s).value(u"rating"_s).toInt(), 0);
+    }
+
+    void namingTemplateAndSubfolderPlaceTheFile_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<QString>("naming");
+        QTest::addColumn<QString>("rule");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("default") << u"default"_s << u"{original}_hdr"_s << u"none"_s << u"P1_hdr.jpg"_s;
+        QTest::newRow("by date") << u"default"_s << u"{date}_{camera}"_s << u"by_date"_s
+                                 << u"2024-05-06/2024-05-06_Synthetic.jpg"_s;
+        QTest::newRow("by rating") << u"default"_s << u"{stem}-{rating}.jpeg"_s << u"by_rating"_s
+                                   << u"3_Stars/P1-3star.jpeg"_s;
+        QTest::newRow("by profile") << u"cinematic_film"_s << u"{profile}_{original}.JPG"_s << u"by_profile"_s
+                                    << u"cinematic_film/cinematic_film_P1.JPG.jpg"_s;
+    }
+    void namingTemplateAndSubfolderPlaceTheFile()
+    {
+        QFETCH(QString, profile);
+        QFETCH(QString, naming);
+        QFETCH(QString, rule);
+        QFETCH(QString, expected);
+        SceneSpec spec;
+        spec.exifRating = 3;
+        QVERIFY(writePair(m_source, u"P1"_s, spec));
+        EngineProcess engine({ u"run"_s, u"-s"_s, m_source, u"-d"_s, m_dest, u"--profile-id"_s, profile,
+                               u"--json-stream"_s, u"--naming-template"_s, naming, u"--subfolder-rule"_s, rule });
+        QCOMPARE(engine.run(), 0);
+        QCOMPARE(filesUnder(m_dest), QStringList { expected });
+        QCOMPARE(rowFor(u"P1"_s).value(u"output_path"_s).toString(), m_dest + u'/' + expected);
+    }
+
+    void corruptRawFailsOnlyThatItem()
+    {
+        QVERIFY(writePair(m_source, u"good"_s));
+        QVERIFY(writePair(m_source, u"broken"_s));
+        QFile raw(m_source + u"/broken.DNG"_s);
+        QVERIFY(raw.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        raw.write(QByteArray(4096, 'x'));
+        raw.close();
+        EngineProcess engine(runArgs());
+        QCOMPARE(engine.run(), 0);
+        QCOMPARE(engine.events(u"item_failed"_s).size(), 1);
+        QCOMPARE(engine.event(u"item_failed"_s).value(u"stem"_s).toString(), u"broken"_s);
+        QCOMPARE(engine.event(u"batch_done"_s).value(u"success"_s).toInt(), 1);
+        QCOMPARE(engine.event(u"batch_done"_s).value(u"failed"_s).toInt(), 1);
+        const Row failed = rowFor(u"broken"_s);
+        QCOMPARE(failed.value(u"status"_s).toString(), u"FAILED"_s);
+        QVERIFY(failed.value(u"error_message"_s).toString().startsWith(u"RAW open"_s));
+        QVERIFY(failed.value(u"output_path"_s).isNull());
+        QCOMPARE(rowFor(u"good"_s).value(u"status"_s).toString(), u"SUCCESS"_s);
+        QCOMPARE(filesUnder(m_dest), QStringList { u"good_hdr.jpg"_s });
+        // A failed pair is tried again next time; a delivered one is not.
+        EngineProcess again(runArgs());
+        QCOMPARE(again.run(), 0);
+        QCOMPARE(again.event(u"scan"_s).value(u"pending"_s).toInt(), 1);
+    }
+
+    void interruptFinishesInFlightItemsAndExits130()
+    {
+        SceneSpec big;
+        big.width = 1800;
+        big.height = 1200;
+        for (int i = 0; i < 6; ++i)
+            QVERIFY(writePair(m_source, u"big%1"_s.arg(i), big));
+        EngineProcess engine(runArgs({ u"-w"_s, u"1"_s }));
+        engine.start();
+        QTRY_VERIFY_WITH_TIMEOUT(!engine.events(u"item_start"_s).isEmpty(), 60000);
+        ::kill(pid_t(engine.pid()), SIGINT);
+        QCOMPARE(engine.run(), 130);
+        const int finished = int(engine.events(u"item_done"_s).size() + engine.events(u"item_failed"_s).size());
+        QVERIFY(finished >= 1);
+        QVERIFY(finished < 6);
+        QCOMPARE(int(engine.events(u"item_start"_s).size()), finished);
+        QCOMPARE(int(readRows().size()), finished);
+        QCOMPARE(engine.event(u"batch_done"_s).value(u"success"_s).toInt(), finished);
+        for (const QString &file : filesUnder(m_dest))
+            QVERIFY2(!file.endsWith(u".part"_s), qPrintable(file));
+        QCOMPARE(int(filesUnder(m_dest).size()), finished);
+    }
+
+    void terminateStopsAtOnceWithoutPartialFiles()
+    {
+        SceneSpec big;
+        big.width = 1800;
+        big.height = 1200;
+        for (int i = 0; i < 4; ++i)
+            QVERIFY(writePair(m_source, u"big%1"_s.arg(i), big));
+        EngineProcess engine(runArgs({ u"-w"_s, u"1"_s }));
+        engine.start();
+        QTRY_VERIFY_WITH_TIMEOUT(!engine.events(u"item_start"_s).isEmpty(), 60000);
+        ::kill(pid_t(engine.pid()), SIGTERM);
+        QCOMPARE(engine.run(), 143);
+        QVERIFY(engine.events(u"batch_done"_s).isEmpty());
+        for (const QString &file : filesUnder(m_dest))
+            QVERIFY2(!file.endsWith(u".part"_s), qPrintable(file));
+        QVERIFY(int(filesUnder(m_dest).size()) < 4);
+    }
+
+    void canaryStopsWhenTheDestinationDisappears()
+    {
+        SceneSpec big;
+        big.width = 1200;
+        big.height = 800;
+        for (int i = 0; i < 6; ++i)
+            QVERIFY(writePair(m_source, u"c%1"_s.arg(i), big));
+        EngineProcess engine(runArgs({ u"-w"_s, u"1"_s }));
+        engine.start();
+        QTRY_VERIFY_WITH_TIMEOUT(!engine.events(u"item_done"_s).isEmpty(), 60000);
+        QVERIFY(QDir(m_dest).removeRecursively());
+        QCOMPARE(engine.run(), 2);
+        QVERIFY(engine.log().contains(u"Storage canary"_s));
+        QVERIFY(engine.events(u"item_done"_s).size() < 6);
+        QVERIFY(!QDir(m_dest).exists());
+    }
+
+    void facesAreFoundAndSkinIsDampedBySkinValue()
+    {
+        SceneSpec portrait;
+        portrait.width = 480;
+        portrait.height = 320;
+        portrait.face = true;
+        QVERIFY(writePair(m_source, u"face"_s, portrait));
+        const auto convert = [&](const QString &skinDamp, double &cheek, int &faces) {
+            EngineProcess engine(runArgs({ u"-f"_s, u"--profile-id"_s, u"custom"_s, u"--mid-target"_s, u"1.50"_s,
+                                           u"--power-mid"_s, u"1.50"_s, u"--skin-damp"_s, skinDamp }));
+            QCOMPARE(engine.run(), 0);
+            faces = engine.event(u"item_done"_s).value(u"faces"_s).toInt();
+            const UltraHdrDecodeResult hdr = decodeUltraHdrFile(m_dest + u"/face_hdr.jpg"_s);
+            const UltraHdrDecodeResult sdr = decodeUltraHdrFile(m_dest + u"/face_hdr.jpg"_s, { 1.0 });
+            const QImage mask = displayMask(portrait, cheekRect(portrait));
+            cheek = meanLuminance(hdr.image, mask) / meanLuminance(sdr.image, mask);
+        };
+        double undamped = 0, damped = 0;
+        int facesUndamped = 0, facesDamped = 0;
+        convert(u"0.00"_s, undamped, facesUndamped);
+        convert(u"1.00"_s, damped, facesDamped);
+        QCOMPARE(facesUndamped, 1);
+        QCOMPARE(facesDamped, 1);
+        QCOMPARE(rowFor(u"face"_s).value(u"num_faces"_s).toInt(), 1);
+        // Undamped, the cheek is lifted like any bright mid-tone; fully damped it stays as the JPG shows it.
+        QVERIFY2(undamped > 1.3, qPrintable(QString::number(undamped)));
+        QVERIFY2(damped < 1.1, qPrintable(QString::number(damped)));
+    }
+
+    void sceneWithoutFacesReportsNone()
+    {
+        QVERIFY(writePair(m_source, u"noface"_s));
+        EngineProcess engine(runArgs());
+        QCOMPARE(engine.run(), 0);
+        QCOMPARE(engine.event(u"item_done"_s).value(u"faces"_s).toInt(), 0);
+    }
+
+    void backlitFillLiftsTheDarkSubjectOnlyWhenAskedAndBacklit()
+    {
+        SceneSpec backlit;
+        backlit.backlit = true;
+        QVERIFY(writePair(m_source, u"sky"_s, backlit));
+        QVERIFY(writePair(m_source, u"plain"_s));
+        const auto shadowGain = [&](const QString &stem, const SceneSpec &spec, QRect rect) {
+            const QString file = m_dest + u'/' + stem + u"_hdr.jpg"_s;
+            const QImage mask = displayMask(spec, rect);
+            return meanLuminance(decodeUltraHdrFile(file).image, mask)
+                / meanLuminance(decodeUltraHdrFile(file, { 1.0 }).image, mask);
+        };
+        const QRect subject(10, backlit.height * 3 / 4, backlit.width - 20, backlit.height / 4 - 10);
+        QCOMPARE(EngineProcess(runArgs()).run(), 0);
+        QVERIFY(shadowGain(u"sky"_s, backlit, subject) < 1.1);
+        QCOMPARE(EngineProcess(runArgs({ u"-f"_s, u"--backlit-fill"_s })).run(), 0);
+        QVERIFY2(shadowGain(u"sky"_s, backlit, subject) > 1.3,
+                 qPrintable(QString::number(shadowGain(u"sky"_s, backlit, subject))));
+        // A frame that is not back-lit keeps its shadows even with the fill on.
+        QVERIFY(shadowGain(u"plain"_s, SceneSpec(), shadowRect(SceneSpec())) < 1.1);
+    }
+
+    void debugMasksAreWrittenBesideTheOutput()
+    {
+        QDir().mkpath(QDir::homePath() + u"/.config/orvanta"_s);
+        QFile config(QDir::homePath() + u"/.config/orvanta/config.json"_s);
+        QVERIFY(config.open(QIODevice::WriteOnly));
+        config.write(R"({ "export_debug_masks" : true, "workers" : 1 })");
+        config.close();
+        QVERIFY(writePair(m_source, u"M"_s));
+        EngineProcess engine(runArgs());
+        const int status = engine.run();
+        QFile::remove(config.fileName());
+        QCOMPARE(status, 0);
+        QCOMPARE(filesUnder(m_dest),
+                 QStringList({ u"M_hdr.jpg"_s, u"M_hdr_facemask.png"_s, u"M_hdr_gainmap.png"_s }));
+        const QImage gain(m_dest + u"/M_hdr_gainmap.png"_s);
+        QVERIFY(!gain.isNull());
+        // The sun is lifted, the shadow is not.
+        const SceneSpec spec;
+        const QPoint sun = sunRect(spec).center(), shadow = shadowRect(spec).center();
+        const double sx = double(gain.width()) / spec.width;
+        QVERIFY(qGray(gain.pixel(int(sun.x() * sx), int(sun.y() * sx))) > 100);
+        QVERIFY(qGray(gain.pixel(int(shadow.x() * sx), int(shadow.y() * sx))) < 10);
+    }
+
+    void logFileKeepsTheRun()
+    {
+        QVERIFY(writePair(m_source, u"L"_s));
+        QCOMPARE(EngineProcess(runArgs()).run(), 0);
+        const QDir logs(qEnvironmentVariable("XDG_STATE_HOME") + u"/Orvanta/logs"_s);
+        const QStringList files = logs.entryList(QDir::Files);
+        QVERIFY(!files.isEmpty());
+        QFile log(logs.filePath(files.first()));
+        QVERIFY(log.open(QIODevice::ReadOnly));
+        const QByteArray text = log.readAll();
+        QVERIFY(text.contains("[1/1] L"));
+        QVERIFY(text.contains("ORVANTA_EVENT: {"));
+    }
+
+    void doctorReportsLibrariesAsJson()
+    {
+        EngineProcess doctor({ u"doctor"_s, u"--json"_s });
+        QCOMPARE(doctor.run(), 0);
+        const QJsonObject report = QJsonDocument::fromJson(doctor.log().toUtf8()).object();
+        QCOMPARE(report.value(u"healthy"_s).toBool(), true);
+        QVERIFY(report.value(u"missing"_s).toArray().isEmpty());
+        QStringList names;
+        for (const QJsonValue &v : report.value(u"checks"_s).toArray())
+            names << v[u"name"_s].toString();
+        QVERIFY(names.contains(u"libraw"_s));
+        QVERIFY(names.contains(u"face_cascade"_s));
+        QCOMPARE(report.value(u"state_db"_s).toString(), dbPath());
+    }
+};
+
+ORVANTA_TEST_GUILESS_MAIN(TestRefEngine)
+#include "TestRefEngine.moc"

@@ -1,0 +1,295 @@
+#include "BatchRunner.h"
+
+#include "FaceDetector.h"
+#include "HdrRenderer.h"
+#include "OutputNaming.h"
+#include "SystemLoad.h"
+
+#include "media/ExivAdapter.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonObject>
+#include <QStorageInfo>
+
+#include <chrono>
+#include <cstdio>
+#include <thread>
+#include <vector>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace orvanta::engine {
+
+namespace {
+
+std::atomic<bool> g_interrupt { false };
+std::atomic<bool> g_terminate { false };
+
+constexpr qint64 kCanaryMinimumBytes = 512ll << 20;
+
+NamingFacts factsFor(const PhotoPair &pair, const QString &profileId)
+{
+    NamingFacts facts { pair.stem, profileId, {}, {}, pair.rating.value_or(0) };
+    const auto tags = exiv::readTags(pair.jpgPath);
+    if (tags && tags->dateTimeOriginal && tags->dateTimeOriginal->size() >= 10)
+        facts.date = tags->dateTimeOriginal->left(10).replace(u':', u'-');
+    if (facts.date.isEmpty())
+        facts.date = QFileInfo(pair.rawPath).lastModified().toString(u"yyyy-MM-dd"_s);
+    if (tags && tags->model)
+        facts.camera = tags->model->trimmed();
+    if (facts.camera.isEmpty())
+        facts.camera = u"camera"_s;
+    return facts;
+}
+
+bool writeFile(const QString &path, const QByteArray &bytes, QString &error)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)
+        || file.write(bytes) != bytes.size() || !file.flush()) {
+        error = u"cannot write "_s + path + u": "_s + file.errorString();
+        return false;
+    }
+    ::fsync(file.handle());
+    return true;
+}
+
+} // namespace
+
+void BatchRunner::requestInterrupt() { g_interrupt = true; }
+void BatchRunner::requestTerminate() { g_terminate = true; }
+
+BatchRunner::BatchRunner(const RunOptions &options, EventLog &log)
+    : m_options(options)
+    , m_log(log)
+{
+    bool known = true;
+    m_tuning = tuningFor(options, &known);
+    if (!known)
+        m_log.line(u"⚠️ Unknown profile \""_s + options.profileId + u"\", using default"_s);
+}
+
+int BatchRunner::chooseWorkerCount(int pending) const
+{
+    int workers = m_options.workers;
+    if (workers < 1) {
+        const int cores = int(std::max(1u, std::thread::hardware_concurrency()));
+        const int byMemory = int(availableMemoryBytes() / kWorkerMemoryBudget);
+        workers = std::max(1, std::min(cores, byMemory));
+    }
+    return std::clamp(workers, 1, std::max(1, pending));
+}
+
+int BatchRunner::run()
+{
+    const QString dbPath = StateDatabase::defaultPath();
+    if (!m_db.open(dbPath)) {
+        m_log.line(u"❌ Cannot open the state database "_s + dbPath + u": "_s + m_db.error());
+        return ExitSetup;
+    }
+    m_log.line(u"🔎 Scanning "_s + m_options.sourceDir);
+    ScanResult scan = scanSource(m_options, [this](const QString &fp) { return m_db.isDelivered(fp); });
+    if (!scan.error.isEmpty()) {
+        m_log.line(u"❌ "_s + scan.error);
+        return ExitSetup;
+    }
+    m_pending = scan.pending;
+    m_log.line(u"🔎 Found %1 pairs, %2 orphans; %3 already delivered, %4 below the rating filter, %5 pending"_s
+                   .arg(scan.pairs).arg(scan.orphans).arg(scan.delivered).arg(scan.belowRating)
+                   .arg(m_pending.size()));
+    m_log.event(u"scan"_s, { { u"pairs"_s, scan.pairs }, { u"orphans"_s, scan.orphans },
+                             { u"skipped"_s, scan.skipped() }, { u"pending"_s, int(m_pending.size()) } });
+    if (m_options.dryRun) {
+        for (const PhotoPair &pair : std::as_const(m_pending)) {
+            const NamingFacts facts = factsFor(pair, m_options.profileId);
+            m_log.line(u"   would convert "_s + pair.stem + u" -> "_s
+                       + subfolderFor(m_options.subfolderRule, facts)
+                       + outputFileName(m_options.namingTemplate, facts));
+        }
+        m_log.event(u"batch_done"_s, { { u"success"_s, 0 }, { u"failed"_s, 0 },
+                                       { u"skipped"_s, scan.skipped() } });
+        return ExitOk;
+    }
+    if (!m_pending.isEmpty() && !QDir().mkpath(m_options.destDir)) {
+        m_log.line(u"❌ Cannot create the destination folder "_s + m_options.destDir);
+        return ExitSetup;
+    }
+    const int workers = chooseWorkerCount(int(m_pending.size()));
+    if (!m_pending.isEmpty())
+        m_log.line(u"🚀 Converting %1 pair%2 with %3 worker%4 (profile %5)"_s
+                       .arg(m_pending.size()).arg(m_pending.size() == 1 ? u""_s : u"s"_s)
+                       .arg(workers).arg(workers == 1 ? u""_s : u"s"_s).arg(m_options.profileId));
+    std::atomic<int> running { workers };
+    std::vector<std::thread> pool;
+    for (int w = 0; w < workers && !m_pending.isEmpty(); ++w)
+        pool.emplace_back([this, w, &running] { workerLoop(w); --running; });
+    while (running > 0 && !pool.empty()) {
+        if (g_terminate)
+            terminateNow();
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    for (std::thread &t : pool)
+        t.join();
+    const bool interrupted = g_interrupt;
+    if (interrupted)
+        m_log.line(u"⚠️ Interrupted: in-flight items were finished and recorded"_s);
+    m_log.event(u"batch_done"_s, { { u"success"_s, m_success.load() }, { u"failed"_s, m_failed.load() },
+                                   { u"skipped"_s, scan.skipped() } });
+    m_log.line(u"✅ Done: %1 delivered, %2 failed, %3 skipped"_s.arg(m_success.load())
+                   .arg(m_failed.load()).arg(scan.skipped()));
+    if (interrupted)
+        return ExitInterrupted;
+    return m_canaryTripped ? ExitCanary : ExitOk;
+}
+
+void BatchRunner::terminateNow()
+{
+    std::lock_guard lock(m_tempMutex);
+    m_terminating = true;
+    for (const QString &path : std::as_const(m_temps))
+        QFile::remove(path);
+    m_log.line(u"⚠️ Terminated: partial files removed"_s);
+    std::fflush(stdout);
+    ::_exit(ExitTerminated);
+}
+
+bool BatchRunner::registerTemp(const QString &path)
+{
+    std::lock_guard lock(m_tempMutex);
+    if (m_terminating)
+        return false;
+    m_temps.insert(path);
+    return true;
+}
+
+void BatchRunner::releaseTemp(const QString &path)
+{
+    std::lock_guard lock(m_tempMutex);
+    m_temps.remove(path);
+}
+
+bool BatchRunner::canaryAllowsMore()
+{
+    if (!m_options.enableCanary || m_canaryTripped)
+        return !m_canaryTripped;
+    QString reason;
+    if (!QFileInfo(m_options.destDir).isDir()) {
+        reason = u"the destination folder has disappeared: "_s + m_options.destDir;
+    } else {
+        const QStorageInfo storage(m_options.destDir);
+        const qint64 free = storage.bytesAvailable();
+        if (free >= 0 && free < kCanaryMinimumBytes)
+            reason = u"the destination has only %1 MiB free"_s.arg(free >> 20);
+    }
+    if (reason.isEmpty())
+        return true;
+    if (!m_canaryTripped.exchange(true))
+        m_log.line(u"❌ Storage canary: stopping the batch, "_s + reason);
+    return false;
+}
+
+void BatchRunner::waitWhileThrottled(int workerId)
+{
+    if (workerId == 0 || m_options.noThrottle || !m_options.memoryThrottle)
+        return;
+    while (!g_interrupt && !g_terminate && memoryPressureHigh()) {
+        if (!m_throttleLogged.exchange(true))
+            m_log.line(u"⚠️ Memory pressure: extra workers wait until it eases"_s);
+        std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    }
+}
+
+void BatchRunner::workerLoop(int workerId)
+{
+    for (;;) {
+        waitWhileThrottled(workerId);
+        if (g_interrupt || g_terminate || !canaryAllowsMore())
+            return;
+        const int i = m_next++;
+        if (i >= m_pending.size())
+            return;
+        processPair(m_pending[i], i + 1);
+    }
+}
+
+void BatchRunner::processPair(const PhotoPair &pair, int index)
+{
+    const int total = int(m_pending.size());
+    QElapsedTimer timer;
+    timer.start();
+    m_log.event(u"item_start"_s, { { u"stem"_s, pair.stem }, { u"index"_s, index }, { u"total"_s, total } });
+    m_log.line(u"🚀 [%1/%2] %3"_s.arg(index).arg(total).arg(pair.stem));
+
+    RenderRequest request { pair.rawPath, pair.jpgPath, m_tuning, m_options.backlitFill,
+                            m_options.debugMasks, skinFinder() };
+    RenderResult rendered = renderPair(request);
+    const NamingFacts facts = factsFor(pair, m_options.profileId);
+    const QString folder = QDir(m_options.destDir).filePath(subfolderFor(m_options.subfolderRule, facts));
+    const QString name = outputFileName(m_options.namingTemplate, facts);
+    const QString output = QDir(folder).filePath(name);
+    QString error = rendered.error;
+    // The destination itself is never re-created here: a vanished drive must
+    // stop the batch, not fill the mount point's folder.
+    if (error.isEmpty() && m_options.enableCanary && !QFileInfo(m_options.destDir).isDir()) {
+        error = u"the destination folder has disappeared: "_s + m_options.destDir;
+        if (!m_canaryTripped.exchange(true))
+            m_log.line(u"❌ Storage canary: stopping the batch, "_s + error);
+    }
+    if (error.isEmpty() && !QDir().mkpath(folder))
+        error = u"cannot create "_s + folder;
+    if (error.isEmpty()) {
+        const QString temp = QDir(folder).filePath(u"."_s + name + u".part"_s);
+        if (!registerTemp(temp))
+            return;
+        if (writeFile(temp, rendered.bytes, error) && std::rename(qPrintable(temp), qPrintable(output)) != 0)
+            error = u"cannot move the result into place: "_s + output;
+        if (!error.isEmpty())
+            QFile::remove(temp);
+        releaseTemp(temp);
+    }
+    if (error.isEmpty() && m_options.debugMasks) {
+        const QString base = QDir(folder).filePath(QFileInfo(name).completeBaseName());
+        rendered.gainMask.save(base + u"_gainmap.png"_s);
+        rendered.skinMask.save(base + u"_facemask.png"_s);
+    }
+    const double seconds = timer.elapsed() / 1000.0;
+    ProcessedRow row { pair.fingerprint, pair.stem, pair.rawPath, pair.jpgPath, std::nullopt,
+                       error.isEmpty() ? u"SUCCESS"_s : u"FAILED"_s, std::nullopt, std::nullopt,
+                       std::nullopt, timestampNow(), seconds, std::nullopt, pair.rating };
+    if (error.isEmpty()) {
+        row.outputPath = output;
+        row.peakStops = rendered.peakStops;
+        row.numFaces = rendered.faces;
+        row.rawClipPct = rendered.rawClipPct;
+    } else {
+        row.errorMessage = error;
+        if (rendered.error.isEmpty())
+            row.rawClipPct = rendered.rawClipPct;
+    }
+    if (!m_db.write(row))
+        m_log.line(u"⚠️ Could not record "_s + pair.stem + u": "_s + m_db.error());
+    if (error.isEmpty()) {
+        ++m_success;
+        m_log.line(u"✅ [%1/%2] %3 -> %4 (+%5 st, %6 faces, clip %7%, %8 s)"_s.arg(index).arg(total)
+                       .arg(pair.stem, output).arg(rendered.peakStops, 0, 'f', 2).arg(rendered.faces)
+                       .arg(rendered.rawClipPct, 0, 'f', 2).arg(seconds, 0, 'f', 2));
+        m_log.event(u"item_done"_s, { { u"stem"_s, pair.stem }, { u"index"_s, index }, { u"total"_s, total },
+                                      { u"faces"_s, rendered.faces }, { u"peak_stops"_s, rendered.peakStops },
+                                      { u"bayer_clip"_s, rendered.rawClipPct }, { u"duration"_s, seconds },
+                                      { u"status"_s, u"SUCCESS"_s } });
+    } else {
+        ++m_failed;
+        m_log.line(u"❌ [%1/%2] %3: %4"_s.arg(index).arg(total).arg(pair.stem, error));
+        m_log.event(u"item_failed"_s, { { u"stem"_s, pair.stem }, { u"index"_s, index }, { u"total"_s, total },
+                                        { u"error"_s, error }, { u"status"_s, u"FAILED"_s },
+                                        { u"duration"_s, seconds } });
+    }
+}
+
+} // namespace orvanta::engine

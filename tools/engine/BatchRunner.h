@@ -1,0 +1,57 @@
+// Runs one batch: scans the source, then converts the pending pairs on a pool
+// of worker threads, records each in the state database and reports progress.
+// Created and run on the main thread; workers share it through its mutexes.
+#pragma once
+
+#include "EngineOptions.h"
+#include "EventLog.h"
+#include "PairScanner.h"
+#include "StateDatabase.h"
+
+#include <QSet>
+#include <QString>
+
+#include <atomic>
+#include <mutex>
+
+namespace orvanta::engine {
+
+enum ExitStatus { ExitOk = 0, ExitSetup = 1, ExitCanary = 2, ExitInterrupted = 130,
+                  ExitTerminated = 143 };
+
+class BatchRunner
+{
+public:
+    BatchRunner(const RunOptions &options, EventLog &log);
+    int run();
+
+    // Set from the signal handlers.
+    static void requestInterrupt();
+    static void requestTerminate();
+
+private:
+    int chooseWorkerCount(int pending) const;
+    void workerLoop(int workerId);
+    void processPair(const PhotoPair &pair, int index);
+    bool canaryAllowsMore();
+    void waitWhileThrottled(int workerId);
+    void terminateNow();
+    bool registerTemp(const QString &path);
+    void releaseTemp(const QString &path);
+
+    RunOptions m_options;
+    Tuning m_tuning;
+    EventLog &m_log;
+    StateDatabase m_db;
+    QList<PhotoPair> m_pending;
+    std::atomic<int> m_next { 0 };
+    std::atomic<int> m_success { 0 };
+    std::atomic<int> m_failed { 0 };
+    std::atomic<bool> m_canaryTripped { false };
+    std::atomic<bool> m_throttleLogged { false };
+    std::mutex m_tempMutex;
+    QSet<QString> m_temps;
+    bool m_terminating = false; // under m_tempMutex
+};
+
+} // namespace orvanta::engine

@@ -1,0 +1,23 @@
+// Finds faces with OpenCV's shipped Haar cascade and turns them into a skin
+// weight: skin-coloured pixels inside each face's surroundings, softened. One
+// cascade per thread (the classifier is not shared between workers).
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+#include <functional>
+
+namespace orvanta::engine {
+
+// The cascade file: $ORVANTA_RESOURCES_DIR/haarcascades/... first, then the
+// system's OpenCV data. Empty when none is installed.
+QString faceCascadePath();
+
+// `grey` and `rgb` (Format_RGB888) are the same picture. Returns a
+// Format_Grayscale8 skin weight of that size (null when no face was found).
+QImage findSkin(const QImage &grey, const QImage &rgb, int *faces);
+
+std::function<QImage(const QImage &, const QImage &, int *)> skinFinder();
+
+} // namespace orvanta::engine

@@ -1,0 +1,48 @@
+// Turns one RAW+JPG pair into an Ultra HDR file: the camera JPG stays the SDR
+// picture, the RAW (developed linearly) supplies the highlights above white.
+// Pure function of its inputs; each worker thread calls it for its own pair.
+#pragma once
+
+#include "EngineOptions.h"
+
+#include <QByteArray>
+#include <QImage>
+#include <QString>
+
+#include <functional>
+
+namespace orvanta::engine {
+
+struct RenderRequest
+{
+    QString rawPath;
+    QString jpgPath;
+    Tuning tuning;
+    bool backlitFill = false;
+    bool wantMasks = false; // keep the gain map and the face/skin mask pictures
+    // Face finder over an 8-bit grey picture; returns a 0..1 skin weight per
+    // pixel of that picture (Format_Grayscale8) and the face count. Optional.
+    std::function<QImage(const QImage &grey, const QImage &rgb, int *faces)> findSkin;
+};
+
+struct RenderResult
+{
+    QByteArray bytes;     // the Ultra HDR file; empty on failure
+    QString error;
+    double peakStops = 0.0;
+    double rawClipPct = 0.0;
+    int faces = 0;
+    bool backlit = false; // the fill light was applied
+    QImage gainMask;      // when asked for: the lift in stops, 0..4 mapped to 0..255
+    QImage skinMask;      // when asked for: the skin weight
+};
+
+RenderResult renderPair(const RenderRequest &request);
+
+// The lift in stops at one pixel, before skin damping and backlit fill.
+// `sdrLum`: linear luminance of the JPG (1 = white); `excessStops`: how far
+// the exposure-matched RAW lies above it; `brightness`: the JPG's brightest
+// channel, encoded (0..1), which gates the highlight part.
+double liftStops(const Tuning &tuning, double sdrLum, double excessStops, double brightness);
+
+} // namespace orvanta::engine

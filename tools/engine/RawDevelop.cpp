@@ -1,0 +1,136 @@
+#include "RawDevelop.h"
+
+#include "media/ExifOrientation.h"
+
+#include <libraw/libraw.h>
+
+#include <algorithm>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace orvanta::engine {
+
+namespace {
+
+QString librawError(const char *step, int code)
+{
+    return u"RAW "_s + QString::fromLatin1(step) + u": "_s
+        + QString::fromUtf8(libraw_strerror(code));
+}
+
+// Percentage of sensor samples at or above the white level, over the visible area.
+double clipPercentage(const LibRaw &raw)
+{
+    const auto &rd = raw.imgdata.rawdata;
+    const auto &s = raw.imgdata.sizes;
+    const unsigned white = raw.imgdata.color.maximum;
+    if (white == 0)
+        return 0.0;
+    const unsigned limit = white - white / 100; // within 1% of the white level
+    quint64 clipped = 0, total = 0;
+    for (int y = s.top_margin; y < s.top_margin + s.height; ++y) {
+        for (int x = s.left_margin; x < s.left_margin + s.width; ++x) {
+            const size_t at = size_t(y) * s.raw_width + x;
+            if (rd.raw_image) {
+                clipped += rd.raw_image[at] >= limit;
+                ++total;
+            } else if (rd.color3_image || rd.color4_image) {
+                const int channels = rd.color3_image ? 3 : 4;
+                const ushort *px = rd.color3_image ? rd.color3_image[at] : rd.color4_image[at];
+                for (int c = 0; c < std::min(channels, 3); ++c) {
+                    clipped += px[c] >= limit;
+                    ++total;
+                }
+            }
+        }
+    }
+    return total ? 100.0 * double(clipped) / double(total) : 0.0;
+}
+
+QImage toImage(const libraw_processed_image_t *processed)
+{
+    QImage image(processed->width, processed->height, QImage::Format_RGBX64);
+    const auto *src = reinterpret_cast<const ushort *>(processed->data);
+    for (int y = 0; y < processed->height; ++y) {
+        auto *dst = reinterpret_cast<quint16 *>(image.scanLine(y));
+        for (int x = 0; x < processed->width; ++x) {
+            const ushort *px = src + (size_t(y) * processed->width + x) * processed->colors;
+            for (int c = 0; c < 3; ++c)
+                dst[x * 4 + c] = px[processed->colors == 3 ? c : 0];
+            dst[x * 4 + 3] = 0xffff;
+        }
+    }
+    return image;
+}
+
+// Crops the centre to the target's aspect ratio, then scales to it.
+QImage frameLike(const QImage &image, QSize target)
+{
+    const double want = double(target.width()) / target.height();
+    const double have = double(image.width()) / image.height();
+    QRect crop = image.rect();
+    if (have > want * 1.002) {
+        const int w = int(image.height() * want + 0.5);
+        crop = QRect((image.width() - w) / 2, 0, w, image.height());
+    } else if (have < want / 1.002) {
+        const int h = int(image.width() / want + 0.5);
+        crop = QRect(0, (image.height() - h) / 2, image.width(), h);
+    }
+    const QImage cropped = crop == image.rect() ? image : image.copy(crop);
+    if (cropped.size() == target)
+        return cropped;
+    return cropped.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+} // namespace
+
+int inverseOrientation(int orientation)
+{
+    return orientation == 6 ? 8 : orientation == 8 ? 6 : orientation;
+}
+
+RawDevelopment developRaw(const QString &path, QSize target, int jpgOrientation)
+{
+    RawDevelopment out;
+    auto raw = std::make_unique<LibRaw>();
+    auto &params = raw->imgdata.params;
+    params.output_bps = 16;
+    params.gamm[0] = params.gamm[1] = 1.0;
+    params.no_auto_bright = 1;
+    params.use_camera_wb = 1;
+    params.output_color = 1; // sRGB primaries, like the camera JPG
+    params.highlight = 0;    // clip at the sensor's white point: no invented detail
+    params.user_qual = 0;    // bilinear: the result feeds a map at a quarter of the size
+    const QByteArray file = path.toUtf8();
+    int code = raw->open_file(file.constData());
+    if (code != LIBRAW_SUCCESS) {
+        out.error = librawError("open", code);
+        return out;
+    }
+    if ((code = raw->unpack()) != LIBRAW_SUCCESS) {
+        out.error = librawError("unpack", code);
+        return out;
+    }
+    out.clipPct = clipPercentage(*raw);
+    const auto &sizes = raw->imgdata.sizes;
+    params.half_size = raw->imgdata.idata.filters != 0
+        && std::min(sizes.width, sizes.height) / 2 >= std::min(target.width(), target.height());
+    if ((code = raw->dcraw_process()) != LIBRAW_SUCCESS) {
+        out.error = librawError("processing", code);
+        return out;
+    }
+    libraw_processed_image_t *processed = raw->dcraw_make_mem_image(&code);
+    if (!processed) {
+        out.error = librawError("output", code);
+        return out;
+    }
+    QImage upright = toImage(processed);
+    LibRaw::dcraw_clear_mem(processed);
+    raw.reset();
+    const QImage stored = applyExifOrientation(std::move(upright), inverseOrientation(jpgOrientation));
+    out.image = frameLike(stored, target);
+    return out;
+}
+
+} // namespace orvanta::engine

@@ -1,0 +1,274 @@
+#include "SamplePairs.h"
+
+#include "hdr/JpegCodec.h"
+
+#include <QDir>
+#include <QFile>
+#include <QList>
+#include <QPainter>
+#include <QtEndian>
+
+#include <algorithm>
+#include <cmath>
+
+namespace orvanta::samples {
+
+namespace {
+
+constexpr double kRawWhite = 60000.0;   // the DNG's white level
+constexpr double kRawExposure = 1.0 / 8; // radiance 8 reaches the sensor's white
+
+// A minimal little-endian TIFF writer: one IFD0 and an optional Exif IFD.
+struct TiffEntry
+{
+    quint16 tag;
+    quint16 type; // 1 BYTE, 2 ASCII, 3 SHORT, 4 LONG, 5 RATIONAL, 10 SRATIONAL
+    quint32 count;
+    QByteArray data;
+};
+
+QByteArray le16(quint16 v) { QByteArray b(2, 0); qToLittleEndian(v, b.data()); return b; }
+QByteArray le32(quint32 v) { QByteArray b(4, 0); qToLittleEndian(v, b.data()); return b; }
+
+TiffEntry shortEntry(quint16 tag, QList<quint16> values)
+{
+    QByteArray d;
+    for (quint16 v : values)
+        d += le16(v);
+    return { tag, 3, quint32(values.size()), d };
+}
+TiffEntry longEntry(quint16 tag, quint32 value) { return { tag, 4, 1, le32(value) }; }
+TiffEntry asciiEntry(quint16 tag, const QString &text)
+{
+    const QByteArray d = text.toLatin1() + '\0';
+    return { tag, 2, quint32(d.size()), d };
+}
+TiffEntry rationalEntry(quint16 tag, quint16 type, QList<std::pair<qint32, qint32>> values)
+{
+    QByteArray d;
+    for (auto [n, den] : values)
+        d += le32(quint32(n)) + le32(quint32(den));
+    return { tag, type, quint32(values.size()), d };
+}
+
+qsizetype ifdSize(const QList<TiffEntry> &entries)
+{
+    qsizetype size = 2 + 12 * entries.size() + 4;
+    for (const TiffEntry &e : entries)
+        if (e.data.size() > 4)
+            size += (e.data.size() + 1) & ~1;
+    return size;
+}
+
+QByteArray writeIfd(QList<TiffEntry> entries, quint32 offset)
+{
+    std::sort(entries.begin(), entries.end(), [](auto &a, auto &b) { return a.tag < b.tag; });
+    QByteArray head = le16(quint16(entries.size())), tail;
+    quint32 dataAt = offset + 2 + 12 * quint32(entries.size()) + 4;
+    for (const TiffEntry &e : entries) {
+        head += le16(e.tag) + le16(e.type) + le32(e.count);
+        if (e.data.size() <= 4) {
+            head += e.data + QByteArray(4 - e.data.size(), '\0');
+        } else {
+            head += le32(dataAt + quint32(tail.size()));
+            tail += e.data;
+            if (tail.size() & 1)
+                tail += '\0';
+        }
+    }
+    return head + le32(0) + tail;
+}
+
+// Header, then `pixels` at offset 8, then IFD0, then the Exif IFD.
+QByteArray buildTiff(QList<TiffEntry> ifd0, const QList<TiffEntry> &exif, const QByteArray &pixels)
+{
+    const quint32 ifd0At = 8 + quint32((pixels.size() + 1) & ~1);
+    if (!exif.isEmpty())
+        ifd0 << longEntry(34665, 0);
+    const quint32 exifAt = ifd0At + quint32(ifdSize(ifd0));
+    if (!exif.isEmpty())
+        ifd0.last() = longEntry(34665, exifAt);
+    QByteArray out = QByteArray("II*\0", 4) + le32(ifd0At) + pixels;
+    if (out.size() & 1)
+        out += '\0';
+    out += writeIfd(ifd0, ifd0At);
+    if (!exif.isEmpty())
+        out += writeIfd(exif, exifAt);
+    return out;
+}
+
+QList<TiffEntry> cameraEntries(const SceneSpec &spec)
+{
+    QList<TiffEntry> e { asciiEntry(271, QStringLiteral("Orvanta")), asciiEntry(272, spec.model),
+                         shortEntry(274, { quint16(spec.orientation) }) };
+    return e;
+}
+
+bool inside(const QRect &r, int x, int y) { return r.contains(x, y); }
+
+float srgbDecode(int code)
+{
+    const double e = code / 255.0;
+    return float(e <= 0.04045 ? e / 12.92 : std::pow((e + 0.055) / 1.055, 2.4));
+}
+
+struct FaceGeometry
+{
+    double cx, cy, fw, fh;
+};
+
+FaceGeometry faceGeometry(const SceneSpec &s)
+{
+    return { s.width * 0.72, s.height * 0.5, s.height * 0.26, s.height * 0.34 };
+}
+
+// A drawn face: hair, skin, brows, eyes, nose and mouth, enough for a
+// frontal-face detector. Kept for the last size asked for.
+const QImage &faceLayer(const SceneSpec &spec)
+{
+    static QImage layer;
+    if (layer.size() == QSize(spec.width, spec.height))
+        return layer;
+    layer = QImage(spec.width, spec.height, QImage::Format_ARGB32);
+    layer.fill(Qt::transparent);
+    QPainter p(&layer);
+    p.setRenderHint(QPainter::Antialiasing, false);
+    const auto [cx, cy, fw, fh] = faceGeometry(spec);
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor(40, 30, 25));
+    p.drawEllipse(QPointF(cx, cy - fh * 0.25), fw * 1.08, fh * 0.9);
+    p.setBrush(QColor(232, 182, 150));
+    p.drawEllipse(QPointF(cx, cy + fh * 0.05), fw * 0.95, fh);
+    p.setBrush(QColor(60, 40, 35));
+    p.drawRect(QRectF(cx - fw * 0.62, cy - fh * 0.32, fw * 0.45, fh * 0.07));
+    p.drawRect(QRectF(cx + fw * 0.17, cy - fh * 0.32, fw * 0.45, fh * 0.07));
+    p.setBrush(QColor(50, 35, 30));
+    p.drawEllipse(QPointF(cx - fw * 0.4, cy - fh * 0.12), fw * 0.16, fh * 0.07);
+    p.drawEllipse(QPointF(cx + fw * 0.4, cy - fh * 0.12), fw * 0.16, fh * 0.07);
+    p.setBrush(QColor(190, 135, 110));
+    p.drawEllipse(QPointF(cx, cy + fh * 0.18), fw * 0.14, fh * 0.08);
+    p.setBrush(QColor(150, 70, 70));
+    p.drawEllipse(QPointF(cx, cy + fh * 0.45), fw * 0.35, fh * 0.07);
+    return layer;
+}
+
+} // namespace
+
+QRect sunRect(const SceneSpec &s) { return { s.width / 8, s.height / 6, s.width / 5, s.height / 4 }; }
+QRect blownRect(const SceneSpec &s) { return { s.width * 5 / 8, s.height / 6, s.width / 8, s.height / 6 }; }
+QRect cheekRect(const SceneSpec &s)
+{
+    const FaceGeometry f = faceGeometry(s);
+    return QRectF(f.cx - f.fw * 0.7, f.cy + f.fh * 0.05, f.fw * 0.35, f.fh * 0.2).toRect();
+}
+
+QRect shadowRect(const SceneSpec &s) { return { s.width / 10, s.height * 2 / 3, s.width / 4, s.height / 4 }; }
+
+void sceneRadiance(const SceneSpec &spec, int x, int y, float rgb[3])
+{
+    // A soft gradient from deep shadow to bright mid-tones, a blue-ish cast on the left.
+    const float t = float(x) / spec.width, v = float(y) / spec.height;
+    const float base = 0.03f + 0.55f * t * (1.0f - 0.5f * v);
+    rgb[0] = base * 0.9f;
+    rgb[1] = base;
+    rgb[2] = base * (1.1f - 0.2f * t);
+    if (spec.backlit) {
+        rgb[0] = rgb[1] = rgb[2] = y < spec.height / 2 ? 0.85f : 0.015f;
+        return;
+    }
+    if (inside(shadowRect(spec), x, y))
+        rgb[0] = rgb[1] = rgb[2] = 0.02f;
+    if (inside(sunRect(spec), x, y)) {
+        rgb[0] = 6.0f;
+        rgb[1] = 5.6f;
+        rgb[2] = 4.8f;
+    }
+    if (!spec.face && inside(blownRect(spec), x, y))
+        rgb[0] = rgb[1] = rgb[2] = 20.0f;
+    if (spec.face) {
+        const QImage &face = faceLayer(spec);
+        const QRgb px = face.pixel(x, y);
+        if (qAlpha(px) == 255) {
+            rgb[0] = srgbDecode(qRed(px));
+            rgb[1] = srgbDecode(qGreen(px));
+            rgb[2] = srgbDecode(qBlue(px));
+        }
+    }
+}
+
+QByteArray makeDng(const SceneSpec &spec)
+{
+    const int samples = spec.bayer ? 1 : 3;
+    QByteArray pixels(qsizetype(spec.width) * spec.height * samples * 2, '\0');
+    auto *out = reinterpret_cast<uchar *>(pixels.data());
+    for (int y = 0; y < spec.height; ++y)
+        for (int x = 0; x < spec.width; ++x) {
+            float rgb[3];
+            sceneRadiance(spec, x, y, rgb);
+            const size_t at = (size_t(y) * spec.width + x) * samples;
+            for (int c = 0; c < samples; ++c) {
+                // RGGB: red on even rows and columns, blue on odd ones, green between.
+                const int channel = spec.bayer ? ((y & 1) + (x & 1)) : c;
+                const double v = std::min(kRawWhite, rgb[channel] * kRawExposure * kRawWhite);
+                qToLittleEndian(quint16(std::lround(v)), out + (at + c) * 2);
+            }
+        }
+    // Camera space = linear sRGB: the colour matrix is the XYZ (D65) to sRGB one.
+    QList<std::pair<qint32, qint32>> xyzToSrgb = {
+        { 32406, 10000 }, { -15372, 10000 }, { -4986, 10000 },
+        { -9689, 10000 }, { 18758, 10000 }, { 415, 10000 },
+        { 557, 10000 }, { -2040, 10000 }, { 10570, 10000 } };
+    QList<TiffEntry> ifd0 = cameraEntries(spec);
+    ifd0 << longEntry(254, 0) << longEntry(256, quint32(spec.width)) << longEntry(257, quint32(spec.height))
+         << shortEntry(259, { 1 }) << longEntry(273, 8) << longEntry(278, quint32(spec.height))
+         << longEntry(279, quint32(pixels.size())) << shortEntry(284, { 1 })
+         << TiffEntry { 50706, 1, 4, QByteArray("\x01\x04\x00\x00", 4) }
+         << asciiEntry(50708, QStringLiteral("Orvanta ") + spec.model)
+         << longEntry(50714, 0) << longEntry(50717, quint32(kRawWhite))
+         << rationalEntry(50721, 10, xyzToSrgb)
+         << rationalEntry(50728, 5, { { 1, 1 }, { 1, 1 }, { 1, 1 } })
+         << shortEntry(50778, { 21 });
+    if (spec.bayer)
+        ifd0 << shortEntry(258, { 16 }) << shortEntry(262, { 32803 }) << shortEntry(277, { 1 })
+             << shortEntry(33421, { 2, 2 }) << TiffEntry { 33422, 1, 4, QByteArray("\x00\x01\x01\x02", 4) };
+    else
+        ifd0 << shortEntry(258, { 16, 16, 16 }) << shortEntry(262, { 34892 }) << shortEntry(277, { 3 });
+    return buildTiff(ifd0, {}, pixels);
+}
+
+QByteArray makeJpeg(const SceneSpec &spec)
+{
+    QByteArray rgb(qsizetype(spec.width) * spec.height * 3, '\0');
+    for (int y = 0; y < spec.height; ++y)
+        for (int x = 0; x < spec.width; ++x) {
+            float lin[3];
+            sceneRadiance(spec, x, y, lin);
+            for (int c = 0; c < 3; ++c) {
+                const double l = std::clamp(double(lin[c]), 0.0, 1.0);
+                const double e = l <= 0.0031308 ? 12.92 * l : 1.055 * std::pow(l, 1 / 2.4) - 0.055;
+                rgb[(qsizetype(y) * spec.width + x) * 3 + c] = char(std::lround(e * 255));
+            }
+        }
+    const QByteArray jpeg = encodeJpeg(reinterpret_cast<const uchar *>(rgb.constData()), spec.width,
+                                       spec.height, 3, spec.width * 3, 95);
+    QList<TiffEntry> ifd0 = cameraEntries(spec);
+    if (spec.exifRating)
+        ifd0 << shortEntry(18246, { quint16(*spec.exifRating) });
+    const QByteArray tiff = buildTiff(ifd0, { asciiEntry(36867, spec.dateTimeOriginal) }, {});
+    const QByteArray app1 = QByteArray("Exif\0\0", 6) + tiff;
+    QByteArray segment("\xff\xe1", 2);
+    segment += char((app1.size() + 2) >> 8);
+    segment += char((app1.size() + 2) & 0xff);
+    return jpeg.left(2) + segment + app1 + jpeg.mid(2);
+}
+
+bool writePair(const QString &dir, const QString &stem, const SceneSpec &spec)
+{
+    QDir().mkpath(dir);
+    QFile raw(dir + QLatin1Char('/') + stem + QStringLiteral(".DNG"));
+    QFile jpg(dir + QLatin1Char('/') + stem + QStringLiteral(".JPG"));
+    return raw.open(QIODevice::WriteOnly) && raw.write(makeDng(spec)) > 0 && jpg.open(QIODevice::WriteOnly)
+        && jpg.write(makeJpeg(spec)) > 0;
+}
+
+} // namespace orvanta::samples

@@ -1,0 +1,48 @@
+// Writes RAW+JPG pairs of one synthetic scene, for the engine's tests, its
+// benchmark and the demo folder: a DNG (linear RGB, or a Bayer mosaic like a
+// camera's) that holds highlights up to eight times SDR white, and a
+// camera-style JPG of the same scene clipped at white, with Exif (camera,
+// capture date, orientation, optional rating). Pure functions, any thread.
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QRect>
+#include <QString>
+
+#include <optional>
+
+namespace orvanta::samples {
+
+struct SceneSpec
+{
+    int width = 240;  // as stored (sensor orientation)
+    int height = 160;
+    int orientation = 1;           // Exif orientation of both files
+    bool bayer = false;            // an RGGB mosaic instead of three samples a pixel
+    std::optional<int> exifRating; // Exif.Image.Rating of the JPG
+    QString dateTimeOriginal = QStringLiteral("2024:05:06 07:08:09");
+    QString model = QStringLiteral("Synthetic");
+    bool backlit = false; // bright sky over a dark subject filling the lower half
+    bool face = false; // paint a drawn face on the right-hand side
+};
+
+// The bright "sun" the RAW holds above white (about 2.6 stops), in stored pixels.
+QRect sunRect(const SceneSpec &spec);
+// A region the RAW clips as well (above its white level).
+QRect blownRect(const SceneSpec &spec);
+// A patch of skin on the drawn face's cheek (with `face`).
+QRect cheekRect(const SceneSpec &spec);
+// A dark region with no highlight.
+QRect shadowRect(const SceneSpec &spec);
+
+// Scene radiance, linear, 1.0 = the JPG's white.
+void sceneRadiance(const SceneSpec &spec, int x, int y, float rgb[3]);
+
+QByteArray makeDng(const SceneSpec &spec);
+QByteArray makeJpeg(const SceneSpec &spec);
+
+// Writes <dir>/<stem>.DNG and <dir>/<stem>.JPG.
+bool writePair(const QString &dir, const QString &stem, const SceneSpec &spec = {});
+
+} // namespace orvanta::samples

@@ -1,0 +1,48 @@
+// orvanta-sample-pairs DIR [COUNT] [WIDTH HEIGHT]: writes COUNT RAW+JPG pairs
+// (Bayer DNG + JPG) of a synthetic scene with a sun the JPG clips and the RAW
+// keeps, for trying the engine without a camera.
+#include "SamplePairs.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include <cstdio>
+
+using namespace orvanta::samples;
+using namespace Qt::StringLiterals;
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    const QStringList args = QCoreApplication::arguments();
+    if (args.size() < 2 || args.size() == 4) {
+        std::fputs("usage: orvanta-sample-pairs DIR [COUNT] [WIDTH HEIGHT]\n", stderr);
+        return 1;
+    }
+    const int count = args.size() > 2 ? args[2].toInt() : 4;
+    SceneSpec spec;
+    spec.bayer = true;
+    if (args.size() > 4) {
+        spec.width = args[3].toInt() & ~1;
+        spec.height = args[4].toInt() & ~1;
+    } else {
+        spec.width = 1536;
+        spec.height = 1024;
+    }
+    if (count < 1 || spec.width < 64 || spec.height < 64) {
+        std::fputs("orvanta-sample-pairs: COUNT >= 1, WIDTH and HEIGHT >= 64\n", stderr);
+        return 1;
+    }
+    for (int i = 0; i < count; ++i) {
+        spec.face = i % 2 == 1;
+        spec.orientation = i % 4 == 3 ? 6 : 1;
+        spec.exifRating = i % 5 + 1;
+        const QString stem = u"SAMPLE_%1"_s.arg(i + 1, 4, 10, QLatin1Char('0'));
+        if (!writePair(args[1], stem, spec)) {
+            std::fprintf(stderr, "orvanta-sample-pairs: cannot write %s\n", qPrintable(args[1]));
+            return 2;
+        }
+        std::printf("%s/%s.DNG + .JPG\n", qPrintable(args[1]), qPrintable(stem));
+    }
+    return 0;
+}
