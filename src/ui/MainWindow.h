@@ -13,6 +13,7 @@
 #include <functional>
 
 class QLabel;
+class QSplitter;
 class QStackedWidget;
 class QToolButton;
 
@@ -32,6 +33,9 @@ class MainWindow : public QMainWindow
 public:
     static constexpr int kDefaultWidth = 880;
     static constexpr int kDefaultHeight = 720;
+    static constexpr int kConsoleDefaultHeight = 200;
+    static constexpr int kConsoleMinimumHeight = 110;
+    static constexpr int kPageMinimumHeight = 60;
 
     // Builds the preferences window when the model asks for it.
     using SettingsFactory = std::function<QDialog *(AppViewModel &model, QWidget *parent)>;
@@ -88,6 +92,7 @@ private:
     QToolButton *m_tabButtons[2] = {};
     QToolButton *m_consoleToggle = nullptr;
     QStackedWidget *m_pages = nullptr;
+    QSplitter *m_drawerSplitter = nullptr;
     TaskProgressCard *m_progressCard = nullptr;
     QWidget *m_historyPage = nullptr;
     QLabel *m_historyPlaceholder = nullptr;

@@ -127,9 +127,6 @@ TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
     m_bar = new QProgressBar(this);
     m_bar->setRange(0, 1000);
     m_bar->setTextVisible(false);
-    m_status = label(this, u"secondary"_s);
-    m_status->setObjectName(u"cardStatus"_s);
-    m_status->setWordWrap(true);
 
     m_faces = new MetricBadge(u"face.smiling.fill"_s, theme::kOrange, this);
     m_faces->setObjectName(u"metricFaces"_s);
@@ -142,10 +139,12 @@ TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
     auto *badges = new QGridLayout;
     badges->setHorizontalSpacing(10);
     badges->setVerticalSpacing(10);
-    badges->addWidget(m_faces, 0, 0);
-    badges->addWidget(m_peak, 0, 1);
-    badges->addWidget(m_clip, 1, 0);
-    badges->addWidget(m_time, 1, 1);
+    // One row of four: the card must fit beside an open console drawer.
+    MetricBadge *all[] = {m_faces, m_peak, m_clip, m_time};
+    for (int i = 0; i < 4; ++i) {
+        badges->addWidget(all[i], 0, i);
+        badges->setColumnStretch(i, 1);
+    }
 
     auto *divider = new QFrame(this);
     divider->setProperty("role", u"divider"_s);
@@ -156,7 +155,6 @@ TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
     layout->addLayout(header);
     layout->addLayout(progressRow);
     layout->addWidget(m_bar);
-    layout->addWidget(m_status);
     layout->addSpacing(2);
     layout->addLayout(badges);
     layout->addSpacing(4);
@@ -172,7 +170,7 @@ TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
           &AppViewModel::currentFacesChanged, &AppViewModel::currentPeakStopsChanged,
           &AppViewModel::currentBayerClipChanged, &AppViewModel::currentDurationChanged,
           &AppViewModel::batchElapsedSecondsChanged, &AppViewModel::historyStatsChanged,
-          &AppViewModel::statusMessageChanged, &AppViewModel::wholeObjectChanged})
+          &AppViewModel::wholeObjectChanged})
         connect(&m_model, signal, this, update);
     refresh();
 }
@@ -214,18 +212,10 @@ void TaskProgressCard::refresh()
     m_progressLine->setVisible(!line.isEmpty());
     m_bar->setValue(int(std::clamp(m.progressFraction(), 0.0, 1.0) * 1000.0));
     m_bar->setVisible(m.isRunning() || m.progressFraction() > 0.0);
-    m_status->setText(m.statusMessage());
 
-    const auto remaining = m.isRunning() ? estimateRemainingSeconds(m.totalPending(), m.progressFraction(),
-                                                                    m.batchElapsedSeconds())
-                                         : std::nullopt;
-    if (remaining) {
-        const auto finished = std::llround(m.progressFraction() * double(m.totalPending()));
-        const double perPhoto = double(m.batchElapsedSeconds()) / double(std::max<qint64>(finished, 1));
-        m_estimate->setText(u"≈ "_s + formatElapsed(*remaining) + u"  ·  "_s
-                            + m.t("metric_throughput_speed", {perPhoto}));
-    }
-    m_estimate->setVisible(bool(remaining));
+    const QString estimate = timeLeftText(m);
+    m_estimate->setText(estimate);
+    m_estimate->setVisible(!estimate.isEmpty());
 
     m_faces->setText(m.t("metric_faces", {m.currentFaces()}));
     m_peak->setText(m.t("metric_peak_gain", {m.currentPeakStops()}));

@@ -48,7 +48,6 @@ private:
     QLabel *m_stem = nullptr;
     QLabel *m_progressLine = nullptr;
     QProgressBar *m_bar = nullptr;
-    QLabel *m_status = nullptr;
     QLabel *m_estimate = nullptr;
     MetricBadge *m_faces = nullptr;
     MetricBadge *m_peak = nullptr;

@@ -1,10 +1,11 @@
 // Takes the README's screenshots: builds the real main window in a chosen
 // state and language inside a private home, and saves QWidget::grab().
 //
-//   orvanta_screenshot --state idle|running|overlay|console|donate
+//   orvanta_screenshot --state idle|running|console|overlay|donate
 //                      --lang en|de|fr|es|ja|zh-Hans|zh-Hant --out FILE.png
 //
-// The running state drives a real batch through the scriptable test engine.
+// The running and console states drive a real batch through the scriptable
+// test engine; the console state shows it with the console drawer open.
 #include "app/AppMenus.h"
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
@@ -108,7 +109,8 @@ int main(int argc, char *argv[])
     const QString source = u"/home/anna/Pictures/2026-10 Lofoten"_s;
     const QString dest = u"/home/anna/Pictures/Ultra HDR"_s;
     const QString scenario = home + u"/scenario.txt"_s;
-    if (state == u"running") {
+    const bool runsBatch = state == u"running" || state == u"console";
+    if (runsBatch) {
         writeRunningScenario(scenario);
         qputenv("ORVANTA_TEST_SCENARIO", scenario.toUtf8());
         qputenv("ORVANTA_BIN", ORVANTA_TEST_ENGINE);
@@ -130,21 +132,14 @@ int main(int argc, char *argv[])
     window.show();
     settle();
 
-    if (state == u"running") {
-        model.setIsConsoleDrawerExpanded(true);
+    if (runsBatch) {
+        model.setIsConsoleDrawerExpanded(state == u"console");
         model.startProcessing();
         if (!waitFor([&] { return QFile::exists(scenario + u".ready"_s) && model.currentIndex() == 6; }, 20000)) {
             qWarning("the test engine did not reach item 6");
             return 1;
         }
         model.setBatchElapsedSeconds(41);
-    } else if (state == u"console") {
-        model.setIsConsoleDrawerExpanded(true);
-        for (const QString &line :
-             {u"🚀 Starting Orvanta Ultra HDR pipeline..."_s, u"[09:41:02] worker-1 DSC04211"_s,
-              u"✅ SUCCESS DSC04211"_s, u"⚠️ WARN no JPG partner"_s, u"❌ FAILED DSC04219"_s,
-              u"=== Summary ==="_s})
-            model.appendLog(line);
     } else if (state == u"overlay") {
         QMimeData mime;
         mime.setUrls({QUrl::fromLocalFile(source)});
