@@ -214,6 +214,11 @@ void MainWindow::setDonationPage(const QUrl &page)
     connect(m_donateSheet, &QDialog::finished, this, [this] { m_model.setIsShowingDonateSheet(false); });
 }
 
+void MainWindow::setFolderChooser(FolderChooser chooser)
+{
+    m_folderChooser = std::move(chooser);
+}
+
 QToolButton *MainWindow::tabButton(int index) const
 {
     return index >= 0 && index < 2 ? m_tabButtons[index] : nullptr;
@@ -250,6 +255,8 @@ void MainWindow::perform(Command command)
 
 QString MainWindow::chooseFolder(const QString &prompt, const QString &startDir)
 {
+    if (m_folderChooser)
+        return m_folderChooser(prompt, startDir);
     QFileDialog dialog(this, prompt, startDir);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);

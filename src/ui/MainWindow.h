@@ -48,6 +48,10 @@ public:
     void setSettingsFactory(SettingsFactory factory);
     // The donation page of this build (empty: the sheet has no open button).
     void setDonationPage(const QUrl &page);
+    // Replaces the folder panel (a portal or a test can answer instead);
+    // an empty function restores the panel.
+    using FolderChooser = std::function<QString(const QString &prompt, const QString &startDir)>;
+    void setFolderChooser(FolderChooser chooser);
 
     // Performs one menu command the way the menus ask for it.
     void perform(Command command);
@@ -104,6 +108,7 @@ private:
     DonateSheet *m_donateSheet = nullptr;
     QPointer<QDialog> m_settingsDialog;
     SettingsFactory m_settingsFactory;
+    FolderChooser m_folderChooser;
     QUrl m_donationPage;
     QMetaObject::Connection m_commandConnection;
 };
