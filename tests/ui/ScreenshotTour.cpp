@@ -1,7 +1,7 @@
 // Takes the README's screenshots: builds the real main window in a chosen
 // state and language inside a private home, and saves QWidget::grab().
 //
-//   orvanta_screenshot --state idle|running|console|overlay|donate
+//   orvanta_screenshot --state idle|running|console|overlay|donate|icons
 //                      --lang en|de|fr|es|ja|zh-Hans|zh-Hant --out FILE.png
 //
 // The running and console states drive a real batch through the scriptable
@@ -11,6 +11,7 @@
 #include "core/AppViewModel.h"
 #include "i18n/LocalizationService.h"
 #include "ui/DonateSheet.h"
+#include "ui/Icons.h"
 #include "ui/MainWindow.h"
 #include "ui/Theme.h"
 
@@ -84,6 +85,26 @@ void writeRunningScenario(const QString &path)
         file.write(lines.join(u'\n').toUtf8() + '\n');
 }
 
+// Every drawing of the icon set, tinted, with its symbol name: a sheet for
+// checking that the set is consistent.
+QPixmap iconSheet()
+{
+    const QStringList names = QDir(u":/icons"_s).entryList({u"*.svg"_s}, QDir::Files, QDir::Name);
+    const int columns = 4, cellW = 260, cellH = 56;
+    QPixmap sheet(columns * cellW, int((names.size() + columns - 1) / columns) * cellH + 16);
+    sheet.fill(theme::kSurface);
+    QPainter p(&sheet);
+    p.setPen(theme::kTextSecondary);
+    for (int i = 0; i < names.size(); ++i) {
+        const QString symbol = names.at(i).chopped(4);
+        const QPoint cell(8 + (i % columns) * cellW, 8 + (i / columns) * cellH);
+        p.drawPixmap(cell + QPoint(4, 8), icons::pixmap(symbol, theme::kTextPrimary, 32));
+        p.drawText(QRect(cell + QPoint(44, 0), QSize(cellW - 48, cellH)), Qt::AlignVCenter | Qt::TextWordWrap,
+                   symbol);
+    }
+    return sheet;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -126,6 +147,9 @@ int main(int argc, char *argv[])
     model.setMinRating(3);
     model.updateVolumeInfo();
     model.clearLogs();
+
+    if (state == u"icons")
+        return iconSheet().save(parser.value(u"out"_s)) ? 0 : 1;
 
     MainWindow window(model);
     AppMenus menus(model, window, nullptr);

@@ -13,6 +13,7 @@
 #include "ui/FolderField.h"
 #include "ui/FolderPickerBar.h"
 #include "ui/HeaderBar.h"
+#include "ui/Icons.h"
 #include "ui/MainWindow.h"
 
 #include <QAction>
@@ -87,6 +88,8 @@ private Q_SLOTS:
     void runButtonFollowsARealBatchThroughStartStopAndEnd();
     void donateCommandOpensTheSheetAndItsPageInTheBrowser();
     void languageSwitchReRendersEveryVisibleText();
+    void everyInterfaceSymbolHasADrawing_data();
+    void everyInterfaceSymbolHasADrawing();
 
 private:
     QString path(const QString &relative) const { return m_files.filePath(relative); }
@@ -495,6 +498,44 @@ void MainWindowTest::languageSwitchReRendersEveryVisibleText()
     QVERIFY(germanTexts.contains(m_model->t("tab_history").replace(u'&', u"&&"_s)));
     QVERIFY(m_window->footerStorage()->text() != footerBefore);
     QCOMPARE(m_window->folderBar()->runButton()->text(), m_model->t("btn_start_batch"));
+}
+
+void MainWindowTest::everyInterfaceSymbolHasADrawing_data()
+{
+    QTest::addColumn<QString>("symbol");
+    const char *symbols[] = {
+        "arrow.clockwise", "arrow.down.doc.fill", "arrow.up.arrow.down",
+        "arrow.up.left.and.down.right.and.arrow.up.right.and.down.left", "bolt.fill", "camera",
+        "camera.aperture", "camera.fill", "chart.bar.xaxis", "checkmark.circle.fill", "checkmark.square.fill",
+        "chevron.left", "chevron.right", "dial.low.fill", "display", "exclamationmark.triangle.fill",
+        "externaldrive.fill", "face.smiling.fill", "film", "folder.fill", "gearshape", "globe", "heart.fill",
+        "line.3.horizontal.decrease.circle", "minus.square.fill", "mountain.2", "person.crop.circle", "photo",
+        "photo.badge.exclamationmark", "photo.stack", "play.fill", "shield.checkerboard", "sidebar.right",
+        "slider.horizontal.3", "sparkles", "square.and.arrow.up", "star.fill", "stop.fill", "stopwatch.fill",
+        "sun.max.fill", "tablecells.badge.ellipsis", "terminal", "trash", "tray", "tray.and.arrow.down.fill",
+        "xmark.circle.fill"};
+    for (const char *symbol : symbols)
+        QTest::newRow(symbol) << QString::fromLatin1(symbol);
+}
+
+void MainWindowTest::everyInterfaceSymbolHasADrawing()
+{
+    QFETCH(QString, symbol);
+    QVERIFY(icons::has(symbol));
+    // Drawn in the requested tint, at the requested size and pixel ratio.
+    const QImage image = icons::pixmap(symbol, QColor(255, 0, 0), 24, 2.0).toImage();
+    QCOMPARE(image.size(), QSize(48, 48));
+    int inked = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor c = image.pixelColor(x, y);
+            if (c.alpha() > 128) {
+                ++inked;
+                QVERIFY2(c.red() > 200 && c.green() < 60 && c.blue() < 60, qPrintable(c.name()));
+            }
+        }
+    QVERIFY2(inked > 40, qPrintable(QString::number(inked)));
+    QVERIFY(icons::pixmap(u"no.such.symbol"_s, Qt::red, 24).isNull());
 }
 
 ORVANTA_TEST_WIDGETS_MAIN(MainWindowTest)
