@@ -88,6 +88,7 @@ private Q_SLOTS:
     void runButtonFollowsARealBatchThroughStartStopAndEnd();
     void donateCommandOpensTheSheetAndItsPageInTheBrowser();
     void languageSwitchReRendersEveryVisibleText();
+    void footerAndHeaderShowStorageAndEnvironment();
     void everyInterfaceSymbolHasADrawing_data();
     void everyInterfaceSymbolHasADrawing();
 
@@ -498,6 +499,42 @@ void MainWindowTest::languageSwitchReRendersEveryVisibleText()
     QVERIFY(germanTexts.contains(m_model->t("tab_history").replace(u'&', u"&&"_s)));
     QVERIFY(m_window->footerStorage()->text() != footerBefore);
     QCOMPARE(m_window->folderBar()->runButton()->text(), m_model->t("btn_start_batch"));
+}
+
+void MainWindowTest::footerAndHeaderShowStorageAndEnvironment()
+{
+    AppViewModel &m = *m_model;
+    m.setVolumeName(u"Photos"_s);
+    m.setVolumeFreeGB(123.456);
+    m.setIsVolumeSafe(true);
+    QCOMPARE(m_window->footerStorage()->text(), u"Photos Mounted & Healthy (123.5 GB free)"_s);
+    m.setIsVolumeSafe(false);
+    QCOMPARE(m_window->footerStorage()->text(),
+             u"Target storage volume has insufficient space or is unavailable: [Photos]"_s);
+
+    QLabel *env = m_window->header()->environmentLabel();
+    m.setIsEnvironmentHealthy(true);
+    QCOMPARE(env->text(), u"Environment Ready"_s);
+    m.setMissingDependencyMessage(u"ultrahdr_app, exiftool"_s);
+    m.setIsEnvironmentHealthy(false);
+    QCOMPARE(env->text(), u"Missing Dependencies"_s);
+    QCOMPARE(env->parentWidget()->toolTip(), u"ultrahdr_app, exiftool"_s);
+    QCOMPARE(m_window->header()->settingsButton()->toolTip(), u"Preferences (Ctrl+,)"_s);
+    m_window->header()->settingsButton()->click();
+    QVERIFY(!m.isShowingSettings()); // no settings window installed: the request does not stick
+
+    int built = 0;
+    m_window->setSettingsFactory([&](AppViewModel &, QWidget *parent) {
+        ++built;
+        return new QDialog(parent);
+    });
+    m_window->header()->settingsButton()->click();
+    QVERIFY(m.isShowingSettings());
+    QTRY_VERIFY(m_window->settingsDialog() && m_window->settingsDialog()->isVisible());
+    CommandDispatcher::shared().post(Command::OpenSettings); // already open: raised, not rebuilt
+    QCOMPARE(built, 1);
+    m_window->settingsDialog()->reject();
+    QVERIFY(!m.isShowingSettings());
 }
 
 void MainWindowTest::everyInterfaceSymbolHasADrawing_data()
