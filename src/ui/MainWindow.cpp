@@ -53,6 +53,7 @@ MainWindow::MainWindow(AppViewModel &model, QWidget *parent)
     liveScroll->setFrameShape(QFrame::NoFrame);
     liveScroll->viewport()->setAutoFillBackground(false);
     liveScroll->setMinimumHeight(kPageMinimumHeight);
+    liveScroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_pages->addWidget(liveScroll);
     m_historyPage = buildHistoryPlaceholder();
     m_pages->addWidget(m_historyPage);

@@ -31,6 +31,13 @@ MetricBadge::MetricBadge(const QString &symbol, const QColor &tint, QWidget *par
     layout->addWidget(m_text, 1);
 }
 
+QSize MetricBadge::minimumSizeHint() const
+{
+    // The card picks a row or a grid from the preferred widths; the badge
+    // itself never forces the card wider than the page.
+    return {48, QWidget::minimumSizeHint().height()};
+}
+
 void MetricBadge::setText(const QString &text)
 {
     m_text->setText(text);
@@ -136,15 +143,10 @@ TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
     m_clip->setObjectName(u"metricClip"_s);
     m_time = new MetricBadge(u"stopwatch.fill"_s, theme::kPurple, this);
     m_time->setObjectName(u"metricTime"_s);
-    auto *badges = new QGridLayout;
-    badges->setHorizontalSpacing(10);
-    badges->setVerticalSpacing(10);
-    // One row of four: the card must fit beside an open console drawer.
-    MetricBadge *all[] = {m_faces, m_peak, m_clip, m_time};
-    for (int i = 0; i < 4; ++i) {
-        badges->addWidget(all[i], 0, i);
-        badges->setColumnStretch(i, 1);
-    }
+    m_badges = new QGridLayout;
+    m_badges->setHorizontalSpacing(kBadgeSpacing);
+    m_badges->setVerticalSpacing(kBadgeSpacing);
+    arrangeBadges(4);
 
     auto *divider = new QFrame(this);
     divider->setProperty("role", u"divider"_s);
@@ -156,7 +158,7 @@ TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
     layout->addLayout(progressRow);
     layout->addWidget(m_bar);
     layout->addSpacing(2);
-    layout->addLayout(badges);
+    layout->addLayout(m_badges);
     layout->addSpacing(4);
     layout->addWidget(divider);
     layout->addWidget(buildTotalsRow());
@@ -173,6 +175,43 @@ TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
           &AppViewModel::wholeObjectChanged})
         connect(&m_model, signal, this, update);
     refresh();
+}
+
+int TaskProgressCard::badgeColumns() const
+{
+    return m_badgeColumns;
+}
+
+void TaskProgressCard::arrangeBadges(int columns)
+{
+    // One row of four keeps the card short beside an open console drawer;
+    // two rows of two when the texts (long in some languages) need the room.
+    m_badgeColumns = columns;
+    MetricBadge *all[] = {m_faces, m_peak, m_clip, m_time};
+    for (MetricBadge *badge : all)
+        m_badges->removeWidget(badge);
+    for (int i = 0; i < 4; ++i) {
+        m_badges->addWidget(all[i], i / columns, i % columns);
+        m_badges->setColumnStretch(i, i < columns ? 1 : 0);
+    }
+}
+
+void TaskProgressCard::fitBadges()
+{
+    int needed = 3 * kBadgeSpacing;
+    for (const MetricBadge *badge : {m_faces, m_peak, m_clip, m_time})
+        needed += badge->sizeHint().width();
+    const QMargins margins = layout()->contentsMargins();
+    const int available = width() - margins.left() - margins.right();
+    const int columns = needed <= available ? 4 : 2;
+    if (columns != m_badgeColumns)
+        arrangeBadges(columns);
+}
+
+void TaskProgressCard::resizeEvent(QResizeEvent *event)
+{
+    QFrame::resizeEvent(event);
+    fitBadges();
 }
 
 QWidget *TaskProgressCard::buildTotalsRow()
@@ -221,6 +260,7 @@ void TaskProgressCard::refresh()
     m_peak->setText(m.t("metric_peak_gain", {m.currentPeakStops()}));
     m_clip->setText(m.t("metric_bayer_clip", {m.currentBayerClip()}));
     m_time->setText(timeBadgeText(m));
+    fitBadges();
 
     const DashboardStats &stats = m.historyStats();
     const QString values[4] = {QString::number(stats.total), QString::number(stats.success),

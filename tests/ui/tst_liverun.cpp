@@ -64,6 +64,7 @@ private Q_SLOTS:
     void cardBeforeAnyBatchIsIdle();
     void cardShowsThePairsFoundDuringTheScan();
     void cardTotalsComeFromTheHistoryStatistics();
+    void badgesFormAGridWhenOneRowDoesNotFit();
 
 private:
     std::unique_ptr<AppViewModel> m_model;
@@ -350,6 +351,21 @@ void LiveRunTest::cardTotalsComeFromTheHistoryStatistics()
     QCOMPARE(labelText(&card, u"kpiValue1"_s), u"7"_s);
     QCOMPARE(labelText(&card, u"kpiValue2"_s), u"3"_s);
     QCOMPARE(labelText(&card, u"kpiValue3"_s), u"4.3s"_s);
+}
+
+void LiveRunTest::badgesFormAGridWhenOneRowDoesNotFit()
+{
+    TaskProgressCard card(*m_model);
+    card.resize(1400, 400);
+    card.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&card));
+    QTRY_COMPARE(card.badgeColumns(), 4);
+    card.resize(520, 400);
+    QTRY_COMPARE(card.badgeColumns(), 2);
+    // The card never demands more width than a narrow page has.
+    QVERIFY(card.minimumSizeHint().width() <= 520);
+    card.resize(1400, 400);
+    QTRY_COMPARE(card.badgeColumns(), 4);
 }
 
 ORVANTA_TEST_WIDGETS_MAIN(LiveRunTest)
