@@ -198,12 +198,13 @@ void TaskProgressCard::arrangeBadges(int columns)
 
 void TaskProgressCard::fitBadges()
 {
-    int needed = 3 * kBadgeSpacing;
+    // The columns share the width equally, so the widest text decides.
+    int widest = 0;
     for (const MetricBadge *badge : {m_faces, m_peak, m_clip, m_time})
-        needed += badge->sizeHint().width();
+        widest = std::max(widest, badge->sizeHint().width());
     const QMargins margins = layout()->contentsMargins();
     const int available = width() - margins.left() - margins.right();
-    const int columns = needed <= available ? 4 : 2;
+    const int columns = 4 * widest + 3 * kBadgeSpacing <= available ? 4 : 2;
     if (columns != m_badgeColumns)
         arrangeBadges(columns);
 }

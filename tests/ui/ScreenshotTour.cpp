@@ -152,6 +152,7 @@ int main(int argc, char *argv[])
         return iconSheet().save(parser.value(u"out"_s)) ? 0 : 1;
 
     MainWindow window(model);
+    window.setDonationPage(QUrl(u"https://orvanta.example/donate"_s));
     AppMenus menus(model, window, nullptr);
     window.show();
     settle();
@@ -181,7 +182,10 @@ int main(int argc, char *argv[])
         QPainter p(&shot);
         p.fillRect(shot.rect(), QColor(0, 0, 0, 120));
         const QPixmap sheet = window.donateSheet()->grab();
-        p.drawPixmap((shot.width() - sheet.width()) / 2, 90, sheet);
+        const QRect where(QPoint((shot.width() - sheet.width()) / 2, 90), sheet.size());
+        p.drawPixmap(where.topLeft(), sheet);
+        p.setPen(theme::kBorder);
+        p.drawRect(where.adjusted(0, 0, -1, -1));
     }
     const bool saved = shot.save(parser.value(u"out"_s));
     if (model.isRunning()) {

@@ -4,6 +4,7 @@
 #include "core/AppViewModel.h"
 #include "engine/BatchEvent.h"
 #include "i18n/LocalizationService.h"
+#include "ui/ConsoleLineDelegate.h"
 #include "ui/ConsoleLogModel.h"
 #include "ui/ConsoleLogView.h"
 #include "ui/ProgressText.h"
@@ -48,6 +49,8 @@ private Q_SLOTS:
 
     void lineColourFollowsTheFirstMatchingRule_data();
     void lineColourFollowsTheFirstMatchingRule();
+    void leadingEmojiMarkerIsDrawnApart_data();
+    void leadingEmojiMarkerIsDrawnApart();
     void consoleKeepsTheNewestThousandRowsWithoutResetting();
     void autoScrollFollowsTheNewestLineOnlyWhenOn();
     void copyAllPutsTheJoinedLogOnTheClipboardAndConfirmsBriefly();
@@ -114,6 +117,28 @@ void LiveRunTest::lineColourFollowsTheFirstMatchingRule()
     ConsoleLogModel model(*m_model);
     QCOMPARE(model.data(model.index(0), Qt::ForegroundRole).value<QColor>(), colour);
     QCOMPARE(model.data(model.index(0), Qt::DisplayRole).toString(), line);
+}
+
+void LiveRunTest::leadingEmojiMarkerIsDrawnApart_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("marker");
+    QTest::newRow("warning with variation selector") << u"⚠️ Stop requested by user"_s << u"⚠️"_s;
+    QTest::newRow("astral-plane marker") << u"🚀 Starting"_s << u"🚀"_s;
+    QTest::newRow("check mark") << u"✅ SUCCESS DSC1"_s << u"✅"_s;
+    QTest::newRow("bracketed engine line") << u"[09:41] ✅ done"_s << QString();
+    QTest::newRow("indented detail") << u"   Source: /photos"_s << QString();
+    QTest::newRow("symbol alone") << u"🎉"_s << QString();
+    QTest::newRow("plain text") << u"WARN low disk"_s << QString();
+}
+
+void LiveRunTest::leadingEmojiMarkerIsDrawnApart()
+{
+    QFETCH(QString, line);
+    QFETCH(QString, marker);
+    const auto [m, rest] = splitEmojiMarker(line);
+    QCOMPARE(m, marker);
+    QCOMPARE(m + rest, line); // nothing is lost or reordered
 }
 
 void LiveRunTest::consoleKeepsTheNewestThousandRowsWithoutResetting()
