@@ -481,6 +481,12 @@ void MainWindowTest::languageSwitchReRendersEveryVisibleText()
         if (action->data().toString() == u"de")
             german = action;
     QVERIFY(german);
+    QStringList names;
+    for (QAction *action : languages->actions())
+        if (!action->isSeparator())
+            names << action->text();
+    QCOMPARE(names.value(0), u"Auto (System)"_s);
+    QVERIFY(names.contains(u"Deutsch"_s) && names.contains(u"English"_s) && names.contains(u"日本語"_s));
     german->trigger();
     QTRY_COMPARE(m_model->currentLanguage(), AppLanguage::German);
     QApplication::processEvents();
