@@ -1,6 +1,7 @@
 #include "ui/ConsoleLogView.h"
 
 #include "core/AppViewModel.h"
+#include "ui/ConsoleLineDelegate.h"
 #include "ui/ConsoleLogModel.h"
 #include "ui/Icons.h"
 #include "ui/Theme.h"
@@ -56,6 +57,7 @@ ConsoleLogView::ConsoleLogView(AppViewModel &model, QWidget *parent)
     m_list = new QListView(this);
     m_list->setObjectName(u"consoleList"_s);
     m_list->setModel(m_logModel);
+    m_list->setItemDelegate(new ConsoleLineDelegate(m_list));
     // Every row is one line of the same height: lets the view skip measuring
     // each row, which keeps a full 1000-line log cheap to scroll and update.
     m_list->setUniformItemSizes(true);

@@ -215,6 +215,8 @@ void FolderPickerBar::retranslate()
         stem.chop(1);
     m_stemLabel->setText(stem.toUpper());
     m_stem->setPlaceholderText(m_model.t("opt_single_stem_placeholder"));
+    // The example must stay readable: the layout gives the field its width.
+    m_stem->setMinimumWidth(m_stem->fontMetrics().horizontalAdvance(m_stem->placeholderText()) + 40);
 
     syncFromModel();
     updateRunButton();

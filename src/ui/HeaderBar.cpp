@@ -114,7 +114,10 @@ void HeaderBar::rebuildLanguageMenu()
     m_languageMenu->addSection(m_model.t("action_switch_language"));
     auto *group = new QActionGroup(m_languageMenu);
     for (AppLanguage language : allAppLanguages()) {
-        QAction *action = m_languageMenu->addAction(displayName(language));
+        // The automatic entry has its own fixed name here; every language
+        // keeps its own name whatever the interface language is.
+        const QString name = language == AppLanguage::System ? u"Auto (System)"_s : displayName(language);
+        QAction *action = m_languageMenu->addAction(theme::literal(name));
         action->setCheckable(true);
         action->setChecked(language == m_model.currentLanguage());
         action->setData(rawValue(language));

@@ -19,6 +19,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QScrollArea>
+#include <QSplitter>
 #include <QStackedWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -51,20 +52,33 @@ MainWindow::MainWindow(AppViewModel &model, QWidget *parent)
     liveScroll->setWidgetResizable(true);
     liveScroll->setFrameShape(QFrame::NoFrame);
     liveScroll->viewport()->setAutoFillBackground(false);
+    liveScroll->setMinimumHeight(kPageMinimumHeight);
+    liveScroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_pages->addWidget(liveScroll);
     m_historyPage = buildHistoryPlaceholder();
     m_pages->addWidget(m_historyPage);
 
     m_console = new ConsoleLogView(model, central);
-    m_console->setFixedHeight(210);
+    m_console->setMinimumHeight(kConsoleMinimumHeight);
+
+    // The drawer shares the space below the tabs with the current page; the
+    // handle lets the user give either more room (the card scrolls when short).
+    m_drawerSplitter = new QSplitter(Qt::Vertical, central);
+    m_drawerSplitter->setObjectName(u"drawerSplitter"_s);
+    m_drawerSplitter->setChildrenCollapsible(false);
+    m_drawerSplitter->setHandleWidth(10);
+    m_drawerSplitter->addWidget(m_pages);
+    m_drawerSplitter->addWidget(m_console);
+    m_drawerSplitter->setStretchFactor(0, 1);
+    m_drawerSplitter->setStretchFactor(1, 0);
+    m_drawerSplitter->setSizes({kDefaultHeight, kConsoleDefaultHeight});
 
     auto *content = new QVBoxLayout;
     content->setContentsMargins(16, 4, 16, 10);
     content->setSpacing(10);
     content->addWidget(m_folderBar);
     content->addWidget(buildTabRow());
-    content->addWidget(m_pages, 1);
-    content->addWidget(m_console);
+    content->addWidget(m_drawerSplitter, 1);
 
     auto *layout = new QVBoxLayout(central);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -201,6 +215,11 @@ void MainWindow::setDonationPage(const QUrl &page)
     connect(m_donateSheet, &QDialog::finished, this, [this] { m_model.setIsShowingDonateSheet(false); });
 }
 
+void MainWindow::setFolderChooser(FolderChooser chooser)
+{
+    m_folderChooser = std::move(chooser);
+}
+
 QToolButton *MainWindow::tabButton(int index) const
 {
     return index >= 0 && index < 2 ? m_tabButtons[index] : nullptr;
@@ -237,6 +256,8 @@ void MainWindow::perform(Command command)
 
 QString MainWindow::chooseFolder(const QString &prompt, const QString &startDir)
 {
+    if (m_folderChooser)
+        return m_folderChooser(prompt, startDir);
     QFileDialog dialog(this, prompt, startDir);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);

@@ -13,6 +13,7 @@
 #include <functional>
 
 class QLabel;
+class QSplitter;
 class QStackedWidget;
 class QToolButton;
 
@@ -32,6 +33,9 @@ class MainWindow : public QMainWindow
 public:
     static constexpr int kDefaultWidth = 880;
     static constexpr int kDefaultHeight = 720;
+    static constexpr int kConsoleDefaultHeight = 200;
+    static constexpr int kConsoleMinimumHeight = 110;
+    static constexpr int kPageMinimumHeight = 60;
 
     // Builds the preferences window when the model asks for it.
     using SettingsFactory = std::function<QDialog *(AppViewModel &model, QWidget *parent)>;
@@ -44,6 +48,10 @@ public:
     void setSettingsFactory(SettingsFactory factory);
     // The donation page of this build (empty: the sheet has no open button).
     void setDonationPage(const QUrl &page);
+    // Replaces the folder panel (a portal or a test can answer instead);
+    // an empty function restores the panel.
+    using FolderChooser = std::function<QString(const QString &prompt, const QString &startDir)>;
+    void setFolderChooser(FolderChooser chooser);
 
     // Performs one menu command the way the menus ask for it.
     void perform(Command command);
@@ -88,6 +96,7 @@ private:
     QToolButton *m_tabButtons[2] = {};
     QToolButton *m_consoleToggle = nullptr;
     QStackedWidget *m_pages = nullptr;
+    QSplitter *m_drawerSplitter = nullptr;
     TaskProgressCard *m_progressCard = nullptr;
     QWidget *m_historyPage = nullptr;
     QLabel *m_historyPlaceholder = nullptr;
@@ -99,6 +108,7 @@ private:
     DonateSheet *m_donateSheet = nullptr;
     QPointer<QDialog> m_settingsDialog;
     SettingsFactory m_settingsFactory;
+    FolderChooser m_folderChooser;
     QUrl m_donationPage;
     QMetaObject::Connection m_commandConnection;
 };

@@ -49,4 +49,18 @@ std::optional<qint64> estimateRemainingSeconds(qint64 totalPending, double progr
     return qint64(std::llround(average * double(totalPending - finished)));
 }
 
+QString timeLeftText(const AppViewModel &model)
+{
+    if (!model.isRunning())
+        return QString();
+    const auto remaining = estimateRemainingSeconds(model.totalPending(), model.progressFraction(),
+                                                    model.batchElapsedSeconds());
+    if (!remaining)
+        return QString();
+    const auto finished = std::llround(std::clamp(model.progressFraction(), 0.0, 1.0) * double(model.totalPending()));
+    const double perPhoto = double(model.batchElapsedSeconds()) / double(std::max<qint64>(finished, 1));
+    return model.t("card_time_left", {formatElapsed(*remaining)}) + u"  ·  "_s
+           + model.t("metric_throughput_speed", {perPhoto});
+}
+
 } // namespace orvanta

@@ -28,4 +28,8 @@ QString timeBadgeText(const AppViewModel &model);
 std::optional<qint64> estimateRemainingSeconds(qint64 totalPending, double progressFraction,
                                                qint64 elapsedSeconds);
 
+// The estimate as the card shows it ("05:00 left  ·  8.2s / photo") while a
+// batch runs and the estimate is known; empty otherwise.
+QString timeLeftText(const AppViewModel &model);
+
 } // namespace orvanta

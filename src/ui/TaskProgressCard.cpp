@@ -31,6 +31,13 @@ MetricBadge::MetricBadge(const QString &symbol, const QColor &tint, QWidget *par
     layout->addWidget(m_text, 1);
 }
 
+QSize MetricBadge::minimumSizeHint() const
+{
+    // The card picks a row or a grid from the preferred widths; the badge
+    // itself never forces the card wider than the page.
+    return {48, QWidget::minimumSizeHint().height()};
+}
+
 void MetricBadge::setText(const QString &text)
 {
     m_text->setText(text);
@@ -127,9 +134,6 @@ TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
     m_bar = new QProgressBar(this);
     m_bar->setRange(0, 1000);
     m_bar->setTextVisible(false);
-    m_status = label(this, u"secondary"_s);
-    m_status->setObjectName(u"cardStatus"_s);
-    m_status->setWordWrap(true);
 
     m_faces = new MetricBadge(u"face.smiling.fill"_s, theme::kOrange, this);
     m_faces->setObjectName(u"metricFaces"_s);
@@ -139,13 +143,10 @@ TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
     m_clip->setObjectName(u"metricClip"_s);
     m_time = new MetricBadge(u"stopwatch.fill"_s, theme::kPurple, this);
     m_time->setObjectName(u"metricTime"_s);
-    auto *badges = new QGridLayout;
-    badges->setHorizontalSpacing(10);
-    badges->setVerticalSpacing(10);
-    badges->addWidget(m_faces, 0, 0);
-    badges->addWidget(m_peak, 0, 1);
-    badges->addWidget(m_clip, 1, 0);
-    badges->addWidget(m_time, 1, 1);
+    m_badges = new QGridLayout;
+    m_badges->setHorizontalSpacing(kBadgeSpacing);
+    m_badges->setVerticalSpacing(kBadgeSpacing);
+    arrangeBadges(4);
 
     auto *divider = new QFrame(this);
     divider->setProperty("role", u"divider"_s);
@@ -156,9 +157,8 @@ TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
     layout->addLayout(header);
     layout->addLayout(progressRow);
     layout->addWidget(m_bar);
-    layout->addWidget(m_status);
     layout->addSpacing(2);
-    layout->addLayout(badges);
+    layout->addLayout(m_badges);
     layout->addSpacing(4);
     layout->addWidget(divider);
     layout->addWidget(buildTotalsRow());
@@ -172,9 +172,47 @@ TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
           &AppViewModel::currentFacesChanged, &AppViewModel::currentPeakStopsChanged,
           &AppViewModel::currentBayerClipChanged, &AppViewModel::currentDurationChanged,
           &AppViewModel::batchElapsedSecondsChanged, &AppViewModel::historyStatsChanged,
-          &AppViewModel::statusMessageChanged, &AppViewModel::wholeObjectChanged})
+          &AppViewModel::wholeObjectChanged})
         connect(&m_model, signal, this, update);
     refresh();
+}
+
+int TaskProgressCard::badgeColumns() const
+{
+    return m_badgeColumns;
+}
+
+void TaskProgressCard::arrangeBadges(int columns)
+{
+    // One row of four keeps the card short beside an open console drawer;
+    // two rows of two when the texts (long in some languages) need the room.
+    m_badgeColumns = columns;
+    MetricBadge *all[] = {m_faces, m_peak, m_clip, m_time};
+    for (MetricBadge *badge : all)
+        m_badges->removeWidget(badge);
+    for (int i = 0; i < 4; ++i) {
+        m_badges->addWidget(all[i], i / columns, i % columns);
+        m_badges->setColumnStretch(i, i < columns ? 1 : 0);
+    }
+}
+
+void TaskProgressCard::fitBadges()
+{
+    // The columns share the width equally, so the widest text decides.
+    int widest = 0;
+    for (const MetricBadge *badge : {m_faces, m_peak, m_clip, m_time})
+        widest = std::max(widest, badge->sizeHint().width());
+    const QMargins margins = layout()->contentsMargins();
+    const int available = width() - margins.left() - margins.right();
+    const int columns = 4 * widest + 3 * kBadgeSpacing <= available ? 4 : 2;
+    if (columns != m_badgeColumns)
+        arrangeBadges(columns);
+}
+
+void TaskProgressCard::resizeEvent(QResizeEvent *event)
+{
+    QFrame::resizeEvent(event);
+    fitBadges();
 }
 
 QWidget *TaskProgressCard::buildTotalsRow()
@@ -214,23 +252,16 @@ void TaskProgressCard::refresh()
     m_progressLine->setVisible(!line.isEmpty());
     m_bar->setValue(int(std::clamp(m.progressFraction(), 0.0, 1.0) * 1000.0));
     m_bar->setVisible(m.isRunning() || m.progressFraction() > 0.0);
-    m_status->setText(m.statusMessage());
 
-    const auto remaining = m.isRunning() ? estimateRemainingSeconds(m.totalPending(), m.progressFraction(),
-                                                                    m.batchElapsedSeconds())
-                                         : std::nullopt;
-    if (remaining) {
-        const auto finished = std::llround(m.progressFraction() * double(m.totalPending()));
-        const double perPhoto = double(m.batchElapsedSeconds()) / double(std::max<qint64>(finished, 1));
-        m_estimate->setText(u"≈ "_s + formatElapsed(*remaining) + u"  ·  "_s
-                            + m.t("metric_throughput_speed", {perPhoto}));
-    }
-    m_estimate->setVisible(bool(remaining));
+    const QString estimate = timeLeftText(m);
+    m_estimate->setText(estimate);
+    m_estimate->setVisible(!estimate.isEmpty());
 
     m_faces->setText(m.t("metric_faces", {m.currentFaces()}));
     m_peak->setText(m.t("metric_peak_gain", {m.currentPeakStops()}));
     m_clip->setText(m.t("metric_bayer_clip", {m.currentBayerClip()}));
     m_time->setText(timeBadgeText(m));
+    fitBadges();
 
     const DashboardStats &stats = m.historyStats();
     const QString values[4] = {QString::number(stats.total), QString::number(stats.success),

@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QFrame>
 
+class QGridLayout;
 class QLabel;
 class QProgressBar;
 
@@ -21,6 +22,7 @@ public:
     MetricBadge(const QString &symbol, const QColor &tint, QWidget *parent = nullptr);
     void setText(const QString &text);
     QString text() const;
+    QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -38,9 +40,17 @@ public:
 
     // Re-reads every bound field; cheap, so any change just calls it.
     void refresh();
+    // 4 when the metric badges stand in one row, 2 when they form a grid.
+    int badgeColumns() const;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    static constexpr int kBadgeSpacing = 10;
     QWidget *buildTotalsRow();
+    void arrangeBadges(int columns);
+    void fitBadges();
 
     AppViewModel &m_model;
     QWidget *m_dot = nullptr;
@@ -48,12 +58,13 @@ private:
     QLabel *m_stem = nullptr;
     QLabel *m_progressLine = nullptr;
     QProgressBar *m_bar = nullptr;
-    QLabel *m_status = nullptr;
     QLabel *m_estimate = nullptr;
     MetricBadge *m_faces = nullptr;
     MetricBadge *m_peak = nullptr;
     MetricBadge *m_clip = nullptr;
     MetricBadge *m_time = nullptr;
+    QGridLayout *m_badges = nullptr;
+    int m_badgeColumns = 4;
     QLabel *m_kpiValues[4] = {};
     QLabel *m_kpiLabels[4] = {};
 };

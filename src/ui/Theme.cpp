@@ -110,6 +110,7 @@ QToolButton:checked { background: #243a57; border-color: @accent; }
 QToolButton[role="tab"] { background: transparent; border: 1px solid transparent; border-radius: 8px; padding: 5px 12px; color: @secondary; }
 QToolButton[role="tab"]:hover { color: @text; background: @surface; }
 QToolButton[role="tab"]:checked { background: @raised; border-color: @border; color: @text; }
+QSplitter::handle { background: transparent; }
 QFrame[role="footer"] { background: #111214; border: none; border-top: 1px solid @border; }
 QScrollArea#livePage, QScrollArea#livePage > QWidget > QWidget#progressCard { background: transparent; }
 

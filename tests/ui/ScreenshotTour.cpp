@@ -1,15 +1,17 @@
 // Takes the README's screenshots: builds the real main window in a chosen
 // state and language inside a private home, and saves QWidget::grab().
 //
-//   orvanta_screenshot --state idle|running|overlay|console|donate
+//   orvanta_screenshot --state idle|running|console|overlay|donate|icons
 //                      --lang en|de|fr|es|ja|zh-Hans|zh-Hant --out FILE.png
 //
-// The running state drives a real batch through the scriptable test engine.
+// The running and console states drive a real batch through the scriptable
+// test engine; the console state shows it with the console drawer open.
 #include "app/AppMenus.h"
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
 #include "i18n/LocalizationService.h"
 #include "ui/DonateSheet.h"
+#include "ui/Icons.h"
 #include "ui/MainWindow.h"
 #include "ui/Theme.h"
 
@@ -83,6 +85,26 @@ void writeRunningScenario(const QString &path)
         file.write(lines.join(u'\n').toUtf8() + '\n');
 }
 
+// Every drawing of the icon set, tinted, with its symbol name: a sheet for
+// checking that the set is consistent.
+QPixmap iconSheet()
+{
+    const QStringList names = QDir(u":/icons"_s).entryList({u"*.svg"_s}, QDir::Files, QDir::Name);
+    const int columns = 4, cellW = 260, cellH = 56;
+    QPixmap sheet(columns * cellW, int((names.size() + columns - 1) / columns) * cellH + 16);
+    sheet.fill(theme::kSurface);
+    QPainter p(&sheet);
+    p.setPen(theme::kTextSecondary);
+    for (int i = 0; i < names.size(); ++i) {
+        const QString symbol = names.at(i).chopped(4);
+        const QPoint cell(8 + (i % columns) * cellW, 8 + (i / columns) * cellH);
+        p.drawPixmap(cell + QPoint(4, 8), icons::pixmap(symbol, theme::kTextPrimary, 32));
+        p.drawText(QRect(cell + QPoint(44, 0), QSize(cellW - 48, cellH)), Qt::AlignVCenter | Qt::TextWordWrap,
+                   symbol);
+    }
+    return sheet;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -108,7 +130,8 @@ int main(int argc, char *argv[])
     const QString source = u"/home/anna/Pictures/2026-10 Lofoten"_s;
     const QString dest = u"/home/anna/Pictures/Ultra HDR"_s;
     const QString scenario = home + u"/scenario.txt"_s;
-    if (state == u"running") {
+    const bool runsBatch = state == u"running" || state == u"console";
+    if (runsBatch) {
         writeRunningScenario(scenario);
         qputenv("ORVANTA_TEST_SCENARIO", scenario.toUtf8());
         qputenv("ORVANTA_BIN", ORVANTA_TEST_ENGINE);
@@ -125,26 +148,23 @@ int main(int argc, char *argv[])
     model.updateVolumeInfo();
     model.clearLogs();
 
+    if (state == u"icons")
+        return iconSheet().save(parser.value(u"out"_s)) ? 0 : 1;
+
     MainWindow window(model);
+    window.setDonationPage(QUrl(u"https://orvanta.example/donate"_s));
     AppMenus menus(model, window, nullptr);
     window.show();
     settle();
 
-    if (state == u"running") {
-        model.setIsConsoleDrawerExpanded(true);
+    if (runsBatch) {
+        model.setIsConsoleDrawerExpanded(state == u"console");
         model.startProcessing();
         if (!waitFor([&] { return QFile::exists(scenario + u".ready"_s) && model.currentIndex() == 6; }, 20000)) {
             qWarning("the test engine did not reach item 6");
             return 1;
         }
         model.setBatchElapsedSeconds(41);
-    } else if (state == u"console") {
-        model.setIsConsoleDrawerExpanded(true);
-        for (const QString &line :
-             {u"🚀 Starting Orvanta Ultra HDR pipeline..."_s, u"[09:41:02] worker-1 DSC04211"_s,
-              u"✅ SUCCESS DSC04211"_s, u"⚠️ WARN no JPG partner"_s, u"❌ FAILED DSC04219"_s,
-              u"=== Summary ==="_s})
-            model.appendLog(line);
     } else if (state == u"overlay") {
         QMimeData mime;
         mime.setUrls({QUrl::fromLocalFile(source)});
@@ -162,7 +182,10 @@ int main(int argc, char *argv[])
         QPainter p(&shot);
         p.fillRect(shot.rect(), QColor(0, 0, 0, 120));
         const QPixmap sheet = window.donateSheet()->grab();
-        p.drawPixmap((shot.width() - sheet.width()) / 2, 90, sheet);
+        const QRect where(QPoint((shot.width() - sheet.width()) / 2, 90), sheet.size());
+        p.drawPixmap(where.topLeft(), sheet);
+        p.setPen(theme::kBorder);
+        p.drawRect(where.adjusted(0, 0, -1, -1));
     }
     const bool saved = shot.save(parser.value(u"out"_s));
     if (model.isRunning()) {

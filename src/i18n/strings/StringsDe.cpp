@@ -88,6 +88,8 @@ constexpr StringEntry kEntries[] = {
     {"card_idle", "Leerlauf"},
     {"card_pairs_found", "%d Paare gefunden"},
     {"card_progress_ratio", "[%d / %d]  %d%%"},
+    // main window: time left in the running batch
+    {"card_time_left", "noch %@"},
 
     // progress metrics
     {"metric_faces", "Gesichter: %d"},

@@ -88,6 +88,8 @@ constexpr StringEntry kEntries[] = {
     {"card_idle", "Idle"},
     {"card_pairs_found", "%d Pairs Found"},
     {"card_progress_ratio", "[%d / %d]  %d%%"},
+    // main window: time left in the running batch
+    {"card_time_left", "%@ left"},
 
     // progress metrics
     {"metric_faces", "Faces: %d"},

@@ -88,6 +88,8 @@ constexpr StringEntry kEntries[] = {
     {"card_idle", "Inactivo"},
     {"card_pairs_found", "%d pares encontrados"},
     {"card_progress_ratio", "[%d / %d]  %d%%"},
+    // main window: time left in the running batch
+    {"card_time_left", "quedan %@"},
 
     // progress metrics
     {"metric_faces", "Rostros: %d"},

@@ -88,6 +88,8 @@ constexpr StringEntry kEntries[] = {
     {"card_idle", "Inactif"},
     {"card_pairs_found", "%d paires trouvées"},
     {"card_progress_ratio", "[%d / %d]  %d%%"},
+    // main window: time left in the running batch
+    {"card_time_left", "encore %@"},
 
     // progress metrics
     {"metric_faces", "Visages : %d"},

@@ -88,6 +88,8 @@ constexpr StringEntry kEntries[] = {
     {"card_idle", "待機中"},
     {"card_pairs_found", "%d 組のペアを検出"},
     {"card_progress_ratio", "[%d / %d]  %d%%"},
+    // main window: time left in the running batch
+    {"card_time_left", "残り %@"},
 
     // progress metrics
     {"metric_faces", "顔: %d"},

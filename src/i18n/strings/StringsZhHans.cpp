@@ -88,6 +88,8 @@ constexpr StringEntry kEntries[] = {
     {"card_idle", "空闲"},
     {"card_pairs_found", "找到 %d 组照片"},
     {"card_progress_ratio", "[%d / %d]  %d%%"},
+    // main window: time left in the running batch
+    {"card_time_left", "剩余 %@"},
 
     // progress metrics
     {"metric_faces", "人脸：%d"},
