@@ -2,6 +2,7 @@
 
 #include "hdr/EdrKernels.h"
 
+#include <QElapsedTimer>
 #include <QOpenGLContext>
 #include <QOpenGLFramebufferObject>
 #include <QOpenGLShaderProgram>
@@ -54,8 +55,12 @@ void main() {
     vec2 uv = (p - placement.xy) / placement.zw;
     if (all(greaterThanEqual(uv, vec2(0.0))) && all(lessThan(uv, vec2(1.0)))) {
         vec2 tc = vec2(uv.x, 1.0 - uv.y);
-        vec4 hdr = texture(hdrTexture, tc);
         bool sdrSide = mode == 2 || (mode == 0 && p.x < splitX);
+        // Each side reads only the textures it needs: one per pixel unless
+        // the stripes need the HDR reference under the SDR side too.
+        vec4 hdr = vec4(0.0);
+        if (!sdrSide || zebraOn > 0.5 || shadowOn > 0.5)
+            hdr = texture(hdrTexture, tc);
         vec4 picture;
         if (sdrSide)
             picture = texture(sdrTexture, tc);
@@ -148,9 +153,10 @@ void EdrGlSurface::uploadTexture(unsigned &texture, const QImage &image)
     glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA16F, image.width(), image.height(), 0, GL_RGBA,
                  GL_HALF_FLOAT, image.constBits());
     glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
-    // Zoomed-out views read a reduced level, so a frame never filters the whole picture.
+    // Zoomed-out views read the nearest reduced level (bilinear within it), so a
+    // frame never filters the whole picture and costs two texel reads at most.
     glGenerateMipmap(GL_TEXTURE_2D);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_NEAREST);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
@@ -175,11 +181,14 @@ void EdrGlSurface::paintGL()
 {
     if (!m_program)
         return;
+    QElapsedTimer timer;
+    timer.start();
     uploadPending();
     const QSizeF drawable = QSizeF(size()) * devicePixelRatioF();
     drawFrame(m_source(drawable), drawable);
     if (m_finishEachFrame)
         glFinish();
+    m_lastPaintMs = timer.nsecsElapsed() / 1e6;
 }
 
 void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable)

@@ -55,6 +55,8 @@ public:
     // For measurements: wait for the GPU at the end of every frame.
     void setFinishEachFrame(bool finish) { m_finishEachFrame = finish; }
     bool isReady() const { return m_program != nullptr; }
+    // How long the last paintGL took, including the wait when finishing each frame.
+    double lastPaintMs() const { return m_lastPaintMs; }
 
 Q_SIGNALS:
     void picturesUploaded();
@@ -79,6 +81,7 @@ private:
     QImage m_pendingSdr;
     QImage m_pendingHdr;
     bool m_finishEachFrame = false;
+    double m_lastPaintMs = 0;
 };
 
 } // namespace orvanta
