@@ -98,6 +98,8 @@ private Q_SLOTS:
     void filmicMatchesTheReferenceCurve();
     void hdrDisplayAbove105SkipsToneMapping();
     void loadsAGeneratedUltraHdrFileInTheBackground();
+    void previousPairStaysUntilTheNewOneIsReady();
+    void pairWithoutHdrFileIsNeverDrawn();
 
 private:
     void press(QPointF point);
@@ -461,6 +463,42 @@ void TestEdrViewerWidget::loadsAGeneratedUltraHdrFileInTheBackground()
     const edr::Rgba sdrSide = at(f, f.width() / 2 - 4, f.height() / 2);
     const edr::Rgba hdrSide = at(f, f.width() - 60, f.height() / 2);
     QVERIFY2(hdrSide.r > 2.0f * sdrSide.r, qPrintable(show(hdrSide) + show(sdrSide)));
+}
+
+void TestEdrViewerWidget::previousPairStaysUntilTheNewOneIsReady()
+{
+    QTemporaryDir dir;
+    const QString hdrPath = dir.filePath(u"next.jpg"_s);
+    const QByteArray sdr = test::encodeSdr(test::makeSdr(64, 48));
+    QFile file(hdrPath);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(encodeUltraHdr(QByteArrayView(sdr), test::makeHdr(sdr, false)).bytes);
+    file.close();
+    m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
+    QSignalSpy loaded(m_viewer.get(), &EdrViewer::picturesLoaded);
+    m_viewer->loadImages(QString(), hdrPath);
+    // Decoding runs on the pool; until its result arrives the old pair is drawn.
+    QVERIFY(near(at(frame(), 200, 150), { 2, 2, 2 }));
+    QCOMPARE(m_viewer->imageSize(), QSizeF(400, 300));
+    QTRY_COMPARE(loaded.count(), 1);
+    QCOMPARE(m_viewer->imageSize(), QSizeF(64, 48));
+    QVERIFY(!near(at(frame(), 200, 150), { 2, 2, 2 }));
+}
+
+void TestEdrViewerWidget::pairWithoutHdrFileIsNeverDrawn()
+{
+    QTemporaryDir dir;
+    const QString sdrPath = dir.filePath(u"camera.jpg"_s);
+    QFile file(sdrPath);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(test::encodeSdr(test::makeSdr(64, 48)));
+    file.close();
+    m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
+    QSignalSpy loaded(m_viewer.get(), &EdrViewer::picturesLoaded);
+    m_viewer->loadImages(sdrPath, dir.filePath(u"missing.jpg"_s));
+    QTRY_COMPARE(loaded.count(), 1);
+    QCOMPARE(m_viewer->imageSize(), QSizeF(400, 300));
+    QVERIFY(near(at(frame(), 200, 150), { 2, 2, 2 }));
 }
 
 ORVANTA_TEST_WIDGETS_MAIN(TestEdrViewerWidget)
