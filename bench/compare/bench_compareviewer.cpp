@@ -119,6 +119,12 @@ int main(int argc, char *argv[])
     EdrViewer *viewer = view.viewer();
     viewer->surface()->setFinishEachFrame(true);
 
+    // The floor: frames that only clear the surface, so what remains is Qt
+    // putting the widget's texture and the window's other widgets on screen.
+    QApplication::processEvents();
+    std::vector<QPointF> still(std::size_t(frames), QPointF(10, 10));
+    report("empty frame (clear only)", timedDrag(viewer, still));
+
     QElapsedTimer timer;
     timer.start();
     EdrPicturePair pair;
