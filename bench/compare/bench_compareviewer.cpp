@@ -17,6 +17,7 @@
 #include <QPointingDevice>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <algorithm>
 #include <cmath>
@@ -116,6 +117,8 @@ int main(int argc, char *argv[])
     HDRCompareView view(model, record, {}, nullptr);
     view.resize(1100, 750);
     view.show();
+    if (!QTest::qWaitForWindowExposed(&view))
+        return 1;
     EdrViewer *viewer = view.viewer();
     viewer->surface()->setFinishEachFrame(true);
 

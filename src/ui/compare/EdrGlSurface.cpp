@@ -9,6 +9,9 @@
 #include <QOpenGLVertexArrayObject>
 #include <QSurfaceFormat>
 
+#include <algorithm>
+#include <cmath>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -42,6 +45,8 @@ uniform float shadowThreshold;
 uniform float filmicOn;
 uniform float filmicGain;
 uniform int encodeSrgb;
+uniform float sdrLod;        // mipmap level, fixed per frame: the scale is the same everywhere
+uniform float hdrLod;
 out vec4 fragColor;
 
 vec3 srgbEncode(vec3 c) {
@@ -60,10 +65,10 @@ void main() {
         // the stripes need the HDR reference under the SDR side too.
         vec4 hdr = vec4(0.0);
         if (!sdrSide || zebraOn > 0.5 || shadowOn > 0.5)
-            hdr = texture(hdrTexture, tc);
+            hdr = textureLod(hdrTexture, tc, hdrLod);
         vec4 picture;
         if (sdrSide)
-            picture = texture(sdrTexture, tc);
+            picture = textureLod(sdrTexture, tc, sdrLod);
         else
             picture = filmicOn > 0.5 ? filmicRollOff(vec4(hdr.rgb * filmicGain, hdr.a)) : hdr;
         ivec2 pixel = ivec2(floor(p));
@@ -171,6 +176,8 @@ void EdrGlSurface::uploadPending()
         return;
     uploadTexture(m_sdrTexture, m_pendingSdr);
     uploadTexture(m_hdrTexture, m_pendingHdr);
+    m_sdrSize = m_pendingSdr.size();
+    m_hdrSize = m_pendingHdr.size();
     m_hasTextures = true;
     // The viewer keeps what it needs of the pictures; the textures hold the rest.
     m_pendingSdr = QImage();
@@ -222,6 +229,13 @@ void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable)
     m_program->setUniformValue("filmicOn", state.filmic ? 1.0f : 0.0f);
     m_program->setUniformValue("filmicGain", state.filmicGain);
     m_program->setUniformValue("encodeSrgb", state.encodeSrgb ? 1 : 0);
+    // One level for the whole frame, chosen from the scale: per-pixel level
+    // selection costs llvmpipe more than the filtering itself.
+    const auto level = [&r](QSize texture) {
+        return float(std::max(0.0, std::log2(texture.width() / r.width())));
+    };
+    m_program->setUniformValue("sdrLod", level(m_sdrSize));
+    m_program->setUniformValue("hdrLod", level(m_hdrSize));
     m_vao->bind();
     glDrawArrays(GL_TRIANGLES, 0, 3);
     m_vao->release();

@@ -80,6 +80,8 @@ private:
     bool m_pendingUpload = false;
     QImage m_pendingSdr;
     QImage m_pendingHdr;
+    QSize m_sdrSize;
+    QSize m_hdrSize;
     bool m_finishEachFrame = false;
     double m_lastPaintMs = 0;
 };

@@ -97,6 +97,7 @@ private Q_SLOTS:
     void filmicMatchesTheReferenceCurve_data();
     void filmicMatchesTheReferenceCurve();
     void hdrDisplayAbove105SkipsToneMapping();
+    void zoomedOutViewsReadAReducedLevel();
     void loadsAGeneratedUltraHdrFileInTheBackground();
     void previousPairStaysUntilTheNewOneIsReady();
     void pairWithoutHdrFileIsNeverDrawn();
@@ -433,6 +434,32 @@ void TestEdrViewerWidget::hdrDisplayAbove105SkipsToneMapping()
     QVERIFY(near(at(frame(), 200, 150), { 1, 1, 1 })); // exactly 1.05 is SDR: 2.0 rolls off to 1.0
     displayheadroom::setOverride([] { return 1.1; });
     QVERIFY(near(at(frame(), 200, 150), { 2, 2, 2 })); // shown as loaded
+}
+
+void TestEdrViewerWidget::zoomedOutViewsReadAReducedLevel()
+{
+    // A one-pixel checkerboard of 0 and 2 shown at 0.29 of its size must
+    // come out as its average, not as whichever texels happen to be hit.
+    // (The size is no multiple of the view's, so samples fall between texels.)
+    EdrPicturePair pair = uniformPair({ 1400, 1050 }, 0.25f, 0);
+    pair.hdr = picture(1400, 1050, [](int x, int y) { return (x + y) % 2 ? 2.0f : 0.0f; });
+    m_viewer->setPictures(pair);
+    m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
+    const QImage f = frame();
+    for (int y = 5; y < f.height(); y += 37) {
+        for (int x = 3; x < f.width(); x += 41)
+            QVERIFY2(near(at(f, x, y), { 1, 1, 1 }, 0.01f), qPrintable(u"(%1, %2): "_s.arg(x).arg(y) + show(at(f, x, y))));
+    }
+    // At 5x the level is the picture itself: single texels show again.
+    for (int i = 0; i < 4; ++i)
+        pinch(1.0);
+    const QImage zoomed = frame();
+    float lowest = 2, highest = 0;
+    for (int x = 100; x < 140; ++x) {
+        lowest = std::min(lowest, at(zoomed, x, 150).r);
+        highest = std::max(highest, at(zoomed, x, 150).r);
+    }
+    QVERIFY2(highest - lowest > 1.0f, qPrintable(u"%1 ... %2"_s.arg(lowest).arg(highest)));
 }
 
 void TestEdrViewerWidget::loadsAGeneratedUltraHdrFileInTheBackground()
