@@ -255,44 +255,9 @@ void HDRCompareView::setState(const CompareState &state)
 
 void HDRCompareView::sync()
 {
+    syncControls();
+    syncVisibility();
     const CompareState &s = m_state;
-    const double headroom = displayheadroom::current(this);
-    const bool clean = s.isCleanMode;
-    {
-        const QSignalBlocker blockers[] = { QSignalBlocker(m_toolbar->zebra), QSignalBlocker(m_toolbar->zebraThreshold),
-                                            QSignalBlocker(m_toolbar->shadowZebra), QSignalBlocker(m_toolbar->shadowThreshold),
-                                            QSignalBlocker(m_toolbar->histogram), QSignalBlocker(m_toolbar->inspector),
-                                            QSignalBlocker(m_banner->headroom) };
-        m_toolbar->modes->button(int(s.compareMode))->setChecked(true);
-        m_toolbar->zebra->setChecked(s.isZebraEnabled);
-        m_toolbar->zebraThreshold->setValue(int(std::lround(s.zebraThreshold * 10)));
-        m_toolbar->shadowZebra->setChecked(s.isShadowZebraEnabled);
-        m_toolbar->shadowThreshold->setValue(int(std::lround(s.shadowThreshold * 100)));
-        m_toolbar->showThresholds(s.zebraThreshold, s.shadowThreshold);
-        m_toolbar->histogram->setChecked(s.isHistogramPresented);
-        m_toolbar->inspector->setChecked(s.isInspectorPresented);
-        m_banner->setToneMapMode(s.sdrToneMapMode);
-        m_banner->setSimulatedHeadroom(s.simulatedHeadroom);
-    }
-    m_toolbar->setDisplayHeadroom(headroom);
-    m_toolbar->setVisible(!clean);
-    m_banner->setVisible(!clean && !(headroom > kBannerHeadroom));
-    m_footer->setVisible(!clean);
-    if (m_inspector)
-        m_inspector->setVisible(!clean && s.isInspectorPresented);
-    if (m_histogram)
-        m_histogram->setVisible(!clean && s.isHistogramPresented);
-    m_sdrLabel->setVisible(!clean && s.compareMode != EDRCompareMode::HdrOnly);
-    m_hdrLabel->setVisible(!clean && s.compareMode != EDRCompareMode::SdrOnly);
-
-    QString notice;
-    if (m_viewer->isLoading())
-        notice = m_model.t("edr_loading");
-    else if (m_viewer->sdrFromHdrFile())
-        notice = m_model.t("edr_sdr_from_hdr");
-    m_notice->setText(notice);
-    m_notice->setVisible(!clean && !notice.isEmpty());
-
     EdrViewerSettings settings;
     settings.splitPosition = s.splitPosition;
     settings.compareMode = s.compareMode;
@@ -304,6 +269,52 @@ void HDRCompareView::sync()
     settings.simulatedHeadroom = s.simulatedHeadroom;
     m_viewer->updateState(settings);
     placeOverlays();
+}
+
+void HDRCompareView::syncControls()
+{
+    const CompareState &s = m_state;
+    // Setting a control must not come back as a change of the state.
+    const QSignalBlocker blockers[] = { QSignalBlocker(m_toolbar->zebra), QSignalBlocker(m_toolbar->zebraThreshold),
+                                        QSignalBlocker(m_toolbar->shadowZebra), QSignalBlocker(m_toolbar->shadowThreshold),
+                                        QSignalBlocker(m_toolbar->histogram), QSignalBlocker(m_toolbar->inspector),
+                                        QSignalBlocker(m_banner->headroom) };
+    m_toolbar->modes->button(int(s.compareMode))->setChecked(true);
+    m_toolbar->zebra->setChecked(s.isZebraEnabled);
+    m_toolbar->zebraThreshold->setValue(int(std::lround(s.zebraThreshold * 10)));
+    m_toolbar->shadowZebra->setChecked(s.isShadowZebraEnabled);
+    m_toolbar->shadowThreshold->setValue(int(std::lround(s.shadowThreshold * 100)));
+    m_toolbar->showThresholds(s.zebraThreshold, s.shadowThreshold);
+    m_toolbar->histogram->setChecked(s.isHistogramPresented);
+    m_toolbar->inspector->setChecked(s.isInspectorPresented);
+    m_banner->setToneMapMode(s.sdrToneMapMode);
+    m_banner->setSimulatedHeadroom(s.simulatedHeadroom);
+}
+
+void HDRCompareView::syncVisibility()
+{
+    const CompareState &s = m_state;
+    const double headroom = displayheadroom::current(this);
+    const bool clean = s.isCleanMode;
+    m_toolbar->setDisplayHeadroom(headroom);
+    m_toolbar->setVisible(!clean);
+    m_banner->setVisible(!clean && !(headroom > kBannerHeadroom));
+    m_footer->setVisible(!clean);
+    if (m_inspector)
+        m_inspector->setVisible(!clean && s.isInspectorPresented);
+    if (m_histogram)
+        m_histogram->setVisible(!clean && s.isHistogramPresented);
+    m_sdrLabel->setVisible(!clean && s.compareMode != EDRCompareMode::HdrOnly);
+    m_hdrLabel->setVisible(!clean && s.compareMode != EDRCompareMode::SdrOnly);
+    QString notice;
+    if (m_viewer->isLoading())
+        notice = m_model.t("edr_loading");
+    else if (m_viewer->sdrFromHdrFile())
+        notice = m_model.t("edr_sdr_from_hdr");
+    m_notice->setText(notice);
+    m_notice->setVisible(!clean && !notice.isEmpty());
+    if (clean)
+        m_readout->hide();
 }
 
 void HDRCompareView::showReadout(const std::optional<EdrPixelReadout> &readout)

@@ -78,6 +78,8 @@ private:
     void retranslate();
     void showRecord();
     void sync();
+    void syncControls();
+    void syncVisibility();
     void placeOverlays();
     void showReadout(const std::optional<EdrPixelReadout> &readout);
     QLabel *overlayLabel(const QString &name);
