@@ -28,6 +28,17 @@ Rgba zebraFilter(Rgba display, Rgba hdrReference, int x, int y, float threshold,
     return phase < 8 ? Rgba { 1.0f, 0.82f, 0.0f, 1.0f } : Rgba { 0.06f, 0.06f, 0.06f, 1.0f };
 }
 
+Rgba shadowZebraFilter(Rgba display, Rgba hdrReference, int x, int y, float threshold, float enabled)
+{
+    if (enabled < 0.5f)
+        return display;
+    const float luma = 0.2126f * hdrReference.r + 0.7152f * hdrReference.g + 0.0722f * hdrReference.b;
+    if (!(luma < threshold))
+        return display;
+    const int phase = ((x - y) % 16 + 16) % 16;
+    return phase < 8 ? Rgba { 0.1f, 0.45f, 1.0f, 1.0f } : Rgba { 0.06f, 0.06f, 0.06f, 1.0f };
+}
+
 QString filmicRollOffGlsl()
 {
     return uR"(vec4 filmicRollOff(vec4 pixel) {
@@ -48,6 +59,20 @@ QString zebraFilterGlsl()
         return display;
     int phase = ((pixel.x + pixel.y) % 16 + 16) % 16;
     return phase < 8 ? vec4(1.0, 0.82, 0.0, 1.0) : vec4(0.06, 0.06, 0.06, 1.0);
+}
+)"_s;
+}
+
+QString shadowZebraFilterGlsl()
+{
+    return uR"(vec4 shadowZebraFilter(vec4 display, vec4 hdrReference, ivec2 pixel, float threshold, float enabled) {
+    if (enabled < 0.5)
+        return display;
+    float luma = dot(hdrReference.rgb, vec3(0.2126, 0.7152, 0.0722));
+    if (!(luma < threshold))
+        return display;
+    int phase = ((pixel.x - pixel.y) % 16 + 16) % 16;
+    return phase < 8 ? vec4(0.1, 0.45, 1.0, 1.0) : vec4(0.06, 0.06, 0.06, 1.0);
 }
 )"_s;
 }

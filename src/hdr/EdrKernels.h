@@ -23,8 +23,13 @@ Rgba filmicRollOff(Rgba pixel);
 // otherwise (or when `enabled` < 0.5) the display pixel unchanged.
 Rgba zebraFilter(Rgba display, Rgba hdrReference, int x, int y, float threshold, float enabled);
 
+// Shadow stripes: blue (0.1, 0.45, 1) or near-black on the other diagonal,
+// 8 pixels wide, where the HDR reference's luminance lies below `threshold`.
+Rgba shadowZebraFilter(Rgba display, Rgba hdrReference, int x, int y, float threshold, float enabled);
+
 // GLSL ES 3.0 / GLSL 3.30 function bodies with the same arithmetic.
 QString filmicRollOffGlsl();
 QString zebraFilterGlsl();
+QString shadowZebraFilterGlsl();
 
 } // namespace orvanta::edr

@@ -263,6 +263,16 @@ constexpr StringEntry kEntries[] = {
     {"edr_nav_prev", "Zurück (←)"},
     {"edr_nav_next", "Weiter (→)"},
     {"edr_zoom_hint", "Mit zwei Fingern zoomen • Doppelklick: 100 % • Leertaste zum Umschalten • Tab für reine Ansicht"},
+    // compare window: viewer tools
+    {"edr_no_gl", "Der HDR-Betrachter braucht OpenGL, das auf diesem Bildschirm nicht verfügbar ist."},
+    {"edr_loading", "Foto wird geladen…"},
+    {"edr_sdr_from_hdr", "Kamera-JPEG fehlt: Links ist das eigene SDR-Bild der Ultra-HDR-Datei zu sehen."},
+    {"edr_zebra_highlights", "Zebra für Lichter ab"},
+    {"edr_zebra_shadows", "Zebra für Schatten unter"},
+    {"edr_simulate_headroom", "Simulierter Spielraum"},
+    {"edr_pixel_readout", "Pixel %d, %d   R %.3f  G %.3f  B %.3f   (%.2f Blenden)"},
+    {"edr_share_copy_path", "Dateipfad kopieren"},
+    {"edr_share_open", "Im Standardbetrachter öffnen"},
 
     // SDR render mode
     {"sdr_mode_label", "SDR-Darstellung:"},

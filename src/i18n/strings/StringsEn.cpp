@@ -263,6 +263,16 @@ constexpr StringEntry kEntries[] = {
     {"edr_nav_prev", "Previous (←)"},
     {"edr_nav_next", "Next (→)"},
     {"edr_zoom_hint", "Pinch to zoom • Double-click 100% • Space to toggle • Tab for pure view"},
+    // compare window: viewer tools
+    {"edr_no_gl", "The HDR viewer needs OpenGL, which is not available on this display."},
+    {"edr_loading", "Loading photo…"},
+    {"edr_sdr_from_hdr", "Camera JPEG missing: the left side shows the Ultra HDR file's own SDR image."},
+    {"edr_zebra_highlights", "Highlight zebra from"},
+    {"edr_zebra_shadows", "Shadow zebra below"},
+    {"edr_simulate_headroom", "Simulated headroom"},
+    {"edr_pixel_readout", "Pixel %d, %d   R %.3f  G %.3f  B %.3f   (%.2f stops)"},
+    {"edr_share_copy_path", "Copy File Path"},
+    {"edr_share_open", "Open in Default Viewer"},
 
     // SDR render mode
     {"sdr_mode_label", "SDR Render Mode:"},

@@ -263,6 +263,16 @@ constexpr StringEntry kEntries[] = {
     {"edr_nav_prev", "Anterior (←)"},
     {"edr_nav_next", "Siguiente (→)"},
     {"edr_zoom_hint", "Pellizca para ampliar • Doble clic: 100 % • Espacio para alternar • Tab para vista limpia"},
+    // compare window: viewer tools
+    {"edr_no_gl", "El visor HDR necesita OpenGL, que no está disponible en esta pantalla."},
+    {"edr_loading", "Cargando foto…"},
+    {"edr_sdr_from_hdr", "Falta el JPEG de la cámara: el lado izquierdo muestra la imagen SDR propia del archivo Ultra HDR."},
+    {"edr_zebra_highlights", "Cebra de altas luces desde"},
+    {"edr_zebra_shadows", "Cebra de sombras por debajo de"},
+    {"edr_simulate_headroom", "Margen dinámico simulado"},
+    {"edr_pixel_readout", "Píxel %d, %d   R %.3f  G %.3f  B %.3f   (%.2f pasos)"},
+    {"edr_share_copy_path", "Copiar ruta del archivo"},
+    {"edr_share_open", "Abrir en el visor predeterminado"},
 
     // SDR render mode
     {"sdr_mode_label", "Modo de renderizado SDR:"},

@@ -263,6 +263,16 @@ constexpr StringEntry kEntries[] = {
     {"edr_nav_prev", "Précédente (←)"},
     {"edr_nav_next", "Suivante (→)"},
     {"edr_zoom_hint", "Pincez pour zoomer • Double-clic : 100 % • Espace pour basculer • Tab pour la vue épurée"},
+    // compare window: viewer tools
+    {"edr_no_gl", "La visionneuse HDR nécessite OpenGL, qui n'est pas disponible sur cet écran."},
+    {"edr_loading", "Chargement de la photo…"},
+    {"edr_sdr_from_hdr", "JPEG de l'appareil absent : la partie gauche montre l'image SDR propre au fichier Ultra HDR."},
+    {"edr_zebra_highlights", "Zébras des hautes lumières dès"},
+    {"edr_zebra_shadows", "Zébras des ombres sous"},
+    {"edr_simulate_headroom", "Marge dynamique simulée"},
+    {"edr_pixel_readout", "Pixel %d, %d   R %.3f  V %.3f  B %.3f   (%.2f IL)"},
+    {"edr_share_copy_path", "Copier le chemin du fichier"},
+    {"edr_share_open", "Ouvrir dans la visionneuse par défaut"},
 
     // SDR render mode
     {"sdr_mode_label", "Mode de rendu SDR :"},

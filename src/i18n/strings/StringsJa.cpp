@@ -263,6 +263,16 @@ constexpr StringEntry kEntries[] = {
     {"edr_nav_prev", "前へ (←)"},
     {"edr_nav_next", "次へ (→)"},
     {"edr_zoom_hint", "ピンチでズーム • ダブルクリックで 100% 表示 • スペースキーで切り替え • Tab で画像のみ表示"},
+    // compare window: viewer tools
+    {"edr_no_gl", "HDR ビューアには OpenGL が必要ですが、このディスプレイでは利用できません。"},
+    {"edr_loading", "写真を読み込み中…"},
+    {"edr_sdr_from_hdr", "カメラの JPEG がありません：左側には Ultra HDR ファイル自身の SDR 画像を表示しています。"},
+    {"edr_zebra_highlights", "ハイライトのゼブラ："},
+    {"edr_zebra_shadows", "シャドウのゼブラ："},
+    {"edr_simulate_headroom", "擬似ヘッドルーム"},
+    {"edr_pixel_readout", "ピクセル %d, %d   R %.3f  G %.3f  B %.3f   (%.2f 段)"},
+    {"edr_share_copy_path", "ファイルパスをコピー"},
+    {"edr_share_open", "既定のビューアで開く"},
 
     // SDR render mode
     {"sdr_mode_label", "SDR レンダリングモード:"},

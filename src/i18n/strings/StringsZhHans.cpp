@@ -263,6 +263,16 @@ constexpr StringEntry kEntries[] = {
     {"edr_nav_prev", "上一张 (←)"},
     {"edr_nav_next", "下一张 (→)"},
     {"edr_zoom_hint", "双指捏合缩放 • 双击 100% • 空格键切换 • Tab 键进入纯净视图"},
+    // compare window: viewer tools
+    {"edr_no_gl", "HDR 查看器需要 OpenGL，但此显示器上不可用。"},
+    {"edr_loading", "正在载入照片…"},
+    {"edr_sdr_from_hdr", "缺少相机 JPEG：左侧显示的是 Ultra HDR 文件自带的 SDR 图像。"},
+    {"edr_zebra_highlights", "高光斑马纹起点"},
+    {"edr_zebra_shadows", "阴影斑马纹低于"},
+    {"edr_simulate_headroom", "模拟余量"},
+    {"edr_pixel_readout", "像素 %d, %d   R %.3f  G %.3f  B %.3f   (%.2f 档)"},
+    {"edr_share_copy_path", "拷贝文件路径"},
+    {"edr_share_open", "在默认查看器中打开"},
 
     // SDR render mode
     {"sdr_mode_label", "SDR 渲染模式："},

@@ -263,6 +263,16 @@ constexpr StringEntry kEntries[] = {
     {"edr_nav_prev", "上一張 (←)"},
     {"edr_nav_next", "下一張 (→)"},
     {"edr_zoom_hint", "雙指縮放 • 按兩下 100% • 空白鍵切換 • Tab 鍵進入純淨檢視"},
+    // compare window: viewer tools
+    {"edr_no_gl", "HDR 檢視器需要 OpenGL，但此顯示器上無法使用。"},
+    {"edr_loading", "正在載入照片…"},
+    {"edr_sdr_from_hdr", "缺少相機 JPEG：左側顯示的是 Ultra HDR 檔案本身的 SDR 影像。"},
+    {"edr_zebra_highlights", "高光斑馬紋起點"},
+    {"edr_zebra_shadows", "陰影斑馬紋低於"},
+    {"edr_simulate_headroom", "模擬餘裕"},
+    {"edr_pixel_readout", "像素 %d, %d   R %.3f  G %.3f  B %.3f   (%.2f 級)"},
+    {"edr_share_copy_path", "拷貝檔案路徑"},
+    {"edr_share_open", "在預設檢視器中開啟"},
 
     // SDR render mode
     {"sdr_mode_label", "SDR 呈現模式："},

@@ -1,0 +1,271 @@
+#include "ui/compare/EdrGlSurface.h"
+
+#include "hdr/EdrKernels.h"
+
+#include <QElapsedTimer>
+#include <QOpenGLContext>
+#include <QOpenGLFramebufferObject>
+#include <QOpenGLShaderProgram>
+#include <QOpenGLVertexArrayObject>
+#include <QSurfaceFormat>
+
+#include <algorithm>
+#include <cmath>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// One triangle that covers the whole viewport; no vertex buffer needed.
+constexpr auto kVertexShader = R"(#version 330 core
+void main() {
+    vec2 corner = vec2(float((gl_VertexID << 1) & 2), float(gl_VertexID & 2));
+    gl_Position = vec4(corner * 2.0 - 1.0, 0.0, 1.0);
+}
+)";
+
+QString fragmentShader()
+{
+    QString source = u"#version 330 core\n"_s;
+    source += edr::filmicRollOffGlsl();
+    source += edr::zebraFilterGlsl();
+    source += edr::shadowZebraFilterGlsl();
+    source += uR"(
+uniform sampler2D sdrTexture;
+uniform sampler2D hdrTexture;
+uniform vec4 placement;      // x, y, width, height in drawable pixels, y up
+uniform float splitX;
+uniform int mode;            // 0 split, 1 HDR only, 2 SDR only
+uniform float zebraOn;
+uniform float zebraThreshold;
+uniform float shadowOn;
+uniform float shadowThreshold;
+uniform float filmicOn;
+uniform float filmicGain;
+uniform int encodeSrgb;
+uniform float sdrLod;        // mipmap level, fixed per frame: the scale is the same everywhere
+uniform float hdrLod;
+out vec4 fragColor;
+
+vec3 srgbEncode(vec3 c) {
+    c = clamp(c, 0.0, 1.0);
+    return mix(c * 12.92, 1.055 * pow(c, vec3(1.0 / 2.4)) - 0.055, step(vec3(0.0031308), c));
+}
+
+void main() {
+    vec2 p = gl_FragCoord.xy;
+    vec4 color = vec4(0.08, 0.09, 0.09, 1.0);
+    vec2 uv = (p - placement.xy) / placement.zw;
+    if (all(greaterThanEqual(uv, vec2(0.0))) && all(lessThan(uv, vec2(1.0)))) {
+        vec2 tc = vec2(uv.x, 1.0 - uv.y);
+        bool sdrSide = mode == 2 || (mode == 0 && p.x < splitX);
+        // Each side reads only the textures it needs: one per pixel unless
+        // the stripes need the HDR reference under the SDR side too.
+        vec4 hdr = vec4(0.0);
+        if (!sdrSide || zebraOn > 0.5 || shadowOn > 0.5)
+            hdr = textureLod(hdrTexture, tc, hdrLod);
+        vec4 picture;
+        if (sdrSide)
+            picture = textureLod(sdrTexture, tc, sdrLod);
+        else
+            picture = filmicOn > 0.5 ? filmicRollOff(vec4(hdr.rgb * filmicGain, hdr.a)) : hdr;
+        ivec2 pixel = ivec2(floor(p));
+        picture = zebraFilter(picture, hdr, pixel, zebraThreshold, zebraOn);
+        picture = shadowZebraFilter(picture, hdr, pixel, shadowThreshold, shadowOn);
+        color = vec4(picture.rgb * picture.a + color.rgb * (1.0 - picture.a), 1.0);
+    }
+    if (mode == 0 && p.x >= splitX - 1.0 && p.x < splitX + 1.0)
+        color = vec4(vec3(0.95) + color.rgb * 0.05, 1.0);
+    fragColor = encodeSrgb != 0 ? vec4(srgbEncode(color.rgb), 1.0) : color;
+}
+)"_s;
+    return source;
+}
+
+} // namespace
+
+EdrGlSurface::EdrGlSurface(StateSource source, QWidget *parent)
+    : QOpenGLWidget(parent)
+    , m_source(std::move(source))
+{
+    QSurfaceFormat format = QSurfaceFormat::defaultFormat();
+    format.setVersion(3, 3);
+    format.setProfile(QSurfaceFormat::CoreProfile);
+    setFormat(format);
+    // The viewer around this surface takes the pointer input.
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+EdrGlSurface::~EdrGlSurface()
+{
+    if (context() && isValid()) {
+        makeCurrent();
+        releaseGl();
+        doneCurrent();
+    }
+}
+
+void EdrGlSurface::releaseGl()
+{
+    if (m_sdrTexture)
+        glDeleteTextures(1, &m_sdrTexture);
+    if (m_hdrTexture)
+        glDeleteTextures(1, &m_hdrTexture);
+    m_sdrTexture = m_hdrTexture = 0;
+    m_hasTextures = false;
+    m_vao.reset();
+    m_program.reset();
+}
+
+void EdrGlSurface::setPictures(const QImage &sdr, const QImage &hdr)
+{
+    m_pendingSdr = sdr;
+    m_pendingHdr = hdr;
+    m_pendingUpload = true;
+    update();
+}
+
+void EdrGlSurface::initializeGL()
+{
+    initializeOpenGLFunctions();
+    connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, [this] {
+        makeCurrent();
+        releaseGl();
+        m_pendingUpload = !m_pendingHdr.isNull();
+        doneCurrent();
+    });
+    auto program = std::make_unique<QOpenGLShaderProgram>();
+    if (!program->addShaderFromSourceCode(QOpenGLShader::Vertex, kVertexShader)
+        || !program->addShaderFromSourceCode(QOpenGLShader::Fragment, fragmentShader())
+        || !program->link()) {
+        qWarning("EDR viewer: shader build failed: %s", qPrintable(program->log()));
+        return;
+    }
+    m_program = std::move(program);
+    m_vao = std::make_unique<QOpenGLVertexArrayObject>();
+    m_vao->create();
+}
+
+void EdrGlSurface::uploadTexture(unsigned &texture, const QImage &image)
+{
+    if (!texture)
+        glGenTextures(1, &texture);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
+    glPixelStorei(GL_UNPACK_ROW_LENGTH, int(image.bytesPerLine() / 8));
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA16F, image.width(), image.height(), 0, GL_RGBA,
+                 GL_HALF_FLOAT, image.constBits());
+    glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
+    // Zoomed-out views read the nearest reduced level (bilinear within it), so a
+    // frame never filters the whole picture and costs two texel reads at most.
+    glGenerateMipmap(GL_TEXTURE_2D);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_NEAREST);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
+}
+
+void EdrGlSurface::uploadPending()
+{
+    if (!m_pendingUpload)
+        return;
+    m_pendingUpload = false;
+    if (m_pendingSdr.isNull() || m_pendingHdr.isNull())
+        return;
+    uploadTexture(m_sdrTexture, m_pendingSdr);
+    uploadTexture(m_hdrTexture, m_pendingHdr);
+    m_sdrSize = m_pendingSdr.size();
+    m_hdrSize = m_pendingHdr.size();
+    m_hasTextures = true;
+    // The viewer keeps what it needs of the pictures; the textures hold the rest.
+    m_pendingSdr = QImage();
+    Q_EMIT picturesUploaded();
+}
+
+void EdrGlSurface::paintGL()
+{
+    if (!m_program)
+        return;
+    QElapsedTimer timer;
+    timer.start();
+    uploadPending();
+    const QSizeF drawable = QSizeF(size()) * devicePixelRatioF();
+    drawFrame(m_source(drawable), drawable);
+    if (m_finishEachFrame)
+        glFinish();
+    m_lastPaintMs = timer.nsecsElapsed() / 1e6;
+}
+
+void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable)
+{
+    glViewport(0, 0, int(drawable.width()), int(drawable.height()));
+    if (!m_hasTextures || state.placement.isEmpty()) {
+        // Nothing to compare yet: the backdrop only.
+        if (state.encodeSrgb)
+            glClearColor(0.3130f, 0.3325f, 0.3325f, 1.0f); // the backdrop, sRGB-encoded
+        else
+            glClearColor(0.08f, 0.09f, 0.09f, 1.0f);
+        glClear(GL_COLOR_BUFFER_BIT);
+        return;
+    }
+    m_program->bind();
+    glActiveTexture(GL_TEXTURE0);
+    glBindTexture(GL_TEXTURE_2D, m_sdrTexture);
+    glActiveTexture(GL_TEXTURE1);
+    glBindTexture(GL_TEXTURE_2D, m_hdrTexture);
+    m_program->setUniformValue("sdrTexture", 0);
+    m_program->setUniformValue("hdrTexture", 1);
+    const QRectF &r = state.placement;
+    m_program->setUniformValue("placement", float(r.x()), float(r.y()), float(r.width()),
+                               float(r.height()));
+    m_program->setUniformValue("splitX", float(state.splitX));
+    m_program->setUniformValue("mode", int(state.mode));
+    m_program->setUniformValue("zebraOn", state.zebra ? 1.0f : 0.0f);
+    m_program->setUniformValue("zebraThreshold", state.zebraThreshold);
+    m_program->setUniformValue("shadowOn", state.shadowZebra ? 1.0f : 0.0f);
+    m_program->setUniformValue("shadowThreshold", state.shadowThreshold);
+    m_program->setUniformValue("filmicOn", state.filmic ? 1.0f : 0.0f);
+    m_program->setUniformValue("filmicGain", state.filmicGain);
+    m_program->setUniformValue("encodeSrgb", state.encodeSrgb ? 1 : 0);
+    // One level for the whole frame, chosen from the scale: per-pixel level
+    // selection costs llvmpipe more than the filtering itself.
+    const auto level = [&r](QSize texture) {
+        return float(std::max(0.0, std::log2(texture.width() / r.width())));
+    };
+    m_program->setUniformValue("sdrLod", level(m_sdrSize));
+    m_program->setUniformValue("hdrLod", level(m_hdrSize));
+    m_vao->bind();
+    glDrawArrays(GL_TRIANGLES, 0, 3);
+    m_vao->release();
+    m_program->release();
+    glActiveTexture(GL_TEXTURE0);
+}
+
+QImage EdrGlSurface::renderLinear(QSize size)
+{
+    if (!isValid())
+        return {};
+    makeCurrent();
+    if (!m_program) {
+        doneCurrent();
+        return {};
+    }
+    uploadPending();
+    QOpenGLFramebufferObjectFormat format;
+    format.setInternalTextureFormat(GL_RGBA16F);
+    QOpenGLFramebufferObject fbo(size, format);
+    fbo.bind();
+    EdrFrameState state = m_source(QSizeF(size));
+    state.encodeSrgb = false;
+    drawFrame(state, QSizeF(size));
+    QImage image(size, QImage::Format_RGBA32FPx4);
+    glPixelStorei(GL_PACK_ALIGNMENT, 4);
+    glReadPixels(0, 0, size.width(), size.height(), GL_RGBA, GL_FLOAT, image.bits());
+    fbo.release();
+    doneCurrent();
+    return image.mirrored(); // GL rows run bottom-up
+}
+
+} // namespace orvanta

@@ -1,0 +1,89 @@
+// The OpenGL drawing of the EDR viewer: keeps the photo pair as half-float
+// textures (uploaded once per pair, mipmapped) and composes each frame in one
+// full-screen pass running the zebra and filmic kernels. Main thread.
+#pragma once
+
+#include "hdr/EdrViewerTypes.h"
+
+#include <QImage>
+#include <QOpenGLExtraFunctions>
+#include <QOpenGLWidget>
+#include <QRectF>
+
+#include <functional>
+#include <memory>
+
+class QOpenGLShaderProgram;
+class QOpenGLVertexArrayObject;
+
+namespace orvanta {
+
+// Everything one frame depends on besides the pictures, in drawable pixels
+// with y pointing up.
+struct EdrFrameState
+{
+    QRectF placement;
+    double splitX = 0;
+    EDRCompareMode mode = EDRCompareMode::Split;
+    bool zebra = false;
+    float zebraThreshold = 1.0f;
+    bool shadowZebra = false;
+    float shadowThreshold = 0.02f;
+    bool filmic = false;     // HDR side through the filmic roll-off
+    float filmicGain = 1.0f; // scale before the curve (1 / simulated headroom)
+    bool encodeSrgb = true;  // false: linear extended values (HDR output or readback)
+};
+
+class EdrGlSurface : public QOpenGLWidget, protected QOpenGLExtraFunctions
+{
+    Q_OBJECT
+public:
+    using StateSource = std::function<EdrFrameState(QSizeF drawable)>;
+
+    explicit EdrGlSurface(StateSource source, QWidget *parent = nullptr);
+    ~EdrGlSurface() override;
+
+    // The next frame uploads these (the old textures stay until then). The
+    // images must be RGBA16FPx4 in linear light.
+    void setPictures(const QImage &sdr, const QImage &hdr);
+    bool hasPictures() const { return m_hasTextures || m_pendingUpload; }
+
+    // Renders the current state into a float framebuffer of `size` and reads
+    // it back (rows top-down) as RGBA32FPx4, without sRGB encoding.
+    QImage renderLinear(QSize size);
+
+    // For measurements: wait for the GPU at the end of every frame.
+    void setFinishEachFrame(bool finish) { m_finishEachFrame = finish; }
+    bool isReady() const { return m_program != nullptr; }
+    // How long the last paintGL took, including the wait when finishing each frame.
+    double lastPaintMs() const { return m_lastPaintMs; }
+
+Q_SIGNALS:
+    void picturesUploaded();
+
+protected:
+    void initializeGL() override;
+    void paintGL() override;
+
+private:
+    void uploadPending();
+    void uploadTexture(unsigned &texture, const QImage &image);
+    void drawFrame(const EdrFrameState &state, QSizeF drawable);
+    void releaseGl();
+
+    StateSource m_source;
+    std::unique_ptr<QOpenGLShaderProgram> m_program;
+    std::unique_ptr<QOpenGLVertexArrayObject> m_vao;
+    unsigned m_sdrTexture = 0;
+    unsigned m_hdrTexture = 0;
+    bool m_hasTextures = false;
+    bool m_pendingUpload = false;
+    QImage m_pendingSdr;
+    QImage m_pendingHdr;
+    QSize m_sdrSize;
+    QSize m_hdrSize;
+    bool m_finishEachFrame = false;
+    double m_lastPaintMs = 0;
+};
+
+} // namespace orvanta

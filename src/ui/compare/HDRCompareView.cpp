@@ -1,0 +1,363 @@
+#include "ui/compare/HDRCompareView.h"
+
+#include "core/AppViewModel.h"
+#include "platform/FileManager.h"
+#include "ui/Theme.h"
+#include "ui/compare/CompareToolbar.h"
+#include "ui/compare/ComparePanelProvider.h"
+#include "ui/compare/DisplayHeadroom.h"
+#include "ui/compare/SdrBanner.h"
+
+#include <QAbstractButton>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QDBusConnection>
+#include <QDesktopServices>
+#include <QEvent>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QShortcut>
+#include <QSlider>
+#include <QToolButton>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kBannerHeadroom = 1.2; // the badge and banner call a display HDR above this
+
+QString existingFile(const std::optional<QString> &path)
+{
+    return path && !path->isEmpty() && QFileInfo::exists(*path) ? *path : QString();
+}
+
+int indexOf(const QList<PhotoRecord> &records, const PhotoRecord &record)
+{
+    for (int i = 0; i < records.size(); ++i) {
+        if (records.at(i).id() == record.id())
+            return i;
+    }
+    return 0;
+}
+
+} // namespace
+
+HDRCompareView::HDRCompareView(AppViewModel &model, const PhotoRecord &record,
+                               const QList<PhotoRecord> &allRecords, ComparePanelProvider *provider,
+                               QWidget *parent)
+    : QWidget(parent)
+    , m_model(model)
+    , m_provider(provider)
+    , m_currentRecord(record)
+    , m_allRecords(allRecords.isEmpty() ? QList<PhotoRecord> { record } : allRecords)
+    , m_currentIndex(indexOf(m_allRecords, record))
+{
+    setObjectName(u"hdrCompareView"_s);
+    setMinimumSize(800, 560);
+    buildLayout();
+    connectControls();
+    installShortcuts();
+    connect(&m_model, &AppViewModel::currentLanguageChanged, this, &HDRCompareView::retranslate);
+    retranslate();
+    showRecord();
+    sync();
+}
+
+HDRCompareView::~HDRCompareView() = default;
+
+QString HDRCompareView::sdrPath(const PhotoRecord &record)
+{
+    return existingFile(record.jpgPath);
+}
+
+QString HDRCompareView::hdrPath(const PhotoRecord &record)
+{
+    return existingFile(record.outputPath);
+}
+
+QLabel *HDRCompareView::overlayLabel(const QString &name)
+{
+    auto *label = new QLabel(m_viewer);
+    label->setObjectName(name);
+    label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    label->setStyleSheet(u"background: rgba(0, 0, 0, 0.55); color: #ecedef; border-radius: 6px; padding: 4px 9px;"_s);
+    return label;
+}
+
+void HDRCompareView::buildLayout()
+{
+    m_toolbar = new CompareToolbar(m_model, this);
+    m_banner = new SdrBanner(m_model, this);
+    m_viewer = new EdrViewer(m_model.t("edr_no_gl"), this);
+    m_viewer->installEventFilter(this);
+    m_sdrLabel = overlayLabel(u"sdrSideLabel"_s);
+    m_hdrLabel = overlayLabel(u"hdrSideLabel"_s);
+    m_notice = overlayLabel(u"viewerNotice"_s);
+    m_readout = overlayLabel(u"pixelReadout"_s);
+    m_readout->setStyleSheet(m_readout->styleSheet() + u"font-family: monospace;"_s);
+    m_readout->hide();
+
+    m_footer = new QWidget(this);
+    m_footer->setObjectName(u"compareFooter"_s);
+    m_dragHint = new QLabel(m_footer);
+    m_zoomHint = new QLabel(m_footer);
+    for (QLabel *hint : { m_dragHint, m_zoomHint })
+        hint->setProperty("role", u"tertiary"_s);
+    auto *footer = new QHBoxLayout(m_footer);
+    footer->setContentsMargins(14, 4, 14, 6);
+    footer->addWidget(m_dragHint);
+    footer->addStretch(1);
+    footer->addWidget(m_zoomHint);
+
+    auto *bannerBox = new QVBoxLayout;
+    bannerBox->setContentsMargins(12, 0, 12, 8);
+    bannerBox->addWidget(m_banner);
+    auto *column = new QVBoxLayout;
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_toolbar);
+    column->addLayout(bannerBox);
+    column->addWidget(m_viewer, 1);
+    column->addWidget(m_footer);
+    auto *root = new QHBoxLayout(this);
+    root->setContentsMargins(0, 0, 0, 0);
+    root->setSpacing(0);
+    root->addLayout(column, 1);
+
+    if (m_provider) {
+        m_inspector = m_provider->createInspector(m_model, this);
+        m_histogram = m_provider->createHistogram(m_model, m_viewer);
+    }
+    if (m_inspector)
+        root->addWidget(m_inspector);
+    m_toolbar->inspector->setVisible(m_inspector != nullptr);
+    m_toolbar->histogram->setVisible(m_histogram != nullptr);
+}
+
+void HDRCompareView::connectControls()
+{
+    CompareToolbar *bar = m_toolbar;
+    connect(bar->previous, &QToolButton::clicked, this, &HDRCompareView::showPreviousPhoto);
+    connect(bar->next, &QToolButton::clicked, this, &HDRCompareView::showNextPhoto);
+    connect(bar->modes, &QButtonGroup::idClicked, this, [this](int id) {
+        change([id](CompareState &s) { s.compareMode = compareModeFromRaw(id).value_or(s.compareMode); });
+    });
+    connect(bar->zebra, &QToolButton::toggled, this, [this](bool on) { change([on](CompareState &s) { s.isZebraEnabled = on; }); });
+    connect(bar->zebraThreshold, &QSlider::valueChanged, this, [this](int tenths) {
+        change([tenths](CompareState &s) { s.zebraThreshold = float(tenths) / 10.0f; });
+    });
+    connect(bar->shadowZebra, &QCheckBox::toggled, this, [this](bool on) { change([on](CompareState &s) { s.isShadowZebraEnabled = on; }); });
+    connect(bar->shadowThreshold, &QSlider::valueChanged, this, [this](int hundredths) {
+        change([hundredths](CompareState &s) { s.shadowThreshold = float(hundredths) / 100.0f; });
+    });
+    connect(bar->histogram, &QToolButton::toggled, this, [this](bool on) { change([on](CompareState &s) { s.isHistogramPresented = on; }); });
+    connect(bar->inspector, &QToolButton::toggled, this, [this](bool on) { change([on](CompareState &s) { s.isInspectorPresented = on; }); });
+    connect(m_banner->toneMapModes, &QButtonGroup::idClicked, this, [this](int id) {
+        change([id](CompareState &s) { s.sdrToneMapMode = toneMapModeFromRaw(id).value_or(s.sdrToneMapMode); });
+    });
+    connect(m_banner->headroom, &QSlider::valueChanged, this, [this](int tenths) {
+        change([tenths](CompareState &s) { s.simulatedHeadroom = tenths / 10.0; });
+    });
+    connect(bar->copyPath, &QAction::triggered, this, [this] {
+        QGuiApplication::clipboard()->setText(hdrPath(m_currentRecord));
+    });
+    connect(bar->reveal, &QAction::triggered, this, [this] {
+        auto *manager = new FileManager(QDBusConnection::sessionBus(), this);
+        manager->showItem(hdrPath(m_currentRecord));
+    });
+    connect(bar->openDefault, &QAction::triggered, this, [this] {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(hdrPath(m_currentRecord)));
+    });
+    m_viewer->onSplitChanged = [this](double split) { change([split](CompareState &s) { s.splitPosition = split; }); };
+    connect(m_viewer, &EdrViewer::pixelReadoutChanged, this, &HDRCompareView::showReadout);
+    connect(m_viewer, &EdrViewer::picturesLoaded, this, [this] { sync(); });
+}
+
+void HDRCompareView::installShortcuts()
+{
+    const auto add = [this](int key, auto &&action) {
+        auto *shortcut = new QShortcut(QKeySequence(key), this);
+        shortcut->setContext(Qt::WindowShortcut);
+        connect(shortcut, &QShortcut::activated, this, action);
+    };
+    add(Qt::Key_Z, [this] { change([](CompareState &s) { s.isZebraEnabled = !s.isZebraEnabled; }); });
+    add(Qt::Key_H, [this] {
+        if (m_histogram)
+            change([](CompareState &s) { s.isHistogramPresented = !s.isHistogramPresented; });
+    });
+    add(Qt::Key_Left, [this] { showPreviousPhoto(); });
+    add(Qt::Key_Right, [this] { showNextPhoto(); });
+    add(Qt::Key_Space, [this] { change([](CompareState &s) { s.compareMode = nextCompareMode(s.compareMode); }); });
+    add(Qt::Key_Tab, [this] { change([](CompareState &s) { s.isCleanMode = !s.isCleanMode; }); });
+}
+
+void HDRCompareView::retranslate()
+{
+    m_toolbar->retranslate();
+    m_banner->retranslate();
+    m_sdrLabel->setText(m_model.t("edr_label_sdr"));
+    m_hdrLabel->setText(m_model.t("edr_label_hdr"));
+    m_dragHint->setText(m_model.t("edr_drag_hint"));
+    m_zoomHint->setText(m_model.t("edr_zoom_hint"));
+    sync();
+}
+
+void HDRCompareView::showPreviousPhoto()
+{
+    if (m_currentIndex - 1 < 0)
+        return;
+    m_currentRecord = m_allRecords.at(--m_currentIndex);
+    showRecord();
+}
+
+void HDRCompareView::showNextPhoto()
+{
+    if (m_currentIndex + 1 >= m_allRecords.size())
+        return;
+    m_currentRecord = m_allRecords.at(++m_currentIndex);
+    showRecord();
+}
+
+void HDRCompareView::showRecord()
+{
+    const PhotoRecord &record = m_currentRecord;
+    m_toolbar->setPosition(m_currentIndex, int(m_allRecords.size()));
+    m_toolbar->setPhoto(record.stem, record.rating,
+                        record.peakStops ? QString::asprintf("%.2f", *record.peakStops) : u"—"_s);
+    const QString sdr = sdrPath(record), hdr = hdrPath(record);
+    if (sdr != m_viewer->currentSdrPath() || hdr != m_viewer->currentHdrPath())
+        m_viewer->loadImages(sdr, hdr);
+    if (m_inspector)
+        m_provider->showInspectorRecord(m_inspector, record);
+    if (m_histogram)
+        m_provider->showHistogramFile(m_histogram, hdr);
+    sync();
+    Q_EMIT recordChanged();
+}
+
+void HDRCompareView::setState(const CompareState &state)
+{
+    if (state == m_state)
+        return;
+    m_state = state;
+    sync();
+    Q_EMIT stateChanged();
+}
+
+void HDRCompareView::sync()
+{
+    syncControls();
+    syncVisibility();
+    const CompareState &s = m_state;
+    EdrViewerSettings settings;
+    settings.splitPosition = s.splitPosition;
+    settings.compareMode = s.compareMode;
+    settings.zebraEnabled = s.isZebraEnabled;
+    settings.zebraThreshold = s.zebraThreshold;
+    settings.toneMapMode = s.sdrToneMapMode;
+    settings.shadowZebraEnabled = s.isShadowZebraEnabled;
+    settings.shadowThreshold = s.shadowThreshold;
+    settings.simulatedHeadroom = s.simulatedHeadroom;
+    m_viewer->updateState(settings);
+    placeOverlays();
+}
+
+void HDRCompareView::syncControls()
+{
+    const CompareState &s = m_state;
+    // Setting a control must not come back as a change of the state.
+    const QSignalBlocker blockers[] = { QSignalBlocker(m_toolbar->zebra), QSignalBlocker(m_toolbar->zebraThreshold),
+                                        QSignalBlocker(m_toolbar->shadowZebra), QSignalBlocker(m_toolbar->shadowThreshold),
+                                        QSignalBlocker(m_toolbar->histogram), QSignalBlocker(m_toolbar->inspector),
+                                        QSignalBlocker(m_banner->headroom) };
+    m_toolbar->modes->button(int(s.compareMode))->setChecked(true);
+    m_toolbar->zebra->setChecked(s.isZebraEnabled);
+    m_toolbar->zebraThreshold->setValue(int(std::lround(s.zebraThreshold * 10)));
+    m_toolbar->shadowZebra->setChecked(s.isShadowZebraEnabled);
+    m_toolbar->shadowThreshold->setValue(int(std::lround(s.shadowThreshold * 100)));
+    m_toolbar->showThresholds(s.zebraThreshold, s.shadowThreshold);
+    m_toolbar->histogram->setChecked(s.isHistogramPresented);
+    m_toolbar->inspector->setChecked(s.isInspectorPresented);
+    m_banner->setToneMapMode(s.sdrToneMapMode);
+    m_banner->setSimulatedHeadroom(s.simulatedHeadroom);
+}
+
+void HDRCompareView::syncVisibility()
+{
+    const CompareState &s = m_state;
+    const double headroom = displayheadroom::current(this);
+    const bool clean = s.isCleanMode;
+    m_toolbar->setDisplayHeadroom(headroom);
+    m_toolbar->setVisible(!clean);
+    m_banner->setVisible(!clean && !(headroom > kBannerHeadroom));
+    m_footer->setVisible(!clean);
+    if (m_inspector)
+        m_inspector->setVisible(!clean && s.isInspectorPresented);
+    if (m_histogram)
+        m_histogram->setVisible(!clean && s.isHistogramPresented);
+    m_sdrLabel->setVisible(!clean && s.compareMode != EDRCompareMode::HdrOnly);
+    m_hdrLabel->setVisible(!clean && s.compareMode != EDRCompareMode::SdrOnly);
+    QString notice;
+    if (m_viewer->isLoading())
+        notice = m_model.t("edr_loading");
+    else if (m_viewer->sdrFromHdrFile())
+        notice = m_model.t("edr_sdr_from_hdr");
+    m_notice->setText(notice);
+    m_notice->setVisible(!clean && !notice.isEmpty());
+    if (clean)
+        m_readout->hide();
+}
+
+void HDRCompareView::showReadout(const std::optional<EdrPixelReadout> &readout)
+{
+    if (!readout || m_state.isCleanMode) {
+        m_readout->hide();
+        return;
+    }
+    const edr::Rgba &v = readout->value;
+    const double luma = 0.2126 * v.r + 0.7152 * v.g + 0.0722 * v.b;
+    m_readout->setText(m_model.t("edr_pixel_readout",
+                                 { readout->pixel.x(), readout->pixel.y(), double(v.r), double(v.g),
+                                   double(v.b), std::log2(std::max(luma, 1e-6)) }));
+    m_readout->adjustSize();
+    m_readout->show();
+    placeOverlays();
+}
+
+void HDRCompareView::placeOverlays()
+{
+    const QRect area = m_viewer->rect();
+    const int margin = 12;
+    for (QLabel *label : { m_sdrLabel, m_hdrLabel, m_notice })
+        label->adjustSize();
+    m_sdrLabel->move(margin, margin);
+    m_hdrLabel->move(area.width() - m_hdrLabel->width() - margin, margin);
+    m_notice->move((area.width() - m_notice->width()) / 2, margin + m_sdrLabel->height() + 8);
+    m_readout->move(margin, area.height() - m_readout->height() - margin);
+    if (m_histogram) {
+        const QSize size = m_histogram->sizeHint().boundedTo(area.size() - QSize(2 * margin, 2 * margin));
+        m_histogram->resize(size);
+        m_histogram->move((area.width() - size.width()) / 2, area.height() - size.height() - margin);
+        m_histogram->raise();
+    }
+    for (QLabel *label : { m_sdrLabel, m_hdrLabel, m_notice, m_readout })
+        label->raise();
+}
+
+bool HDRCompareView::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_viewer && event->type() == QEvent::Resize)
+        placeOverlays();
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace orvanta

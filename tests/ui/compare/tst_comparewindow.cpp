@@ -1,0 +1,393 @@
+// The compare window without OpenGL (offscreen platform): opening position,
+// navigation, keyboard shortcuts, clean mode, the display badge and banner
+// against the screen's headroom, the panel provider, and the window manager.
+#include "CompareScene.h"
+#include "common/TestEnvironment.h"
+#include "core/AppViewModel.h"
+#include "ui/compare/CompareToolbar.h"
+#include "ui/compare/DisplayHeadroom.h"
+#include "ui/compare/EdrGlSurface.h"
+#include "ui/compare/HDRCompareView.h"
+#include "ui/compare/HDRCompareWindowManager.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QButtonGroup>
+#include <QLabel>
+#include <QSignalSpy>
+#include <QtTest>
+
+#include <memory>
+
+using namespace orvanta;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+PhotoRecord record(const QString &id, const QString &folder = {})
+{
+    PhotoRecord r;
+    r.fingerprint = id;
+    r.stem = u"IMG_"_s + id;
+    r.status = u"SUCCESS"_s;
+    if (!folder.isEmpty()) {
+        r.jpgPath = folder + u"/"_s + id + u".JPG"_s;
+        r.outputPath = folder + u"/"_s + id + u"_uhdr.jpg"_s;
+    }
+    return r;
+}
+
+// Plain labels in place of the history views' inspector and histogram.
+struct LabelPanels : ComparePanelProvider
+{
+    QWidget *createInspector(AppViewModel &, QWidget *parent) override
+    {
+        return new QLabel(u"inspector"_s, parent);
+    }
+    void showInspectorRecord(QWidget *inspector, const PhotoRecord &r) override
+    {
+        static_cast<QLabel *>(inspector)->setText(r.stem);
+    }
+    QWidget *createHistogram(AppViewModel &, QWidget *parent) override
+    {
+        return new QLabel(u"histogram"_s, parent);
+    }
+    void showHistogramFile(QWidget *histogram, const QString &hdrPath) override
+    {
+        static_cast<QLabel *>(histogram)->setText(hdrPath);
+    }
+};
+
+} // namespace
+
+class TestCompareWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void opensOnTheRecordsPositionOrTheFirst_data();
+    void opensOnTheRecordsPositionOrTheFirst();
+    void navigationIgnoresTheEnds_data();
+    void navigationIgnoresTheEnds();
+    void navigationLoadsTheNewPair();
+    void missingFilesGiveNoPath();
+    void keyboardShortcuts();
+    void cleanModeLeavesOnlyThePicture();
+    void dividerMovesWriteBackIntoTheWindowState();
+    void badgeAndBannerFollowTheHeadroom_data();
+    void badgeAndBannerFollowTheHeadroom();
+    void withoutProviderPanelTogglesAreHidden();
+    void providerPanelsFollowTheCurrentRecord();
+    void managerOpensAFreshWindowEachTime();
+    void viewerSaysSoWithoutOpenGl();
+    void languageChangeRetranslates();
+
+private:
+    std::unique_ptr<HDRCompareView> makeView(const PhotoRecord &r, const QList<PhotoRecord> &list,
+                                             ComparePanelProvider *provider = nullptr);
+
+    std::unique_ptr<AppViewModel> m_model;
+    QTemporaryDir m_dir;
+};
+
+void TestCompareWindow::init()
+{
+    m_model = std::make_unique<AppViewModel>();
+    displayheadroom::setOverride({});
+}
+
+void TestCompareWindow::cleanup()
+{
+    displayheadroom::setOverride({});
+    m_model.reset();
+}
+
+std::unique_ptr<HDRCompareView> TestCompareWindow::makeView(const PhotoRecord &r, const QList<PhotoRecord> &list,
+                                                            ComparePanelProvider *provider)
+{
+    auto view = std::make_unique<HDRCompareView>(*m_model, r, list, provider);
+    view->resize(1100, 750);
+    return view;
+}
+
+void TestCompareWindow::opensOnTheRecordsPositionOrTheFirst_data()
+{
+    QTest::addColumn<QString>("opened");
+    QTest::addColumn<QStringList>("list");
+    QTest::addColumn<int>("index");
+    QTest::addColumn<int>("count");
+    QTest::newRow("third of three") << u"c"_s << QStringList { u"a"_s, u"b"_s, u"c"_s } << 2 << 3;
+    QTest::newRow("not in the list") << u"x"_s << QStringList { u"a"_s, u"b"_s } << 0 << 2;
+    QTest::newRow("empty list") << u"x"_s << QStringList {} << 0 << 1;
+}
+
+void TestCompareWindow::opensOnTheRecordsPositionOrTheFirst()
+{
+    QFETCH(QString, opened);
+    QFETCH(QStringList, list);
+    QFETCH(int, index);
+    QFETCH(int, count);
+    QList<PhotoRecord> records;
+    for (const QString &id : list)
+        records.append(record(id));
+    auto view = makeView(record(opened), records);
+    QCOMPARE(view->currentIndex(), index);
+    QCOMPARE(view->allRecords().size(), count);
+    QCOMPARE(view->currentRecord().id(), opened); // the opening record, even when not in the list
+    QCOMPARE(view->findChild<QLabel *>(u"positionLabel"_s)->text(), u"%1 / %2"_s.arg(index + 1).arg(count));
+    QCOMPARE(view->findChild<QLabel *>(u"stemLabel"_s)->text(), u"IMG_"_s + opened);
+    QCOMPARE(view->state(), CompareState());
+}
+
+void TestCompareWindow::navigationIgnoresTheEnds_data()
+{
+    QTest::addColumn<QStringList>("list");
+    QTest::newRow("one record") << QStringList { u"a"_s };
+    QTest::newRow("empty list") << QStringList {};
+}
+
+void TestCompareWindow::navigationIgnoresTheEnds()
+{
+    QFETCH(QStringList, list);
+    QList<PhotoRecord> records;
+    for (const QString &id : list)
+        records.append(record(id));
+    auto view = makeView(record(u"a"_s), records);
+    QSignalSpy changed(view.get(), &HDRCompareView::recordChanged);
+    view->showNextPhoto();
+    view->showPreviousPhoto();
+    QCOMPARE(changed.count(), 0);
+    QCOMPARE(view->currentIndex(), 0);
+    QVERIFY(!view->findChild<QAbstractButton *>(u"previousButton"_s)->isEnabled());
+    QVERIFY(!view->findChild<QAbstractButton *>(u"nextButton"_s)->isEnabled());
+}
+
+void TestCompareWindow::navigationLoadsTheNewPair()
+{
+    const QString folder = m_dir.path();
+    QVERIFY(test::writeScene(96, 64, folder + u"/a.JPG"_s, folder + u"/a_uhdr.jpg"_s));
+    QVERIFY(test::writeScene(64, 96, folder + u"/b.JPG"_s, folder + u"/b_uhdr.jpg"_s));
+    const QList<PhotoRecord> records { record(u"a"_s, folder), record(u"b"_s, folder) };
+    auto view = makeView(records.at(0), records);
+    QCOMPARE(view->viewer()->currentHdrPath(), folder + u"/a_uhdr.jpg"_s);
+    QTRY_COMPARE(view->viewer()->imageSize(), QSizeF(96, 64));
+    view->showPreviousPhoto(); // at the start: nothing
+    QCOMPARE(view->currentIndex(), 0);
+    view->showNextPhoto();
+    QCOMPARE(view->currentIndex(), 1);
+    QCOMPARE(view->currentRecord().id(), u"b"_s);
+    QCOMPARE(view->viewer()->currentSdrPath(), folder + u"/b.JPG"_s);
+    QCOMPARE(view->viewer()->currentHdrPath(), folder + u"/b_uhdr.jpg"_s);
+    QTRY_COMPARE(view->viewer()->imageSize(), QSizeF(64, 96));
+    QVERIFY(!view->viewer()->sdrFromHdrFile());
+    view->showNextPhoto(); // at the end: nothing
+    QCOMPARE(view->currentIndex(), 1);
+}
+
+void TestCompareWindow::missingFilesGiveNoPath()
+{
+    PhotoRecord r = record(u"m"_s, m_dir.path());
+    QVERIFY(test::writeScene(32, 32, *r.jpgPath, m_dir.filePath(u"other.jpg"_s)));
+    QCOMPARE(HDRCompareView::sdrPath(r), *r.jpgPath);
+    QCOMPARE(HDRCompareView::hdrPath(r), QString()); // set, but nothing on disk
+    r.jpgPath = u""_s;
+    QCOMPARE(HDRCompareView::sdrPath(r), QString());
+    r.jpgPath.reset();
+    QCOMPARE(HDRCompareView::sdrPath(r), QString());
+}
+
+void TestCompareWindow::keyboardShortcuts()
+{
+    LabelPanels panels;
+    const QList<PhotoRecord> records { record(u"a"_s), record(u"b"_s), record(u"c"_s) };
+    auto view = makeView(records.at(1), records, &panels);
+    view->show();
+    QApplication::setActiveWindow(view.get());
+    QVERIFY(QTest::qWaitForWindowActive(view.get()));
+    QWidget *target = view->viewer();
+
+    QTest::keyClick(target, Qt::Key_Z);
+    QVERIFY(view->state().isZebraEnabled);
+    QVERIFY(view->findChild<QAbstractButton *>(u"zebraButton"_s)->isChecked());
+    QTest::keyClick(target, Qt::Key_Z);
+    QVERIFY(!view->state().isZebraEnabled);
+
+    QTest::keyClick(target, Qt::Key_H);
+    QVERIFY(view->state().isHistogramPresented);
+    QVERIFY(view->histogram()->isVisible());
+
+    QCOMPARE(view->state().compareMode, EDRCompareMode::Split);
+    QTest::keyClick(target, Qt::Key_Space);
+    QCOMPARE(view->state().compareMode, EDRCompareMode::HdrOnly);
+    QTest::keyClick(target, Qt::Key_Space);
+    QCOMPARE(view->state().compareMode, EDRCompareMode::SdrOnly);
+    QTest::keyClick(target, Qt::Key_Space);
+    QCOMPARE(view->state().compareMode, EDRCompareMode::Split);
+
+    QTest::keyClick(target, Qt::Key_Right);
+    QCOMPARE(view->currentRecord().id(), u"c"_s);
+    QTest::keyClick(target, Qt::Key_Right);
+    QCOMPARE(view->currentRecord().id(), u"c"_s);
+    QTest::keyClick(target, Qt::Key_Left);
+    QTest::keyClick(target, Qt::Key_Left);
+    QCOMPARE(view->currentRecord().id(), u"a"_s);
+
+    QTest::keyClick(target, Qt::Key_Tab);
+    QVERIFY(view->state().isCleanMode);
+    QTest::keyClick(target, Qt::Key_Tab);
+    QVERIFY(!view->state().isCleanMode);
+}
+
+void TestCompareWindow::cleanModeLeavesOnlyThePicture()
+{
+    LabelPanels panels;
+    auto view = makeView(record(u"a"_s), {}, &panels);
+    CompareState state;
+    state.isInspectorPresented = true;
+    state.isHistogramPresented = true;
+    view->setState(state);
+    view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+    const QStringList chrome { u"compareToolbar"_s, u"sdrBanner"_s, u"compareFooter"_s, u"sdrSideLabel"_s, u"hdrSideLabel"_s };
+    for (const QString &name : chrome)
+        QVERIFY2(view->findChild<QWidget *>(name)->isVisible(), qPrintable(name));
+    QVERIFY(view->inspector()->isVisible() && view->histogram()->isVisible());
+    state.isCleanMode = true;
+    view->setState(state);
+    for (const QString &name : chrome)
+        QVERIFY2(!view->findChild<QWidget *>(name)->isVisible(), qPrintable(name));
+    QVERIFY(!view->inspector()->isVisible() && !view->histogram()->isVisible());
+    QVERIFY(view->viewer()->isVisible());
+}
+
+void TestCompareWindow::dividerMovesWriteBackIntoTheWindowState()
+{
+    auto view = makeView(record(u"a"_s), {});
+    view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+    EdrViewer *viewer = view->viewer();
+    QTest::mousePress(viewer, Qt::LeftButton, {}, QPoint(viewer->width() / 4, 100));
+    QCOMPARE(view->state().splitPosition, double(viewer->width() / 4) / viewer->width());
+    QTest::mouseRelease(viewer, Qt::LeftButton, {}, QPoint(viewer->width() / 4, 100));
+    QCOMPARE(viewer->settings().splitPosition, view->state().splitPosition);
+}
+
+void TestCompareWindow::badgeAndBannerFollowTheHeadroom_data()
+{
+    QTest::addColumn<double>("headroom");
+    QTest::addColumn<bool>("hdrBadge");
+    QTest::addColumn<bool>("rendererToneMaps");
+    QTest::newRow("1.0: standard") << 1.0 << false << true;
+    QTest::newRow("1.1: labelled standard, rendered as HDR") << 1.1 << false << false;
+    QTest::newRow("1.2: still standard") << 1.2 << false << false;
+    QTest::newRow("4.0: HDR") << 4.0 << true << false;
+}
+
+void TestCompareWindow::badgeAndBannerFollowTheHeadroom()
+{
+    QFETCH(double, headroom);
+    QFETCH(bool, hdrBadge);
+    QFETCH(bool, rendererToneMaps);
+    displayheadroom::setOverride([headroom] { return headroom; });
+    auto view = makeView(record(u"a"_s), {});
+    CompareState state;
+    state.sdrToneMapMode = SDRToneMapMode::FilmicRollOff;
+    view->setState(state);
+    view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+    QCOMPARE(view->findChild<QLabel *>(u"displayBadge"_s)->text(),
+             m_model->t(hdrBadge ? "edr_badge_xdr" : "edr_badge_sdr"));
+    QCOMPARE(view->findChild<QWidget *>(u"sdrBanner"_s)->isVisible(), !hdrBadge);
+    QCOMPARE(view->viewer()->frameState({ 100, 100 }).filmic, rendererToneMaps);
+}
+
+void TestCompareWindow::withoutProviderPanelTogglesAreHidden()
+{
+    auto view = makeView(record(u"a"_s), {});
+    view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+    QVERIFY(!view->findChild<QWidget *>(u"histogramButton"_s)->isVisible());
+    QVERIFY(!view->findChild<QWidget *>(u"inspectorButton"_s)->isVisible());
+    QVERIFY(view->findChild<QWidget *>(u"zebraButton"_s)->isVisible());
+    QTest::keyClick(view->viewer(), Qt::Key_H);
+    QVERIFY(!view->state().isHistogramPresented);
+}
+
+void TestCompareWindow::providerPanelsFollowTheCurrentRecord()
+{
+    LabelPanels panels;
+    const QString folder = m_dir.path();
+    QVERIFY(test::writeScene(32, 32, folder + u"/b.JPG"_s, folder + u"/b_uhdr.jpg"_s));
+    const QList<PhotoRecord> records { record(u"a"_s), record(u"b"_s, folder) };
+    auto view = makeView(records.at(0), records, &panels);
+    view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+    auto *inspector = qobject_cast<QLabel *>(view->inspector());
+    auto *histogram = qobject_cast<QLabel *>(view->histogram());
+    QVERIFY(inspector && histogram);
+    QVERIFY(!inspector->isVisible());
+    QCOMPARE(inspector->text(), u"IMG_a"_s);
+    QCOMPARE(histogram->text(), QString()); // no HDR file for "a"
+    view->findChild<QAbstractButton *>(u"inspectorButton"_s)->click();
+    QVERIFY(view->state().isInspectorPresented);
+    QVERIFY(inspector->isVisible());
+    view->showNextPhoto();
+    QCOMPARE(inspector->text(), u"IMG_b"_s);
+    QCOMPARE(histogram->text(), folder + u"/b_uhdr.jpg"_s);
+}
+
+void TestCompareWindow::managerOpensAFreshWindowEachTime()
+{
+    auto &manager = HDRCompareWindowManager::shared();
+    const QList<PhotoRecord> records { record(u"a"_s), record(u"b"_s) };
+    manager.open(*m_model, records.at(1), records);
+    QPointer<HDRCompareView> first = manager.currentWindow();
+    QVERIFY(first);
+    QVERIFY(QTest::qWaitForWindowExposed(first));
+    QCOMPARE(first->windowTitle(), u"Orvanta • IMG_b (HDR)"_s);
+    QCOMPARE(first->size(), QSize(1100, 750));
+    QCOMPARE(first->currentIndex(), 1);
+    CompareState changed;
+    changed.isZebraEnabled = true;
+    first->setState(changed);
+
+    manager.open(*m_model, records.at(0), records);
+    QPointer<HDRCompareView> second = manager.currentWindow();
+    QVERIFY(second && second != first);
+    QVERIFY(first); // the earlier window stays open
+    QCOMPARE(second->state(), CompareState()); // fresh state on every opening
+    QCOMPARE(second->windowTitle(), u"Orvanta • IMG_a (HDR)"_s);
+    second->close();
+    QTRY_VERIFY(!second); // closing gives the window (and its textures) back
+    QVERIFY(!manager.currentWindow());
+    first->close();
+    QTRY_VERIFY(!first);
+}
+
+void TestCompareWindow::viewerSaysSoWithoutOpenGl()
+{
+    auto view = makeView(record(u"a"_s), {});
+    QVERIFY(!EdrViewer::openGlAvailable()); // offscreen
+    QVERIFY(!view->viewer()->isDrawing());
+    QVERIFY(!view->viewer()->findChild<EdrGlSurface *>());
+    auto *notice = view->viewer()->findChild<QLabel *>(u"edrNoGl"_s);
+    QVERIFY(notice);
+    QCOMPARE(notice->text(), m_model->t("edr_no_gl"));
+}
+
+void TestCompareWindow::languageChangeRetranslates()
+{
+    auto view = makeView(record(u"a"_s), {});
+    auto *split = view->findChild<QAbstractButton *>(u"mode_edr_mode_split"_s);
+    QCOMPARE(split->text(), u"Split View"_s);
+    m_model->setCurrentLanguage(AppLanguage::German);
+    QCOMPARE(split->text(), m_model->t("edr_mode_split"));
+    QVERIFY(split->text() != u"Split View"_s);
+    QCOMPARE(view->findChild<QLabel *>(u"sdrSideLabel"_s)->text(), m_model->t("edr_label_sdr"));
+}
+
+ORVANTA_TEST_WIDGETS_MAIN(TestCompareWindow)
+#include "tst_comparewindow.moc"

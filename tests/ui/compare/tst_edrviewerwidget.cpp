@@ -1,0 +1,532 @@
+// The OpenGL viewer under a real X server: the input rules as the widget
+// receives them, and rendered frames checked pixel by pixel against the C++
+// kernels (read back from a half-float framebuffer, so no 8-bit rounding).
+#include "common/TestEnvironment.h"
+#include "hdr/EdrKernels.h"
+#include "hdr/UltraHdrWriter.h"
+#include "hdr/UltraHdrFixtures.h"
+#include "ui/compare/DisplayHeadroom.h"
+#include "ui/compare/EdrGlSurface.h"
+#include "ui/compare/EdrViewer.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QNativeGestureEvent>
+#include <QPointingDevice>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <functional>
+#include <memory>
+
+using namespace orvanta;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A half-float picture whose pixels come from `value(x, y)`.
+QImage picture(int width, int height, const std::function<float(int, int)> &value)
+{
+    QImage image(width, height, QImage::Format_RGBA16FPx4);
+    for (int y = 0; y < height; ++y) {
+        auto *row = reinterpret_cast<qfloat16 *>(image.scanLine(y));
+        for (int x = 0; x < width; ++x) {
+            const float v = value(x, y);
+            row[4 * x] = row[4 * x + 1] = row[4 * x + 2] = qfloat16(v);
+            row[4 * x + 3] = qfloat16(1.0f);
+        }
+    }
+    return image;
+}
+
+EdrPicturePair uniformPair(QSize size, float sdr, float hdr)
+{
+    EdrPicturePair pair;
+    pair.sdr = picture(size.width(), size.height(), [sdr](int, int) { return sdr; });
+    pair.hdr = picture(size.width(), size.height(), [hdr](int, int) { return hdr; });
+    pair.imageSize = size;
+    return pair;
+}
+
+edr::Rgba at(const QImage &frame, int x, int yUp)
+{
+    const auto *row = reinterpret_cast<const float *>(frame.constScanLine(frame.height() - 1 - yUp));
+    return { row[4 * x], row[4 * x + 1], row[4 * x + 2], row[4 * x + 3] };
+}
+
+bool near(const edr::Rgba &a, const edr::Rgba &b, float tolerance = 2e-3f)
+{
+    return std::abs(a.r - b.r) <= tolerance && std::abs(a.g - b.g) <= tolerance
+        && std::abs(a.b - b.b) <= tolerance;
+}
+
+QString show(const edr::Rgba &c)
+{
+    return u"(%1, %2, %3)"_s.arg(c.r).arg(c.g).arg(c.b);
+}
+
+} // namespace
+
+class TestEdrViewerWidget : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    // input
+    void doubleClickZoomsInBelowThresholdAndResetsAbove_data();
+    void doubleClickZoomsInBelowThresholdAndResetsAbove();
+    void dividerIsGrabbedOnlyWithin40BackingPixels_data();
+    void dividerIsGrabbedOnlyWithin40BackingPixels();
+    void pressAwayFromDividerWhenZoomedPans();
+    void dividerDragStopsAtTheEdges();
+    void panDragIsClampedToThePicture();
+    void pinchSnapsBackAndNeverPassesFive();
+    void scrollPansOnlyWhenZoomed();
+    void readoutReportsTheHdrValueUnderThePointerWhenZoomed();
+
+    // frames
+    void splitShowsSdrLeftDividerAndHdrRight();
+    void singleModesShowOneSideOnly();
+    void backdropSurroundsAFittedPicture();
+    void zebraStripesWhereTheReferenceSays();
+    void shadowStripesBelowTheirThreshold();
+    void filmicMatchesTheReferenceCurve_data();
+    void filmicMatchesTheReferenceCurve();
+    void hdrDisplayAbove105SkipsToneMapping();
+    void zoomedOutViewsReadAReducedLevel();
+    void loadsAGeneratedUltraHdrFileInTheBackground();
+    void previousPairStaysUntilTheNewOneIsReady();
+    void pairWithoutHdrFileIsNeverDrawn();
+
+private:
+    void press(QPointF point);
+    void drag(QPointF point);
+    void release(QPointF point);
+    void pinch(double magnification);
+    QImage frame() { return m_viewer->surface()->renderLinear(m_viewer->size() * m_viewer->devicePixelRatioF()); }
+
+    std::unique_ptr<EdrViewer> m_viewer;
+    QList<double> m_splitReports;
+};
+
+void TestEdrViewerWidget::init()
+{
+    QVERIFY2(EdrViewer::openGlAvailable(), "these tests need an X server with OpenGL (xvfb-run)");
+    displayheadroom::setOverride({});
+    m_viewer = std::make_unique<EdrViewer>(u"no GL"_s);
+    m_viewer->resize(400, 300);
+    m_viewer->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_viewer.get()));
+    QVERIFY(m_viewer->isDrawing());
+    QTRY_VERIFY(m_viewer->surface()->isReady());
+    m_splitReports.clear();
+    m_viewer->onSplitChanged = [this](double split) { m_splitReports.append(split); };
+    QSignalSpy uploaded(m_viewer->surface(), &EdrGlSurface::picturesUploaded);
+    m_viewer->setPictures(uniformPair({ 400, 300 }, 0.25f, 2.0f));
+    QTRY_COMPARE(uploaded.count(), 1);
+}
+
+void TestEdrViewerWidget::cleanup()
+{
+    m_viewer.reset();
+    displayheadroom::setOverride({});
+}
+
+void TestEdrViewerWidget::press(QPointF point)
+{
+    QTest::mousePress(m_viewer.get(), Qt::LeftButton, {}, point.toPoint());
+}
+
+void TestEdrViewerWidget::drag(QPointF point)
+{
+    QMouseEvent move(QEvent::MouseMove, point, m_viewer->mapToGlobal(point), Qt::NoButton,
+                     Qt::LeftButton, {});
+    QApplication::sendEvent(m_viewer.get(), &move);
+}
+
+void TestEdrViewerWidget::release(QPointF point)
+{
+    QTest::mouseRelease(m_viewer.get(), Qt::LeftButton, {}, point.toPoint());
+}
+
+void TestEdrViewerWidget::pinch(double magnification)
+{
+    const QPointF centre(200, 150);
+    QNativeGestureEvent event(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
+                              centre, centre, m_viewer->mapToGlobal(centre), magnification, {});
+    QApplication::sendEvent(m_viewer.get(), &event);
+}
+
+void TestEdrViewerWidget::doubleClickZoomsInBelowThresholdAndResetsAbove_data()
+{
+    QTest::addColumn<double>("zoomBefore");
+    QTest::addColumn<double>("zoomAfter");
+    QTest::newRow("1.05 zooms in (threshold is 1.1)") << 1.05 << 2.0;
+    QTest::newRow("1.2 resets") << 1.2 << 1.0;
+}
+
+void TestEdrViewerWidget::doubleClickZoomsInBelowThresholdAndResetsAbove()
+{
+    QFETCH(double, zoomBefore);
+    QFETCH(double, zoomAfter);
+    pinch(zoomBefore - 1.0);
+    QCOMPARE(m_viewer->model().zoomScale(), zoomBefore);
+    QTest::mouseDClick(m_viewer.get(), Qt::LeftButton, {}, QPoint(100, 100));
+    QCOMPARE(m_viewer->model().zoomScale(), zoomAfter);
+    if (zoomAfter == 1.0)
+        QCOMPARE(m_viewer->model().panOffset(), QPointF());
+    else // towards the click: left of and above the centre moves the picture right and down
+        QVERIFY(m_viewer->model().panOffset().x() > 0 && m_viewer->model().panOffset().y() < 0);
+}
+
+void TestEdrViewerWidget::dividerIsGrabbedOnlyWithin40BackingPixels_data()
+{
+    QTest::addColumn<double>("offset");
+    QTest::addColumn<bool>("grabbed");
+    QTest::newRow("39 pixels right") << 39.0 << true;
+    QTest::newRow("39 pixels left") << -39.0 << true;
+    QTest::newRow("40 pixels right") << 40.0 << false;
+    QTest::newRow("40 pixels left") << -40.0 << false;
+}
+
+void TestEdrViewerWidget::dividerIsGrabbedOnlyWithin40BackingPixels()
+{
+    QFETCH(double, offset);
+    QFETCH(bool, grabbed);
+    const double dpr = m_viewer->devicePixelRatioF();
+    const QPointF click((200.0 + offset) / dpr, 150);
+    QMouseEvent down(QEvent::MouseButtonPress, click, m_viewer->mapToGlobal(click), Qt::LeftButton,
+                     Qt::LeftButton, {});
+    QApplication::sendEvent(m_viewer.get(), &down);
+    QVERIFY(m_viewer->model().isDraggingSplit());
+    if (grabbed) {
+        QCOMPARE(m_viewer->model().splitPosition(), 0.5); // grabbed where it is
+        QVERIFY(m_splitReports.isEmpty());
+    } else {
+        QCOMPARE(m_viewer->model().splitPosition(), click.x() / 400.0); // jumped to the click
+        QCOMPARE(m_splitReports, QList<double> { click.x() / 400.0 });
+    }
+    release(click);
+    QVERIFY(!m_viewer->model().isDraggingSplit());
+}
+
+void TestEdrViewerWidget::pressAwayFromDividerWhenZoomedPans()
+{
+    pinch(1.0);
+    press({ 50, 150 });
+    QVERIFY(m_viewer->model().isPanningImage());
+    QVERIFY(!m_viewer->model().isDraggingSplit());
+    QCOMPARE(m_viewer->model().splitPosition(), 0.5);
+    release({ 50, 150 });
+}
+
+void TestEdrViewerWidget::dividerDragStopsAtTheEdges()
+{
+    press({ 200, 150 });
+    drag({ -80, 150 });
+    QCOMPARE(m_viewer->model().splitPosition(), 0.01);
+    drag({ 480, 150 });
+    QCOMPARE(m_viewer->model().splitPosition(), 0.99);
+    drag({ 100, 150 });
+    QCOMPARE(m_viewer->model().splitPosition(), 0.25);
+    QCOMPARE(m_splitReports, (QList<double> { 0.01, 0.99, 0.25 }));
+    release({ 100, 150 });
+    QCOMPARE(m_viewer->settings().splitPosition, 0.25);
+}
+
+void TestEdrViewerWidget::panDragIsClampedToThePicture()
+{
+    pinch(1.0); // 2x: the 400 x 300 picture is 800 x 600 pixels, so it moves 200 / 150 each way
+    const double dpr = m_viewer->devicePixelRatioF();
+    press({ 20, 20 });
+    drag({ 20 + 1000, 20 + 1000 });
+    QCOMPARE(m_viewer->model().panOffset(), QPointF(200 * dpr, -150 * dpr));
+    drag({ 20 - 1000, 20 - 1000 });
+    QCOMPARE(m_viewer->model().panOffset(), QPointF(-200 * dpr, 150 * dpr));
+    release({ 0, 0 });
+}
+
+void TestEdrViewerWidget::pinchSnapsBackAndNeverPassesFive()
+{
+    pinch(-0.5);
+    QCOMPARE(m_viewer->model().zoomScale(), 1.0);
+    pinch(0.005);
+    QCOMPARE(m_viewer->model().zoomScale(), 1.0);
+    QCOMPARE(m_viewer->model().panOffset(), QPointF());
+    pinch(1.0);
+    QCOMPARE(m_viewer->model().zoomScale(), 2.0);
+    QTest::mouseDClick(m_viewer.get(), Qt::LeftButton, {}, QPoint(10, 10)); // resets
+    pinch(1.0);
+    press({ 10, 10 });
+    drag({ 300, 250 });
+    release({ 300, 250 });
+    QVERIFY(m_viewer->model().panOffset() != QPointF());
+    pinch(-0.496); // 2.0 * 0.504 = 1.008: snaps, pan gone
+    QCOMPARE(m_viewer->model().zoomScale(), 1.0);
+    QCOMPARE(m_viewer->model().panOffset(), QPointF());
+    for (int i = 0; i < 5; ++i)
+        pinch(1.0);
+    QCOMPARE(m_viewer->model().zoomScale(), 5.0);
+}
+
+void TestEdrViewerWidget::scrollPansOnlyWhenZoomed()
+{
+    QWheelEvent wheel(QPointF(200, 150), m_viewer->mapToGlobal(QPointF(200, 150)), QPoint(30, 20),
+                      QPoint(), Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(m_viewer.get(), &wheel);
+    QCOMPARE(m_viewer->model().panOffset(), QPointF());
+    pinch(1.0);
+    QApplication::sendEvent(m_viewer.get(), &wheel);
+    QCOMPARE(m_viewer->model().panOffset(), QPointF(30, -20));
+}
+
+void TestEdrViewerWidget::readoutReportsTheHdrValueUnderThePointerWhenZoomed()
+{
+    // Columns carry their own value, so the readout shows which pixel it read.
+    EdrPicturePair pair = uniformPair({ 400, 300 }, 0.25f, 0);
+    pair.hdr = picture(400, 300, [](int x, int) { return float(x) / 100.0f; });
+    m_viewer->setPictures(pair);
+    QSignalSpy readouts(m_viewer.get(), &EdrViewer::pixelReadoutChanged);
+    QTest::mouseMove(m_viewer.get(), QPoint(300, 150));
+    QVERIFY(!readouts.isEmpty());
+    QVERIFY(!readouts.last().at(0).value<std::optional<EdrPixelReadout>>().has_value()); // at 1x: none
+    pinch(2.0); // 3x around the centre
+    QTest::mouseMove(m_viewer.get(), QPoint(260, 150));
+    const auto readout = readouts.last().at(0).value<std::optional<EdrPixelReadout>>();
+    QVERIFY(readout.has_value());
+    // 60 points right of the centre at 3x is 20 picture pixels right of column 200.
+    QCOMPARE(readout->pixel, QPoint(220, 150));
+    QCOMPARE(readout->value.r, float(qfloat16(2.2f)));
+}
+
+void TestEdrViewerWidget::splitShowsSdrLeftDividerAndHdrRight()
+{
+    m_viewer->updateState({ 0.3 });
+    const QImage f = frame();
+    const double xs = f.width() * 0.3;
+    for (int x = 0; x < f.width(); ++x) {
+        const edr::Rgba c = at(f, x, 150);
+        edr::Rgba expected = x + 0.5 < xs ? edr::Rgba { 0.25f, 0.25f, 0.25f } : edr::Rgba { 2, 2, 2 };
+        if (x + 0.5 >= xs - 1.0 && x + 0.5 < xs + 1.0)
+            expected = { 0.95f + 0.05f * expected.r, 0.95f + 0.05f * expected.g, 0.95f + 0.05f * expected.b };
+        QVERIFY2(near(c, expected), qPrintable(u"x %1: %2 vs %3"_s.arg(x).arg(show(c), show(expected))));
+    }
+}
+
+void TestEdrViewerWidget::singleModesShowOneSideOnly()
+{
+    EdrViewerSettings settings;
+    settings.compareMode = EDRCompareMode::HdrOnly;
+    m_viewer->updateState(settings);
+    QImage f = frame();
+    for (int x : { 0, 199, 200, 399 })
+        QVERIFY(near(at(f, x, 10), { 2, 2, 2 }));
+    settings.compareMode = EDRCompareMode::SdrOnly;
+    m_viewer->updateState(settings);
+    f = frame();
+    for (int x : { 0, 199, 200, 399 })
+        QVERIFY(near(at(f, x, 10), { 0.25f, 0.25f, 0.25f }));
+}
+
+void TestEdrViewerWidget::backdropSurroundsAFittedPicture()
+{
+    // 200 x 50 in 400 x 300: fitted to 400 x 100, centred, 100 rows of backdrop above and below.
+    m_viewer->setPictures(uniformPair({ 200, 50 }, 0.25f, 0.5f));
+    m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
+    const QImage f = frame();
+    const int h = f.height();
+    const int band = (h - f.width() / 4) / 2;
+    const edr::Rgba backdrop { 0.08f, 0.09f, 0.09f };
+    QVERIFY(near(at(f, 200, band - 1), backdrop));
+    QVERIFY(near(at(f, 200, band + 1), { 0.5f, 0.5f, 0.5f }));
+    QVERIFY(near(at(f, 200, h - band - 2), { 0.5f, 0.5f, 0.5f }));
+    QVERIFY(near(at(f, 200, h - band + 1), backdrop));
+}
+
+void TestEdrViewerWidget::zebraStripesWhereTheReferenceSays()
+{
+    // Left half of the HDR picture dim (0.5), right half bright (2.0).
+    EdrPicturePair pair = uniformPair({ 400, 300 }, 0.25f, 0);
+    pair.hdr = picture(400, 300, [](int x, int) { return x < 200 ? 0.5f : 2.0f; });
+    m_viewer->setPictures(pair);
+    EdrViewerSettings settings;
+    settings.splitPosition = 0.75; // the bright half shows SDR on its right part: stripes on both sides
+    settings.zebraEnabled = true;
+    settings.zebraThreshold = 1.0f;
+    m_viewer->updateState(settings);
+    const QImage f = frame();
+    const double xs = f.width() * 0.75;
+    int striped = 0;
+    for (int y = 0; y < f.height(); y += 7) {
+        for (int x = 0; x < f.width(); ++x) {
+            if (std::abs(x + 0.5 - xs) <= 1.5 || x == f.width() / 2 || x == f.width() / 2 - 1)
+                continue; // divider and the filtered edge between the halves
+            const float v = x < f.width() / 2 ? 0.5f : 2.0f;
+            const edr::Rgba ref { v, v, v };
+            const edr::Rgba displayed = x + 0.5 < xs ? edr::Rgba { 0.25f, 0.25f, 0.25f } : ref;
+            const edr::Rgba expected = edr::zebraFilter(displayed, ref, x, y, 1.0f, 1.0f);
+            const edr::Rgba c = at(f, x, y);
+            striped += expected.g == 0.82f;
+            QVERIFY2(near(c, expected), qPrintable(u"(%1, %2): %3 vs %4"_s.arg(x).arg(y).arg(show(c), show(expected))));
+        }
+    }
+    QVERIFY(striped > 1000);
+}
+
+void TestEdrViewerWidget::shadowStripesBelowTheirThreshold()
+{
+    EdrPicturePair pair = uniformPair({ 400, 300 }, 0.25f, 0);
+    pair.hdr = picture(400, 300, [](int x, int) { return x < 200 ? 0.01f : 0.5f; });
+    m_viewer->setPictures(pair);
+    EdrViewerSettings settings;
+    settings.compareMode = EDRCompareMode::HdrOnly;
+    settings.shadowZebraEnabled = true;
+    settings.shadowThreshold = 0.05f;
+    m_viewer->updateState(settings);
+    const QImage f = frame();
+    for (int y = 3; y < f.height(); y += 11) {
+        for (int x : { 0, 5, 9, 120, 198, 201, 300, 399 }) {
+            const float v = x < 200 ? 0.01f : 0.5f;
+            const edr::Rgba expected = edr::shadowZebraFilter({ v, v, v }, { v, v, v }, x, y, 0.05f, 1.0f);
+            QVERIFY2(near(at(f, x, y), expected), qPrintable(u"(%1, %2)"_s.arg(x).arg(y)));
+        }
+    }
+}
+
+void TestEdrViewerWidget::filmicMatchesTheReferenceCurve_data()
+{
+    QTest::addColumn<float>("value");
+    QTest::addColumn<double>("simulatedHeadroom");
+    for (float v : { -0.5f, 0.0f, 0.18f, 0.5f, 1.0f, 2.0f, 6.0f })
+        QTest::addRow("%.2f", double(v)) << v << 1.0;
+    for (float v : { 0.5f, 2.0f, 3.5f })
+        QTest::addRow("%.2f at simulated 4x", double(v)) << v << 4.0;
+}
+
+void TestEdrViewerWidget::filmicMatchesTheReferenceCurve()
+{
+    QFETCH(float, value);
+    QFETCH(double, simulatedHeadroom);
+    m_viewer->setPictures(uniformPair({ 400, 300 }, 0.25f, value));
+    EdrViewerSettings settings;
+    settings.compareMode = EDRCompareMode::HdrOnly;
+    settings.toneMapMode = SDRToneMapMode::FilmicRollOff;
+    settings.simulatedHeadroom = simulatedHeadroom;
+    m_viewer->updateState(settings);
+    const QImage f = frame();
+    const float input = float(qfloat16(value)) / float(simulatedHeadroom);
+    const float expected = edr::filmicCurve(input);
+    const edr::Rgba c = at(f, 200, 150);
+    QVERIFY2(std::abs(c.r - expected) < 2e-3f, qPrintable(u"%1 vs %2"_s.arg(c.r).arg(expected)));
+}
+
+void TestEdrViewerWidget::hdrDisplayAbove105SkipsToneMapping()
+{
+    EdrViewerSettings settings;
+    settings.compareMode = EDRCompareMode::HdrOnly;
+    settings.toneMapMode = SDRToneMapMode::FilmicRollOff;
+    m_viewer->updateState(settings);
+    displayheadroom::setOverride([] { return 1.05; });
+    QVERIFY(near(at(frame(), 200, 150), { 1, 1, 1 })); // exactly 1.05 is SDR: 2.0 rolls off to 1.0
+    displayheadroom::setOverride([] { return 1.1; });
+    QVERIFY(near(at(frame(), 200, 150), { 2, 2, 2 })); // shown as loaded
+}
+
+void TestEdrViewerWidget::zoomedOutViewsReadAReducedLevel()
+{
+    // A one-pixel checkerboard of 0 and 2 shown at 0.29 of its size must
+    // come out as its average, not as whichever texels happen to be hit.
+    // (The size is no multiple of the view's, so samples fall between texels.)
+    EdrPicturePair pair = uniformPair({ 1400, 1050 }, 0.25f, 0);
+    pair.hdr = picture(1400, 1050, [](int x, int y) { return (x + y) % 2 ? 2.0f : 0.0f; });
+    m_viewer->setPictures(pair);
+    m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
+    const QImage f = frame();
+    for (int y = 5; y < f.height(); y += 37) {
+        for (int x = 3; x < f.width(); x += 41)
+            QVERIFY2(near(at(f, x, y), { 1, 1, 1 }, 0.01f), qPrintable(u"(%1, %2): "_s.arg(x).arg(y) + show(at(f, x, y))));
+    }
+    // At 5x the level is the picture itself: single texels show again.
+    for (int i = 0; i < 4; ++i)
+        pinch(1.0);
+    const QImage zoomed = frame();
+    float lowest = 2, highest = 0;
+    for (int x = 100; x < 140; ++x) {
+        lowest = std::min(lowest, at(zoomed, x, 150).r);
+        highest = std::max(highest, at(zoomed, x, 150).r);
+    }
+    QVERIFY2(highest - lowest > 1.0f, qPrintable(u"%1 ... %2"_s.arg(lowest).arg(highest)));
+}
+
+void TestEdrViewerWidget::loadsAGeneratedUltraHdrFileInTheBackground()
+{
+    QTemporaryDir dir;
+    const QByteArray sdr = test::encodeSdr(test::makeSdr(160, 120));
+    const UltraHdrEncodeResult encoded = encodeUltraHdr(QByteArrayView(sdr), test::makeHdr(sdr, false));
+    QVERIFY2(encoded.error.isEmpty(), qPrintable(encoded.error));
+    const QString hdrPath = dir.filePath(u"photo.jpg"_s);
+    QFile file(hdrPath);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(encoded.bytes);
+    file.close();
+
+    QSignalSpy loaded(m_viewer.get(), &EdrViewer::picturesLoaded);
+    QSignalSpy uploaded(m_viewer->surface(), &EdrGlSurface::picturesUploaded);
+    pinch(1.0);
+    m_viewer->loadImages(dir.filePath(u"missing-camera.jpg"_s), hdrPath);
+    QVERIFY(m_viewer->isLoading());
+    QTRY_COMPARE(loaded.count(), 1);
+    QCOMPARE(m_viewer->imageSize(), QSizeF(160, 120));
+    QVERIFY(m_viewer->sdrFromHdrFile()); // the camera JPEG is missing: the file's own base
+    QCOMPARE(m_viewer->model().zoomScale(), 1.0); // a new pair starts unzoomed
+    QTRY_COMPARE(uploaded.count(), 1);
+    // The right edge of the HDR side is boosted well above the SDR base there.
+    m_viewer->updateState({ 0.5 });
+    const QImage f = frame();
+    const edr::Rgba sdrSide = at(f, f.width() / 2 - 4, f.height() / 2);
+    const edr::Rgba hdrSide = at(f, f.width() - 60, f.height() / 2);
+    QVERIFY2(hdrSide.r > 2.0f * sdrSide.r, qPrintable(show(hdrSide) + show(sdrSide)));
+}
+
+void TestEdrViewerWidget::previousPairStaysUntilTheNewOneIsReady()
+{
+    QTemporaryDir dir;
+    const QString hdrPath = dir.filePath(u"next.jpg"_s);
+    const QByteArray sdr = test::encodeSdr(test::makeSdr(64, 48));
+    QFile file(hdrPath);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(encodeUltraHdr(QByteArrayView(sdr), test::makeHdr(sdr, false)).bytes);
+    file.close();
+    m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
+    QSignalSpy loaded(m_viewer.get(), &EdrViewer::picturesLoaded);
+    m_viewer->loadImages(QString(), hdrPath);
+    // Decoding runs on the pool; until its result arrives the old pair is drawn.
+    QVERIFY(near(at(frame(), 200, 150), { 2, 2, 2 }));
+    QCOMPARE(m_viewer->imageSize(), QSizeF(400, 300));
+    QTRY_COMPARE(loaded.count(), 1);
+    QCOMPARE(m_viewer->imageSize(), QSizeF(64, 48));
+    QVERIFY(!near(at(frame(), 200, 150), { 2, 2, 2 }));
+}
+
+void TestEdrViewerWidget::pairWithoutHdrFileIsNeverDrawn()
+{
+    QTemporaryDir dir;
+    const QString sdrPath = dir.filePath(u"camera.jpg"_s);
+    QFile file(sdrPath);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(test::encodeSdr(test::makeSdr(64, 48)));
+    file.close();
+    m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
+    QSignalSpy loaded(m_viewer.get(), &EdrViewer::picturesLoaded);
+    m_viewer->loadImages(sdrPath, dir.filePath(u"missing.jpg"_s));
+    QTRY_COMPARE(loaded.count(), 1);
+    QCOMPARE(m_viewer->imageSize(), QSizeF(400, 300));
+    QVERIFY(near(at(frame(), 200, 150), { 2, 2, 2 }));
+}
+
+ORVANTA_TEST_WIDGETS_MAIN(TestEdrViewerWidget)
+#include "tst_edrviewerwidget.moc"
