@@ -6,6 +6,7 @@
 #include "i18n/LocalizationService.h"
 #include "ui/MainWindow.h"
 #include "ui/Theme.h"
+#include "ui/history/HistoryView.h"
 #include "update/Updater.h"
 
 #include <QApplication>
@@ -25,6 +26,7 @@ int main(int argc, char *argv[])
     orvanta::AppViewModel model;
     orvanta::MainWindow window(model);
     window.setDonationPage(QUrl(QStringLiteral(ORVANTA_DONATE_URL)));
+    window.setHistoryView(new orvanta::HistoryView(model));
 
     orvanta::Updater updater({QUrl(QStringLiteral(ORVANTA_UPDATE_FEED_URL)),
                               QByteArrayLiteral(ORVANTA_UPDATE_PUBLIC_KEY),
