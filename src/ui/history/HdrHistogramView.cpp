@@ -96,17 +96,20 @@ HdrHistogramView::HdrHistogramView(AppViewModel &model, QWidget *parent) : QWidg
     axis->addWidget(xdr, 5);
     layout->addLayout(axis);
 
+    // Zone names on one line, the peak on the next: the panel also lives in
+    // the narrow inspector, where one line would not fit long translations.
     auto *legend = new QHBoxLayout;
     m_sdr = smallLabel(this, theme::kTextPrimary);
     m_edr = smallLabel(this, theme::kOrange);
-    m_peak = smallLabel(this, theme::kYellow, Qt::AlignRight);
+    m_peak = smallLabel(this, theme::kYellow);
     m_sdr->setObjectName(u"histogramLegendSdr"_s);
     m_peak->setObjectName(u"histogramLegendPeak"_s);
     legend->addWidget(m_sdr);
+    legend->addSpacing(10);
     legend->addWidget(m_edr);
     legend->addStretch();
-    legend->addWidget(m_peak);
     layout->addLayout(legend);
+    layout->addWidget(m_peak);
 
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &HdrHistogramView::updateTexts);
     updateTexts();

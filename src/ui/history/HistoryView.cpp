@@ -47,7 +47,7 @@ int optionalColumnWidth(ListColumn column)
     switch (column) {
     case ListColumn::PeakStops: return 84;
     case ListColumn::Exposure: return 120;
-    case ListColumn::CameraLens: return 150;
+    case ListColumn::CameraLens: return 176;
     case ListColumn::Faces: return 64;
     case ListColumn::BayerClip: return 90;
     case ListColumn::Duration: return 80;
@@ -89,8 +89,10 @@ HistoryView::HistoryView(AppViewModel &model, QWidget *parent)
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_inspector = new InspectorView(model, scroll);
+    // Squeezed to the panel's width rather than clipped: its texts wrap.
+    m_inspector->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     scroll->setWidget(m_inspector);
-    scroll->setMinimumWidth(340);
+    scroll->setMinimumWidth(360);
     scroll->hide();
     connect(m_inspector, &InspectorView::closeRequested, this, &HistoryView::closeInspector);
 
@@ -394,7 +396,11 @@ QString HistoryView::revealRecord(const PhotoRecord &record)
 void HistoryView::openInspector(const PhotoRecord &record)
 {
     m_inspector->setRecord(record);
-    m_inspectorPanel->show();
+    if (m_inspectorPanel->isHidden()) {
+        m_inspectorPanel->show();
+        const int panel = qMax(m_inspectorPanel->minimumWidth(), 380);
+        m_splitter->setSizes({qMax(0, m_splitter->width() - panel), panel});
+    }
 }
 
 void HistoryView::closeInspector()
