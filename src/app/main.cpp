@@ -1,11 +1,14 @@
 // Entry point: one state object, one main window with its menus, and the
 // update checks.
 #include "app/AppMenus.h"
+#include "app/ComparePanels.h"
 #include "app/UpdateAnnouncer.h"
 #include "core/AppViewModel.h"
 #include "i18n/LocalizationService.h"
 #include "ui/MainWindow.h"
 #include "ui/Theme.h"
+#include "ui/compare/HDRCompareWindowManager.h"
+#include "ui/history/HistoryView.h"
 #include "ui/settings/SettingsWindow.h"
 #include "update/Updater.h"
 
@@ -26,6 +29,15 @@ int main(int argc, char *argv[])
     orvanta::AppViewModel model;
     orvanta::MainWindow window(model);
     window.setDonationPage(QUrl(QStringLiteral(ORVANTA_DONATE_URL)));
+    auto *history = new orvanta::HistoryView(model);
+    auto &compare = orvanta::HDRCompareWindowManager::shared();
+    compare.setPanelProvider(std::make_unique<orvanta::HistoryComparePanels>());
+    history->setCompareOpener(
+        [&model, &compare](const orvanta::PhotoRecord &record,
+                           const QList<orvanta::PhotoRecord> &list) {
+            compare.open(model, record, list);
+        });
+    window.setHistoryView(history);
 
     orvanta::Updater updater({QUrl(QStringLiteral(ORVANTA_UPDATE_FEED_URL)),
                               QByteArrayLiteral(ORVANTA_UPDATE_PUBLIC_KEY),

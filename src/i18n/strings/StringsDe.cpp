@@ -395,6 +395,17 @@ constexpr StringEntry kEntries[] = {
     {"hist_edr", "XDR (100-1600 nits)"},
     {"hist_peak", "Spitzenleuchtdichte"},
 
+    // history table, share menu and inspector (ui/history)
+    {"history_delete_confirm_title", "%d Einträge aus dem Verlauf löschen?"},
+    {"history_delete_confirm_desc", "Die Fotodateien bleiben auf der Festplatte; nur ihre Verlaufseinträge werden entfernt."},
+    {"share_copy_image", "Bild kopieren"},
+    {"share_copy_path", "Dateipfad kopieren"},
+    {"share_open_default", "In Standardanwendung öffnen"},
+    {"inspector_gainmap_none", "Keine Gain Map in dieser Datei"},
+    {"inspector_gainmap_detail", "%@ v%@ · %.2f bis %.2f Blenden · %d Kanal/Kanäle"},
+    {"inspector_display_hdr", "HDR-Display (%.1fx)"},
+    {"inspector_display_sdr", "Standard-SDR (1.0x)"},
+
     // donation sheet
     {"menu_sponsor", "Orvanta unterstützen & sponsern..."},
     {"donate_title", "Danke, dass Sie Orvanta verwenden"},

@@ -395,6 +395,17 @@ constexpr StringEntry kEntries[] = {
     {"hist_edr", "XDR (100-1600 nits)"},
     {"hist_peak", "Peak Luminance"},
 
+    // history table, share menu and inspector (ui/history)
+    {"history_delete_confirm_title", "Delete %d records from the history?"},
+    {"history_delete_confirm_desc", "The photo files stay on disk; only their history entries are removed."},
+    {"share_copy_image", "Copy Image"},
+    {"share_copy_path", "Copy File Path"},
+    {"share_open_default", "Open in Default Application"},
+    {"inspector_gainmap_none", "No gain map in this file"},
+    {"inspector_gainmap_detail", "%@ v%@ · %.2f to %.2f stops · %d channel(s)"},
+    {"inspector_display_hdr", "HDR display (%.1fx)"},
+    {"inspector_display_sdr", "Standard SDR (1.0x)"},
+
     // donation sheet
     {"menu_sponsor", "Support & Sponsor Orvanta..."},
     {"donate_title", "Thank You for Using Orvanta"},

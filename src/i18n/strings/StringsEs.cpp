@@ -395,6 +395,17 @@ constexpr StringEntry kEntries[] = {
     {"hist_edr", "XDR (100-1600 nits)"},
     {"hist_peak", "Luminancia máxima"},
 
+    // history table, share menu and inspector (ui/history)
+    {"history_delete_confirm_title", "¿Eliminar %d registros del historial?"},
+    {"history_delete_confirm_desc", "Los archivos de foto permanecen en el disco; solo se eliminan sus entradas del historial."},
+    {"share_copy_image", "Copiar imagen"},
+    {"share_copy_path", "Copiar ruta del archivo"},
+    {"share_open_default", "Abrir en la aplicación predeterminada"},
+    {"inspector_gainmap_none", "Este archivo no tiene gain map"},
+    {"inspector_gainmap_detail", "%@ v%@ · %.2f a %.2f pasos · %d canal(es)"},
+    {"inspector_display_hdr", "Pantalla HDR (%.1fx)"},
+    {"inspector_display_sdr", "SDR estándar (1.0x)"},
+
     // donation sheet
     {"menu_sponsor", "Apoyar y patrocinar Orvanta..."},
     {"donate_title", "Gracias por usar Orvanta"},

@@ -395,6 +395,17 @@ constexpr StringEntry kEntries[] = {
     {"hist_edr", "XDR (100-1600 nits)"},
     {"hist_peak", "Luminance de crête"},
 
+    // history table, share menu and inspector (ui/history)
+    {"history_delete_confirm_title", "Supprimer %d entrées de l'historique ?"},
+    {"history_delete_confirm_desc", "Les fichiers photo restent sur le disque ; seules leurs entrées d'historique sont supprimées."},
+    {"share_copy_image", "Copier l'image"},
+    {"share_copy_path", "Copier le chemin du fichier"},
+    {"share_open_default", "Ouvrir dans l'application par défaut"},
+    {"inspector_gainmap_none", "Aucune gain map dans ce fichier"},
+    {"inspector_gainmap_detail", "%@ v%@ · %.2f à %.2f IL · %d canal/canaux"},
+    {"inspector_display_hdr", "Écran HDR (%.1fx)"},
+    {"inspector_display_sdr", "SDR standard (1.0x)"},
+
     // donation sheet
     {"menu_sponsor", "Soutenir et parrainer Orvanta..."},
     {"donate_title", "Merci d'utiliser Orvanta"},

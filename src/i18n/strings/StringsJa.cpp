@@ -395,6 +395,17 @@ constexpr StringEntry kEntries[] = {
     {"hist_edr", "XDR (100-1600 nits)"},
     {"hist_peak", "ピーク輝度"},
 
+    // history table, share menu and inspector (ui/history)
+    {"history_delete_confirm_title", "履歴から %d 件の記録を削除しますか？"},
+    {"history_delete_confirm_desc", "写真ファイルはディスクに残り、履歴の項目だけが削除されます。"},
+    {"share_copy_image", "画像をコピー"},
+    {"share_copy_path", "ファイルパスをコピー"},
+    {"share_open_default", "既定のアプリケーションで開く"},
+    {"inspector_gainmap_none", "このファイルにはゲインマップがありません"},
+    {"inspector_gainmap_detail", "%@ v%@ · %.2f〜%.2f 段 · %d チャンネル"},
+    {"inspector_display_hdr", "HDR ディスプレイ (%.1fx)"},
+    {"inspector_display_sdr", "標準 SDR (1.0x)"},
+
     // donation sheet
     {"menu_sponsor", "Orvanta を支援する..."},
     {"donate_title", "Orvanta をご利用いただきありがとうございます"},

@@ -395,6 +395,17 @@ constexpr StringEntry kEntries[] = {
     {"hist_edr", "XDR（100-1600 nits）"},
     {"hist_peak", "峰值亮度"},
 
+    // history table, share menu and inspector (ui/history)
+    {"history_delete_confirm_title", "要从历史记录中删除 %d 条记录吗？"},
+    {"history_delete_confirm_desc", "照片文件仍保留在磁盘上，只会删除它们的历史记录条目。"},
+    {"share_copy_image", "复制图像"},
+    {"share_copy_path", "复制文件路径"},
+    {"share_open_default", "用默认应用程序打开"},
+    {"inspector_gainmap_none", "此文件不含增益图"},
+    {"inspector_gainmap_detail", "%@ v%@ · %.2f 至 %.2f 档 · %d 个通道"},
+    {"inspector_display_hdr", "HDR 显示器 (%.1fx)"},
+    {"inspector_display_sdr", "标准 SDR (1.0x)"},
+
     // donation sheet
     {"menu_sponsor", "支持并赞助 Orvanta…"},
     {"donate_title", "感谢您使用 Orvanta"},

@@ -395,6 +395,17 @@ constexpr StringEntry kEntries[] = {
     {"hist_edr", "XDR（100-1600 nits）"},
     {"hist_peak", "峰值亮度"},
 
+    // history table, share menu and inspector (ui/history)
+    {"history_delete_confirm_title", "要從歷史紀錄中刪除 %d 筆紀錄嗎？"},
+    {"history_delete_confirm_desc", "照片檔案仍保留在磁碟上，只會刪除它們的歷史紀錄項目。"},
+    {"share_copy_image", "拷貝影像"},
+    {"share_copy_path", "拷貝檔案路徑"},
+    {"share_open_default", "以預設應用程式打開"},
+    {"inspector_gainmap_none", "此檔案不含增益圖"},
+    {"inspector_gainmap_detail", "%@ v%@ · %.2f 至 %.2f 檔 · %d 個通道"},
+    {"inspector_display_hdr", "HDR 顯示器 (%.1fx)"},
+    {"inspector_display_sdr", "標準 SDR (1.0x)"},
+
     // donation sheet
     {"menu_sponsor", "支持與贊助 Orvanta…"},
     {"donate_title", "感謝您使用 Orvanta"},

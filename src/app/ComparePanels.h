@@ -1,0 +1,18 @@
+// The compare window's inspector and histogram panels, made from the history
+// tab's own views so both places show a photo the same way. Main thread.
+#pragma once
+
+#include "ui/compare/ComparePanelProvider.h"
+
+namespace orvanta {
+
+class HistoryComparePanels final : public ComparePanelProvider
+{
+public:
+    QWidget *createInspector(AppViewModel &model, QWidget *parent) override;
+    void showInspectorRecord(QWidget *inspector, const PhotoRecord &record) override;
+    QWidget *createHistogram(AppViewModel &model, QWidget *parent) override;
+    void showHistogramFile(QWidget *histogram, const QString &hdrPath) override;
+};
+
+} // namespace orvanta

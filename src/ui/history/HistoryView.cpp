@@ -1,0 +1,504 @@
+#include "ui/history/HistoryView.h"
+
+#include "core/AppViewModel.h"
+#include "media/ProPhotoMetadata.h"
+#include "platform/FileManager.h"
+#include "ui/Icons.h"
+#include "ui/Theme.h"
+#include "ui/history/HistoryRowDelegate.h"
+#include "ui/history/HistoryTableModel.h"
+#include "ui/history/HistoryToolbar.h"
+#include "ui/history/InspectorView.h"
+#include "ui/history/QuickPreviewWindow.h"
+#include "ui/history/RowMediaStore.h"
+#include "ui/history/ShareMenu.h"
+
+#include <QDBusConnection>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTableView>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool fileExists(const std::optional<QString> &path)
+{
+    return path && !path->isEmpty() && QFileInfo(*path).isFile();
+}
+
+int optionalColumnWidth(ListColumn column)
+{
+    switch (column) {
+    case ListColumn::PeakStops: return 84;
+    case ListColumn::Exposure: return 120;
+    case ListColumn::CameraLens: return 176;
+    case ListColumn::Faces: return 64;
+    case ListColumn::BayerClip: return 90;
+    case ListColumn::Duration: return 80;
+    case ListColumn::FileSize: return 90;
+    case ListColumn::Date: return 150;
+    }
+    return 90;
+}
+
+} // namespace
+
+HistoryView::HistoryView(AppViewModel &model, QWidget *parent)
+    : QWidget(parent), m_model(model)
+{
+    setObjectName(u"historyView"_s);
+    m_media = new RowMediaStore(ThumbnailManager::shared(), this);
+    m_fileManager = new FileManager(QDBusConnection::sessionBus(), this);
+    m_toolbar = new HistoryToolbar(model, this);
+    connect(m_toolbar, &HistoryToolbar::deleteRequested, this, &HistoryView::confirmDelete);
+
+    auto *main = new QWidget(this);
+    auto *mainLayout = new QVBoxLayout(main);
+    mainLayout->setContentsMargins(0, 0, 0, 0);
+    mainLayout->setSpacing(0);
+    mainLayout->addWidget(m_toolbar);
+    auto *divider = new QFrame(main);
+    divider->setProperty("role", u"divider"_s);
+    mainLayout->addWidget(divider);
+    m_stack = new QStackedWidget(main);
+    m_stack->addWidget(buildTablePage());
+    m_stack->addWidget(buildEmptyPage());
+    mainLayout->addWidget(m_stack, 1);
+    mainLayout->addWidget(buildFooter());
+
+    m_inspectorPanel = new QScrollArea(this);
+    auto *scroll = static_cast<QScrollArea *>(m_inspectorPanel);
+    scroll->setObjectName(u"historyInspectorPanel"_s);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_inspector = new InspectorView(model, scroll);
+    // Squeezed to the panel's width rather than clipped: its texts wrap.
+    m_inspector->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    scroll->setWidget(m_inspector);
+    scroll->setMinimumWidth(360);
+    scroll->hide();
+    connect(m_inspector, &InspectorView::closeRequested, this, &HistoryView::closeInspector);
+
+    m_splitter = new QSplitter(Qt::Horizontal, this);
+    m_splitter->addWidget(main);
+    m_splitter->addWidget(scroll);
+    m_splitter->setStretchFactor(0, 1);
+    m_splitter->setChildrenCollapsible(false);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_splitter);
+
+    connect(&m_model, &AppViewModel::historyRecordsChanged, this, &HistoryView::updateEmptyState);
+    connect(&m_model, &AppViewModel::historyRecordsChanged, this, &HistoryView::updateFooter);
+    connect(&m_model, &AppViewModel::isLoadingMoreChanged, this, &HistoryView::updateFooter);
+    connect(&m_model, &AppViewModel::hasMoreHistoryChanged, this, &HistoryView::updateFooter);
+    connect(&m_model, &AppViewModel::wholeObjectChanged, this, [this] {
+        updateEmptyState();
+        updateFooter();
+    });
+    updateEmptyState();
+    updateFooter();
+}
+
+HistoryView::~HistoryView()
+{
+    if (m_preview)
+        delete m_preview.data();
+}
+
+QWidget *HistoryView::buildTablePage()
+{
+    m_tableModel = new HistoryTableModel(m_model, this);
+    m_delegate = new HistoryRowDelegate(m_model, *m_tableModel, *m_media, this);
+    m_table = new QTableView(this);
+    m_table->setObjectName(u"historyTable"_s);
+    m_table->setModel(m_tableModel);
+    m_table->setItemDelegate(m_delegate);
+    m_table->setShowGrid(false);
+    m_table->setSelectionMode(QAbstractItemView::NoSelection);
+    m_table->setFocusPolicy(Qt::StrongFocus);
+    m_table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_table->setMouseTracking(true);
+    m_table->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_table->setWordWrap(false);
+    m_table->verticalHeader()->hide();
+    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_table->verticalHeader()->setDefaultSectionSize(HistoryRowDelegate::RowHeight);
+    m_table->horizontalHeader()->setHighlightSections(false);
+    m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_table->setStyleSheet(u"QTableView { background: %1; border: none; }"
+                           "QHeaderView::section { background: %2; color: %3; border: none;"
+                           " border-bottom: 1px solid %4; padding: 4px 6px; font-size: 8pt; font-weight: 600; }"_s
+                               .arg(theme::css(theme::kWindow), theme::css(theme::kSurface),
+                                    theme::css(theme::kTextSecondary), theme::css(theme::kBorder)));
+    m_table->viewport()->installEventFilter(this);
+    m_table->installEventFilter(this);
+
+    connect(m_delegate, &HistoryRowDelegate::selectionToggled, &m_model, &AppViewModel::toggleRecordSelection);
+    connect(m_delegate, &HistoryRowDelegate::actionTriggered, this, &HistoryView::triggerAction);
+    connect(m_media, &RowMediaStore::rowChanged, m_tableModel, &HistoryTableModel::refreshRow);
+    connect(m_tableModel, &QAbstractItemModel::modelReset, this, &HistoryView::applyColumnWidths);
+    connect(m_tableModel, &QAbstractItemModel::modelReset, this, &HistoryView::scheduleVisibleRowsCheck);
+    connect(m_table->verticalScrollBar(), &QScrollBar::valueChanged, this, &HistoryView::scheduleVisibleRowsCheck);
+    connect(m_table, &QWidget::customContextMenuRequested, this, &HistoryView::showContextMenu);
+    connect(m_table, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex &index) {
+        const PhotoRecord record = m_tableModel->record(index.row());
+        const bool compare = m_compareOpener && record.status == u"SUCCESS"_s;
+        triggerAction(compare ? RowAction::Compare : RowAction::Inspector, record);
+    });
+    applyColumnWidths();
+    return m_table;
+}
+
+QWidget *HistoryView::buildEmptyPage()
+{
+    auto *page = new QWidget(this);
+    page->setObjectName(u"historyEmptyState"_s);
+    auto *layout = new QVBoxLayout(page);
+    layout->addStretch();
+    m_emptyIcon = new QLabel(page);
+    m_emptyIcon->setAlignment(Qt::AlignCenter);
+    m_emptyIcon->setPixmap(icons::pixmap(u"tray"_s, theme::kTextTertiary, 44, devicePixelRatioF()));
+    layout->addWidget(m_emptyIcon);
+    m_emptyLabel = new QLabel(page);
+    m_emptyLabel->setObjectName(u"historyEmptyLabel"_s);
+    m_emptyLabel->setProperty("role", u"secondary"_s);
+    m_emptyLabel->setAlignment(Qt::AlignCenter);
+    m_emptyLabel->setWordWrap(true);
+    layout->addWidget(m_emptyLabel);
+    layout->addStretch();
+    return page;
+}
+
+QWidget *HistoryView::buildFooter()
+{
+    auto *footer = new QFrame(this);
+    footer->setObjectName(u"historyFooter"_s);
+    auto *layout = new QHBoxLayout(footer);
+    layout->setContentsMargins(12, 4, 12, 4);
+    layout->addStretch();
+    m_footerBusy = new QProgressBar(footer);
+    m_footerBusy->setRange(0, 0);
+    m_footerBusy->setFixedSize(48, 6);
+    m_footerBusy->setTextVisible(false);
+    layout->addWidget(m_footerBusy);
+    m_footerLabel = new QLabel(footer);
+    m_footerLabel->setObjectName(u"historyFooterLabel"_s);
+    m_footerLabel->setProperty("role", u"tertiary"_s);
+    QFont small = m_footerLabel->font();
+    small.setPointSizeF(small.pointSizeF() * 0.9);
+    m_footerLabel->setFont(small);
+    layout->addWidget(m_footerLabel);
+    layout->addStretch();
+    footer->setFixedHeight(26);
+    return footer;
+}
+
+void HistoryView::setCompareOpener(CompareOpener opener)
+{
+    m_compareOpener = std::move(opener);
+    m_delegate->setCanCompare(bool(m_compareOpener));
+    m_table->viewport()->update();
+}
+
+void HistoryView::applyColumnWidths()
+{
+    QHeaderView *header = m_table->horizontalHeader();
+    header->setMinimumSectionSize(30);
+    for (int section = 0; section < m_tableModel->columnCount(); ++section) {
+        const HistoryColumn &column = m_tableModel->column(section);
+        switch (column.kind) {
+        case HistoryColumn::Kind::Select:
+            header->setSectionResizeMode(section, QHeaderView::Fixed);
+            header->resizeSection(section, 34);
+            break;
+        case HistoryColumn::Kind::Name:
+            header->setSectionResizeMode(section, QHeaderView::Stretch);
+            break;
+        case HistoryColumn::Kind::Status:
+            header->setSectionResizeMode(section, QHeaderView::Interactive);
+            header->resizeSection(section, 96);
+            break;
+        case HistoryColumn::Kind::Optional:
+            header->setSectionResizeMode(section, QHeaderView::Interactive);
+            header->resizeSection(section, optionalColumnWidth(column.optional));
+            break;
+        case HistoryColumn::Kind::Actions:
+            header->setSectionResizeMode(section, QHeaderView::Fixed);
+            header->resizeSection(section, 8 + 6 * (HistoryRowDelegate::ActionButton + 2) + 6);
+            break;
+        }
+    }
+}
+
+QuickPreviewWindow *HistoryView::quickPreview() const
+{
+    return m_preview.data();
+}
+
+bool HistoryView::isShowingEmptyState() const
+{
+    return m_stack->currentIndex() == 1;
+}
+
+QString HistoryView::emptyStateText() const
+{
+    return isShowingEmptyState() ? m_emptyLabel->text() : QString();
+}
+
+QString HistoryView::footerText() const
+{
+    return m_footerLabel->isVisible() || !m_footerLabel->isHidden() ? m_footerLabel->text() : QString();
+}
+
+// "No match" when a search or filter is what hides every row; otherwise the
+// history is simply empty.
+void HistoryView::updateEmptyState()
+{
+    const bool empty = m_model.historyRecords().isEmpty();
+    const bool filtered = !m_model.historySearchText().isEmpty()
+        || m_model.historyStatusFilter() != HistoryStatusFilter::All;
+    m_emptyLabel->setText(m_model.t(filtered ? "filter_no_match" : "history_empty"));
+    m_stack->setCurrentIndex(empty ? 1 : 0);
+}
+
+void HistoryView::updateFooter()
+{
+    const bool loading = m_model.isLoadingMore();
+    m_footerBusy->setVisible(loading);
+    QString text;
+    if (loading)
+        text = m_model.t("history_loading_more");
+    else if (!m_model.hasMoreHistory() && !m_model.historyRecords().isEmpty())
+        text = m_model.t("history_all_loaded", {qint64(m_model.historyRecords().size())});
+    m_footerLabel->setText(text);
+}
+
+void HistoryView::scheduleVisibleRowsCheck()
+{
+    if (m_visibleCheckQueued)
+        return;
+    m_visibleCheckQueued = true;
+    QTimer::singleShot(0, this, &HistoryView::retainVisibleRows);
+}
+
+// Rows that scrolled away give up their pending thumbnail and metadata
+// requests, so a fast scroll only decodes what the user stops on.
+void HistoryView::retainVisibleRows()
+{
+    m_visibleCheckQueued = false;
+    const int rows = m_tableModel->rowCount();
+    QSet<QString> visible;
+    if (rows > 0) {
+        int first = m_table->rowAt(0);
+        int last = m_table->rowAt(m_table->viewport()->height() - 1);
+        first = first < 0 ? 0 : first;
+        last = last < 0 ? rows - 1 : last;
+        for (int row = first; row <= last; ++row)
+            visible.insert(m_tableModel->record(row).id());
+    }
+    m_media->retainOnly(visible);
+}
+
+void HistoryView::setHoveredRow(int row)
+{
+    const int old = m_delegate->hoveredRow();
+    if (old == row)
+        return;
+    m_delegate->setHoveredRow(row);
+    const int last = m_tableModel->columnCount() - 1;
+    for (int r : {old, row}) {
+        if (r >= 0 && r < m_tableModel->rowCount()) {
+            const QRect rect = m_table->visualRect(m_tableModel->index(r, 0))
+                                   .united(m_table->visualRect(m_tableModel->index(r, last)));
+            m_table->viewport()->update(QRect(0, rect.top(), m_table->viewport()->width(), rect.height()));
+        }
+    }
+}
+
+bool HistoryView::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_table->viewport()) {
+        if (event->type() == QEvent::MouseMove)
+            setHoveredRow(m_table->rowAt(static_cast<QMouseEvent *>(event)->position().toPoint().y()));
+        else if (event->type() == QEvent::Leave)
+            setHoveredRow(-1);
+        else if (event->type() == QEvent::Resize)
+            scheduleVisibleRowsCheck();
+    } else if (watched == m_table && event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const QModelIndex current = m_table->currentIndex();
+        if (key->key() == Qt::Key_Space && current.isValid()) {
+            toggleQuickPreview(m_tableModel->record(current.row()));
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void HistoryView::triggerAction(RowAction action, const PhotoRecord &record)
+{
+    switch (action) {
+    case RowAction::Compare:
+        if (m_compareOpener)
+            m_compareOpener(record, m_model.filteredHistoryRecords());
+        break;
+    case RowAction::Inspector: openInspector(record); break;
+    case RowAction::QuickLook: toggleQuickPreview(record); break;
+    case RowAction::Reveal: revealRecord(record); break;
+    case RowAction::Share: {
+        auto *menu = new ShareMenu(m_model, record, this);
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        menu->popup(QCursor::pos());
+        break;
+    }
+    case RowAction::ViewError: showErrorDetails(record); break;
+    }
+}
+
+QString HistoryView::revealRecord(const PhotoRecord &record)
+{
+    QString path;
+    if (fileExists(record.outputPath))
+        path = *record.outputPath;
+    else if (fileExists(record.jpgPath))
+        path = *record.jpgPath;
+    if (path.isEmpty()) {
+        const QString name = record.outputPath && !record.outputPath->isEmpty()
+            ? QFileInfo(*record.outputPath).fileName() : record.stem;
+        showDialog(DialogKind::FileMissing, m_model.t("dialog_file_missing_title"),
+                   m_model.t("dialog_file_missing_desc", {name}));
+        return {};
+    }
+    m_fileManager->showItem(path);
+    Q_EMIT fileRevealed(path);
+    return path;
+}
+
+void HistoryView::openInspector(const PhotoRecord &record)
+{
+    m_inspector->setRecord(record);
+    if (m_inspectorPanel->isHidden()) {
+        m_inspectorPanel->show();
+        const int panel = qMax(m_inspectorPanel->minimumWidth(), 380);
+        m_splitter->setSizes({qMax(0, m_splitter->width() - panel), panel});
+    }
+}
+
+void HistoryView::closeInspector()
+{
+    m_inspectorPanel->hide();
+}
+
+void HistoryView::toggleQuickPreview(const PhotoRecord &record)
+{
+    if (m_preview && m_preview->isVisible()) {
+        m_preview->close();
+        return;
+    }
+    QString path;
+    if (fileExists(record.outputPath))
+        path = *record.outputPath;
+    else if (fileExists(record.jpgPath))
+        path = *record.jpgPath;
+    if (path.isEmpty()) {
+        revealRecord(record); // shows the file-missing dialog
+        return;
+    }
+    if (!m_preview)
+        m_preview = new QuickPreviewWindow(m_model, window());
+    m_preview->showFile(path, record.stem);
+}
+
+void HistoryView::showErrorDetails(const PhotoRecord &record)
+{
+    showDialog(DialogKind::QuarantineError, m_model.t("dialog_error_title"),
+               record.errorMessage.value_or(missingValuePlaceholder()));
+}
+
+void HistoryView::confirmDelete()
+{
+    const qint64 count = m_model.selectedRecordIds().size();
+    if (count == 0)
+        return;
+    showDialog(DialogKind::ConfirmDelete, m_model.t("history_delete_confirm_title", {count}),
+               m_model.t("history_delete_confirm_desc"));
+}
+
+void HistoryView::showDialog(DialogKind kind, const QString &title, const QString &text)
+{
+    if (m_dialog)
+        m_dialog->close();
+    auto *box = new QMessageBox(this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setObjectName(u"historyDialog"_s);
+    box->setWindowTitle(title);
+    box->setText(title);
+    box->setInformativeText(text);
+    if (kind == DialogKind::ConfirmDelete) {
+        box->setIcon(QMessageBox::Warning);
+        QPushButton *remove = box->addButton(theme::literal(m_model.t("btn_batch_delete")), QMessageBox::AcceptRole);
+        box->addButton(theme::literal(m_model.t("recipes_btn_cancel")), QMessageBox::RejectRole);
+        box->setDefaultButton(remove);
+        connect(remove, &QPushButton::clicked, &m_model, &AppViewModel::deleteSelectedRecords);
+    } else {
+        box->setIcon(kind == DialogKind::QuarantineError ? QMessageBox::Critical : QMessageBox::Information);
+        box->addButton(theme::literal(m_model.t("dialog_ok")), QMessageBox::AcceptRole);
+    }
+    m_dialog = box;
+    m_dialogKind = kind;
+    box->open();
+}
+
+QMenu *HistoryView::buildContextMenu(const PhotoRecord &record, QWidget *parent)
+{
+    auto *menu = new QMenu(parent);
+    menu->setObjectName(u"historyRowMenu"_s);
+    for (RowAction action : rowActions(record, bool(m_compareOpener))) {
+        const QString text = theme::literal(m_model.t(rowActionKey(action)));
+        const QIcon icon = icons::icon(rowActionSymbol(action), action == RowAction::Compare ? theme::kYellow
+                                                                : action == RowAction::ViewError ? theme::kRed
+                                                                                                 : theme::kTextPrimary);
+        if (action == RowAction::Share) {
+            QMenu *share = new ShareMenu(m_model, record, menu);
+            share->setTitle(text);
+            share->setIcon(icon);
+            menu->addMenu(share);
+            continue;
+        }
+        QAction *item = menu->addAction(icon, text);
+        item->setData(int(action));
+        connect(item, &QAction::triggered, this, [this, action, record] { triggerAction(action, record); });
+    }
+    return menu;
+}
+
+void HistoryView::showContextMenu(const QPoint &pos)
+{
+    const QModelIndex index = m_table->indexAt(pos);
+    if (!index.isValid())
+        return;
+    QMenu *menu = buildContextMenu(m_tableModel->record(index.row()), this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(m_table->viewport()->mapToGlobal(pos));
+}
+
+} // namespace orvanta

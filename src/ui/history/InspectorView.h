@@ -1,0 +1,84 @@
+// The metadata and HDR inspector for one history record: camera, exposure,
+// the HDR figures the engine recorded plus what the file's gain map really
+// carries, the file's histogram, file size and the display's headroom.
+// Read-only. Main thread; files are read in the background.
+#pragma once
+
+#include "history/HistoryTypes.h"
+#include "media/ProPhotoMetadata.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QLabel;
+class QVBoxLayout;
+
+namespace orvanta {
+
+class AppViewModel;
+class HdrHistogramView;
+
+// What the inspector shows of a file's gain map, read by our decoder.
+struct GainMapSummary
+{
+    bool readDone = false;
+    bool present = false;
+    QString kind;    // "ISO 21496-1" or "XMP (hdrgm)"
+    QString version;
+    double minStops = 0;
+    double maxStops = 0;
+    int channels = 0;
+};
+GainMapSummary readGainMapSummary(const QString &path);
+
+class InspectorView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    using HeadroomProvider = std::function<double()>;
+
+    explicit InspectorView(AppViewModel &model, QWidget *parent = nullptr);
+
+    void setRecord(const PhotoRecord &record);
+    const PhotoRecord &record() const { return m_record; }
+    // The file read: output, else JPG, else RAW, the first that exists.
+    QString targetPath() const { return m_targetPath; }
+    const ProPhotoMetadata &metadata() const { return m_metadata; }
+    // The value shown beside a label key; null when that row is not shown.
+    QString valueText(const QString &labelKey) const;
+    // The display's headroom (1.0 on an SDR display; Qt on Linux has no
+    // HDR output yet, so that is the default).
+    void setDisplayHeadroomProvider(HeadroomProvider provider);
+    HdrHistogramView *histogram() const { return m_histogram; }
+
+Q_SIGNALS:
+    void closeRequested();
+    // The file's metadata and gain map have been read for the current record.
+    void loaded();
+
+private:
+    void rebuild();
+    QWidget *buildCameraSection();
+    QWidget *buildExposureSection();
+    QWidget *buildHdrRows();
+    QWidget *buildFileSection();
+    QString gainMapText() const;
+    QString displayText() const;
+
+    AppViewModel &m_model;
+    PhotoRecord m_record;
+    QString m_targetPath;
+    ProPhotoMetadata m_metadata;
+    GainMapSummary m_gainMap;
+    HeadroomProvider m_headroom;
+    quint64 m_request = 0;
+    QLabel *m_title = nullptr;
+    QLabel *m_stem = nullptr;
+    QVBoxLayout *m_upper = nullptr;
+    QVBoxLayout *m_lower = nullptr;
+    HdrHistogramView *m_histogram = nullptr;
+};
+
+} // namespace orvanta

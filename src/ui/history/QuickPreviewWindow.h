@@ -1,0 +1,43 @@
+// The quick preview: a frameless-feeling window that shows one photo scaled
+// to the screen, decoded off the main thread; Space or Escape closes it.
+// Main thread.
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+namespace orvanta {
+
+class AppViewModel;
+
+class QuickPreviewWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit QuickPreviewWindow(AppViewModel &model, QWidget *parent = nullptr);
+
+    // Shows the window at once and the picture as soon as it is decoded.
+    void showFile(const QString &path, const QString &title);
+    QString path() const { return m_path; }
+    bool hasImage() const { return !m_image.isNull(); }
+    QSize imageSize() const { return m_image.size(); }
+
+Q_SIGNALS:
+    void imageReady();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    AppViewModel &m_model;
+    QString m_path;
+    QImage m_image;
+    quint64 m_request = 0;
+};
+
+// Reads `path` oriented as displayed, scaled by the decoder to fit `bounds`.
+QImage readPreviewImage(const QString &path, QSize bounds);
+
+} // namespace orvanta

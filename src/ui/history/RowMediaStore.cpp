@@ -1,0 +1,149 @@
+#include "ui/history/RowMediaStore.h"
+
+#include "history/HistoryTypes.h"
+#include "media/MetadataService.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QPointer>
+
+namespace orvanta {
+
+QString metadataPathOf(const PhotoRecord &record)
+{
+    for (const auto *path : {&record.outputPath, &record.jpgPath, &record.rawPath}) {
+        if (path->has_value() && !(*path)->isEmpty() && QFileInfo(**path).isFile())
+            return **path;
+    }
+    return {};
+}
+
+RowMediaStore::RowMediaStore(ThumbnailManager &thumbnails, QObject *parent)
+    : QObject(parent), m_thumbnails(thumbnails)
+{
+    // Metadata reads are mostly file I/O; two at a time keeps a fast scroll
+    // from flooding the disk while leaving a core for the interface.
+    m_metaPool.setMaxThreadCount(2);
+}
+
+RowMediaStore::~RowMediaStore()
+{
+    clear();
+    m_metaPool.waitForDone();
+}
+
+RowMediaStore::Thumb RowMediaStore::thumbnail(const PhotoRecord &record)
+{
+    const QString id = record.id();
+    auto it = m_thumbs.constFind(id);
+    if (it != m_thumbs.constEnd())
+        return *it;
+    m_thumbs.insert(id, Thumb{});
+    const ThumbnailManager::Ticket ticket = m_thumbnails.loadThumbnail(
+        record.outputPath.value_or(QString()), record.jpgPath.value_or(QString()),
+        RowThumbnailPixels, this, [this, id](const ThumbnailResult &result) {
+            m_tickets.remove(id);
+            if (!m_thumbs.contains(id))
+                return;
+            Thumb thumb;
+            switch (result.kind()) {
+            case ThumbnailResult::Kind::Success:
+                thumb = {ThumbState::Image, result.image()};
+                break;
+            case ThumbnailResult::Kind::MissingOnDisk:
+                thumb.state = ThumbState::Missing;
+                break;
+            case ThumbnailResult::Kind::DecodeError:
+                thumb.state = ThumbState::DecodeError;
+                break;
+            }
+            m_thumbs.insert(id, thumb);
+            Q_EMIT rowChanged(id);
+        });
+    if (ticket != 0)
+        m_tickets.insert(id, ticket);
+    return m_thumbs.value(id);
+}
+
+const ProPhotoMetadata *RowMediaStore::metadata(const PhotoRecord &record)
+{
+    auto it = m_metadata.constFind(record.id());
+    if (it != m_metadata.constEnd())
+        return &*it;
+    if (!m_metaJobs.contains(record.id()))
+        requestMetadata(record);
+    return nullptr;
+}
+
+void RowMediaStore::requestMetadata(const PhotoRecord &record)
+{
+    auto cancelled = std::make_shared<std::atomic_bool>(false);
+    m_metaJobs.insert(record.id(), cancelled);
+    QPointer<RowMediaStore> self(this);
+    const QString id = record.id();
+    const PhotoRecord copy = record;
+    m_metaPool.start([self, id, copy, cancelled] {
+        if (*cancelled)
+            return; // the row left the view before its turn came
+        const QString path = metadataPathOf(copy);
+        ProPhotoMetadata metadata =
+            path.isEmpty() ? ProPhotoMetadata() : MetadataService::shared().extractMetadata(path);
+        QMetaObject::invokeMethod(
+            qApp, [self, id, cancelled, metadata = std::move(metadata)] {
+                if (!self || *cancelled)
+                    return;
+                self->m_metaJobs.remove(id);
+                self->m_metadata.insert(id, metadata);
+                Q_EMIT self->rowChanged(id);
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+void RowMediaStore::retainOnly(const QSet<QString> &visible)
+{
+    for (auto it = m_tickets.begin(); it != m_tickets.end();) {
+        if (visible.contains(it.key())) {
+            ++it;
+            continue;
+        }
+        m_thumbnails.cancel(it.value());
+        m_thumbs.remove(it.key());
+        ++m_cancelled;
+        it = m_tickets.erase(it);
+    }
+    for (auto it = m_metaJobs.begin(); it != m_metaJobs.end();) {
+        if (visible.contains(it.key())) {
+            ++it;
+            continue;
+        }
+        it.value()->store(true);
+        ++m_cancelled;
+        it = m_metaJobs.erase(it);
+    }
+    // Finished rows far away are dropped too, so memory follows the view
+    // rather than everything ever scrolled past; the thumbnail cache keeps
+    // the recent images for a quick return.
+    if (m_thumbs.size() > 400) {
+        for (auto it = m_thumbs.begin(); it != m_thumbs.end();)
+            it = visible.contains(it.key()) ? std::next(it) : m_thumbs.erase(it);
+    }
+    if (m_metadata.size() > 2000) {
+        for (auto it = m_metadata.begin(); it != m_metadata.end();)
+            it = visible.contains(it.key()) ? std::next(it) : m_metadata.erase(it);
+    }
+}
+
+void RowMediaStore::clear()
+{
+    for (ThumbnailManager::Ticket ticket : std::as_const(m_tickets))
+        m_thumbnails.cancel(ticket);
+    for (const auto &flag : std::as_const(m_metaJobs))
+        flag->store(true);
+    m_tickets.clear();
+    m_metaJobs.clear();
+    m_thumbs.clear();
+    m_metadata.clear();
+}
+
+} // namespace orvanta

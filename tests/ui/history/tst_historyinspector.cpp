@@ -1,0 +1,232 @@
+// The inspector panel, the histogram panel and the quick preview on real
+// files: where the metadata comes from, which HDR rows show and how, what
+// the gain map of an Ultra HDR file really carries, the display row, and
+// the histogram computed in the background with its channel selector.
+#include "ui/history/HistoryViewFixtures.h"
+
+#include "core/AppViewModel.h"
+#include "hdr/UltraHdrWriter.h"
+#include "hdr/UltraHdrFixtures.h"
+#include "ui/history/HdrHistogramView.h"
+#include "ui/history/InspectorView.h"
+#include "ui/history/QuickPreviewWindow.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QToolButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QToolButton>
+
+using namespace orvanta;
+using namespace orvanta::test;
+using namespace Qt::StringLiterals;
+
+class HistoryInspectorTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void metadataComesFromTheJpegWhenTheOutputMoved();
+    void withNoFileEveryValueShowsItsPlaceholder();
+    void facesRowFollowsTheCount_data();
+    void facesRowFollowsTheCount();
+    void peakAndClipRowsUseTheirFormatsOrAreLeftOut();
+    void displayRowReadsTheHeadroomProvider_data();
+    void displayRowReadsTheHeadroomProvider();
+    void gainMapRowShowsWhatTheUltraHdrFileCarries();
+    void aPlainJpegSaysItHasNoGainMap();
+    void histogramIsComputedInTheBackgroundAndKeepsTheChannel();
+    void histogramTakesThePeakFromTheLoadedRecord();
+    void previewScalesALargePhotoDownToTheBounds();
+
+private:
+    QString m_cameraJpeg;
+    QString m_ultraHdr;
+    QTemporaryDir m_files;
+};
+
+void HistoryInspectorTest::initTestCase()
+{
+    QVERIFY(m_files.isValid());
+    m_cameraJpeg = m_files.filePath(u"cam/DSC04223.JPG"_s);
+    QVERIFY(writeCameraJpeg(m_cameraJpeg, QColor(200, 120, 60), QColor(30, 60, 120), 600, 400));
+    const QByteArray sdr = jpegBytes(makeSdr(240, 160));
+    const UltraHdrEncodeResult encoded = encodeUltraHdr(sdr, makeHdr(sdr, false));
+    QVERIFY2(encoded.error.isEmpty(), qPrintable(encoded.error));
+    m_ultraHdr = m_files.filePath(u"out/DSC04223_hdr.jpg"_s);
+    QDir().mkpath(m_files.filePath(u"out"_s));
+    QVERIFY(writeFile(m_ultraHdr, encoded.bytes));
+}
+
+void HistoryInspectorTest::init()
+{
+    settleHistory();
+    removeDatabaseAndConfig();
+}
+
+void HistoryInspectorTest::metadataComesFromTheJpegWhenTheOutputMoved()
+{
+    AppViewModel model;
+    InspectorView inspector(model);
+    QSignalSpy loaded(&inspector, &InspectorView::loaded);
+    inspector.setRecord({.fingerprint = u"a"_s, .stem = u"DSC04223"_s, .jpgPath = m_cameraJpeg,
+                         .outputPath = m_files.filePath(u"moved/DSC04223_hdr.jpg"_s), .status = u"SUCCESS"_s});
+    QCOMPARE(inspector.targetPath(), m_cameraJpeg);
+    QTRY_COMPARE(loaded.size(), 1);
+    QCOMPARE(inspector.valueText(u"camera"_s), u"ILCE-7RM5"_s);
+    QCOMPARE(inspector.valueText(u"lens"_s), u"FE 24-70mm F2.8 GM II"_s);
+    QCOMPARE(inspector.valueText(u"inspector_aperture"_s), u"ƒ/2.8"_s);
+    QCOMPARE(inspector.valueText(u"inspector_shutter"_s), u"1/250s"_s);
+    QCOMPARE(inspector.valueText(u"inspector_resolution"_s), u"600 × 400 (0.2 MP)"_s);
+}
+
+void HistoryInspectorTest::withNoFileEveryValueShowsItsPlaceholder()
+{
+    AppViewModel model;
+    InspectorView inspector(model);
+    QSignalSpy loaded(&inspector, &InspectorView::loaded);
+    inspector.setRecord({.fingerprint = u"n"_s, .stem = u"GONE01"_s, .status = u"SUCCESS"_s});
+    QVERIFY(inspector.targetPath().isNull());
+    QTRY_COMPARE(loaded.size(), 1);
+    // With no camera the stem stands in.
+    QCOMPARE(inspector.valueText(u"camera"_s), u"GONE01"_s);
+    QCOMPARE(inspector.valueText(u"lens"_s), u"—"_s);
+    QCOMPARE(inspector.valueText(u"inspector_aperture"_s), u"—"_s);
+    QCOMPARE(inspector.valueText(u"inspector_filesize"_s), u"—"_s);
+    QCOMPARE(inspector.valueText(u"inspector_gainmap_spec"_s), u"No gain map in this file"_s);
+}
+
+void HistoryInspectorTest::facesRowFollowsTheCount_data()
+{
+    QTest::addColumn<std::optional<qint64>>("faces");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("none found") << std::optional<qint64>(0) << u"None (Full dynamic boost)"_s;
+    QTest::newRow("three") << std::optional<qint64>(3) << u"3 face(s) (40% skin damping)"_s;
+    QTest::newRow("not recorded: row hidden") << std::optional<qint64>() << QString();
+}
+
+void HistoryInspectorTest::facesRowFollowsTheCount()
+{
+    QFETCH(std::optional<qint64>, faces);
+    QFETCH(QString, shown);
+    AppViewModel model;
+    InspectorView inspector(model);
+    inspector.setRecord({.fingerprint = u"f"_s, .stem = u"F"_s, .status = u"SUCCESS"_s, .numFaces = faces});
+    QCOMPARE(inspector.valueText(u"inspector_faces_detected"_s), shown);
+}
+
+void HistoryInspectorTest::peakAndClipRowsUseTheirFormatsOrAreLeftOut()
+{
+    AppViewModel model;
+    InspectorView inspector(model);
+    inspector.setRecord({.fingerprint = u"p"_s, .stem = u"P"_s, .status = u"SUCCESS"_s, .peakStops = 1.0,
+                         .rawClipPct = 0.0123});
+    QCOMPARE(inspector.valueText(u"inspector_peak_stops"_s), u"+1.00 stops (2.0x)"_s);
+    QCOMPARE(inspector.valueText(u"inspector_bayer_clip"_s), u"0.012%"_s);
+    QCOMPARE(inspector.valueText(u"inspector_engine_version"_s), u"V30 Cython Native"_s);
+    inspector.setRecord({.fingerprint = u"q"_s, .stem = u"Q"_s, .status = u"SUCCESS"_s, .peakStops = 2.5});
+    QCOMPARE(inspector.valueText(u"inspector_peak_stops"_s), u"+2.50 stops (5.7x)"_s);
+    QVERIFY(inspector.valueText(u"inspector_bayer_clip"_s).isNull());
+}
+
+void HistoryInspectorTest::displayRowReadsTheHeadroomProvider_data()
+{
+    QTest::addColumn<double>("headroom");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("exactly 1.0 is SDR") << 1.0 << u"Standard SDR (1.0x)"_s;
+    QTest::newRow("below 1 is SDR") << 0.8 << u"Standard SDR (1.0x)"_s;
+    QTest::newRow("HDR panel") << 4.0 << u"HDR display (4.0x)"_s;
+}
+
+void HistoryInspectorTest::displayRowReadsTheHeadroomProvider()
+{
+    QFETCH(double, headroom);
+    QFETCH(QString, shown);
+    AppViewModel model;
+    InspectorView inspector(model);
+    QCOMPARE(inspector.valueText(u"inspector_display_cap"_s), u"Standard SDR (1.0x)"_s); // Linux default
+    inspector.setDisplayHeadroomProvider([headroom] { return headroom; });
+    QCOMPARE(inspector.valueText(u"inspector_display_cap"_s), shown);
+}
+
+void HistoryInspectorTest::gainMapRowShowsWhatTheUltraHdrFileCarries()
+{
+    const GainMapSummary summary = readGainMapSummary(m_ultraHdr);
+    QVERIFY(summary.present);
+    QCOMPARE(summary.kind, u"ISO 21496-1"_s);
+    QCOMPARE(summary.channels, 1);
+    QVERIFY(summary.maxStops > 2.0 && summary.maxStops < 2.6); // the fixture boosts up to 2.5 stops
+
+    AppViewModel model;
+    InspectorView inspector(model);
+    QSignalSpy loaded(&inspector, &InspectorView::loaded);
+    inspector.setRecord({.fingerprint = u"u"_s, .stem = u"DSC04223"_s, .outputPath = m_ultraHdr,
+                         .status = u"SUCCESS"_s, .peakStops = 2.5});
+    QTRY_COMPARE(loaded.size(), 1);
+    const QString text = inspector.valueText(u"inspector_gainmap_spec"_s);
+    QVERIFY2(text.startsWith(u"ISO 21496-1 v"_s), qPrintable(text));
+    QVERIFY2(text.endsWith(u"stops · 1 channel(s)"_s), qPrintable(text));
+}
+
+void HistoryInspectorTest::aPlainJpegSaysItHasNoGainMap()
+{
+    const GainMapSummary summary = readGainMapSummary(m_cameraJpeg);
+    QVERIFY(summary.readDone);
+    QVERIFY(!summary.present);
+}
+
+void HistoryInspectorTest::histogramIsComputedInTheBackgroundAndKeepsTheChannel()
+{
+    AppViewModel model;
+    HdrHistogramView view(model);
+    QSignalSpy ready(&view, &HdrHistogramView::histogramReady);
+    view.findChild<QToolButton *>(u"histogramModeRGB"_s)->click();
+    QCOMPARE(view.channelMode(), HistogramChannelMode::Rgb);
+    view.setFile(m_ultraHdr, 2.5);
+    QVERIFY(view.isCalculating());
+    QVERIFY(view.histogramData().isEmpty());
+    QTRY_COMPARE(ready.size(), 1);
+    QVERIFY(!view.isCalculating());
+    QCOMPARE(view.histogramData().lumaBins.size(), 256);
+    QCOMPARE(view.histogramData().redBins.size(), 256);
+    // The same numbers as the direct computation.
+    QCOMPARE(view.histogramData().lumaBins, computeHistogram(m_ultraHdr, 2.5)->lumaBins);
+    view.setFile(m_cameraJpeg, std::nullopt);
+    QCOMPARE(view.channelMode(), HistogramChannelMode::Rgb);
+    QTRY_COMPARE(ready.size(), 2);
+    QVERIFY(view.findChild<QLabel *>(u"histogramLegendPeak"_s)->text().endsWith(u"—"_s));
+}
+
+void HistoryInspectorTest::histogramTakesThePeakFromTheLoadedRecord()
+{
+    auto db = freshDatabase();
+    db->insert({.fingerprint = u"h"_s, .stem = u"DSC04223"_s, .outputPath = m_ultraHdr, .peakStops = 1.8});
+    AppViewModel model;
+    settleHistory();
+    QCOMPARE(model.historyRecords().size(), 1);
+    HdrHistogramView view(model);
+    view.setFile(m_ultraHdr);
+    QCOMPARE(view.peakStops(), std::optional<double>(1.8));
+    QVERIFY(view.findChild<QLabel *>(u"histogramLegendPeak"_s)->text().endsWith(u"+1.80 st"_s));
+    view.setFile(m_cameraJpeg);
+    QCOMPARE(view.peakStops(), std::nullopt);
+}
+
+void HistoryInspectorTest::previewScalesALargePhotoDownToTheBounds()
+{
+    const QString big = m_files.filePath(u"out/big.jpg"_s);
+    QVERIFY(writeCameraJpeg(big, Qt::white, Qt::black, 3000, 2000));
+    const QImage image = readPreviewImage(big, QSize(600, 600));
+    QCOMPARE(image.size(), QSize(600, 400));
+    const QImage small = readPreviewImage(m_cameraJpeg, QSize(2000, 2000));
+    QCOMPARE(small.size(), QSize(600, 400)); // never enlarged
+    QVERIFY(readPreviewImage(m_files.filePath(u"none.jpg"_s), QSize(100, 100)).isNull());
+}
+
+ORVANTA_TEST_WIDGETS_MAIN(HistoryInspectorTest)
+#include "tst_historyinspector.moc"
