@@ -7,6 +7,7 @@
 #include "i18n/LocalizationService.h"
 #include "ui/MainWindow.h"
 #include "ui/Theme.h"
+#include "ui/compare/HDRCompareView.h"
 #include "ui/compare/HDRCompareWindowManager.h"
 #include "ui/history/HistoryView.h"
 #include "ui/settings/SettingsWindow.h"
