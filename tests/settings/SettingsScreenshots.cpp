@@ -105,6 +105,16 @@ int main(int argc, char *argv[])
             ok &= window.grab().save(out + u"/settings-paths-warning-%1.png"_s.arg(code));
             model.setExportNamingTemplate(kept);
         }
+        if (tab == u"updates") {
+            // A build without a feed or key, as a local build is.
+            Updater unconfigured({});
+            SettingsWindow plain(model, &unconfigured, hooks);
+            plain.resize(window.size());
+            plain.show();
+            plain.showTab(SettingsWindow::Updates);
+            settle();
+            ok &= plain.grab().save(out + u"/settings-updates-unconfigured-%1.png"_s.arg(code));
+        }
         if (tab == u"styles") {
             // The whole page at the window's width, as if it did not scroll.
             QWidget *page = window.styleTab()->parentWidget();

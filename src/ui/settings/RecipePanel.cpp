@@ -148,9 +148,14 @@ QWidget *RecipePanel::buildRow(const UserRecipe &recipe)
     layout->addLayout(top);
     layout->addWidget(summary);
 
-    const QUuid id = recipe.id;
-    // The row goes away when the list changes, so the handlers act on the
-    // recipe as the file holds it now, found again by id.
+    connectRow(recipe.id, apply, rename, remove);
+    return row;
+}
+
+void RecipePanel::connectRow(const QUuid &id, QPushButton *apply, QPushButton *rename, QPushButton *remove)
+{
+    // Rows are rebuilt whenever the list changes, so the handlers look the
+    // recipe up again by id in the model's current list.
     connect(apply, &QPushButton::clicked, this, [this, id] {
         for (const UserRecipe &r : m_model.userRecipes()) {
             if (r.id == id) {
@@ -161,7 +166,6 @@ QWidget *RecipePanel::buildRow(const UserRecipe &recipe)
     });
     connect(rename, &QPushButton::clicked, this, [this, id] { renameRecipe(id); });
     connect(remove, &QPushButton::clicked, this, [this, id] { m_model.deleteRecipe(id); });
-    return row;
 }
 
 void RecipePanel::saveAsRecipe()

@@ -40,6 +40,7 @@ public:
 
 private:
     QWidget *buildRow(const UserRecipe &recipe);
+    void connectRow(const QUuid &id, QPushButton *apply, QPushButton *rename, QPushButton *remove);
     void rebuildRows();
     void retranslate();
     void showMessage(const QString &text, bool ok);
