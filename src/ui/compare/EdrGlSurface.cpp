@@ -144,9 +144,9 @@ void EdrGlSurface::initializeGL()
 {
     initializeOpenGLFunctions();
     connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, [this] {
+        // The pictures went with the context; the next pair brings new ones.
         makeCurrent();
         releaseGl();
-        m_pendingUpload = !m_pendingHdr.isNull();
         doneCurrent();
     });
     auto program = std::make_unique<QOpenGLShaderProgram>();
@@ -195,6 +195,7 @@ void EdrGlSurface::uploadPending()
     m_shown.reset();
     // The viewer keeps what it needs of the pictures; the textures hold the rest.
     m_pendingSdr = QImage();
+    m_pendingHdr = QImage();
     Q_EMIT picturesUploaded();
 }
 
