@@ -96,6 +96,17 @@ EdrGlSurface::EdrGlSurface(StateSource source, QWidget *parent)
     setFormat(format);
     // The viewer around this surface takes the pointer input.
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    // The framebuffer keeps the last frame, so a divider drag redraws only
+    // the strip the divider crossed and a pan moves what is already drawn.
+    setUpdateBehavior(QOpenGLWidget::PartialUpdate);
+}
+
+bool differsOnlyInSplit(const EdrFrameState &a, const EdrFrameState &b)
+{
+    return a.placement == b.placement && a.mode == b.mode && a.zebra == b.zebra
+        && a.zebraThreshold == b.zebraThreshold && a.shadowZebra == b.shadowZebra
+        && a.shadowThreshold == b.shadowThreshold && a.filmic == b.filmic
+        && a.filmicGain == b.filmicGain && a.encodeSrgb == b.encodeSrgb;
 }
 
 EdrGlSurface::~EdrGlSurface()
@@ -115,6 +126,8 @@ void EdrGlSurface::releaseGl()
         glDeleteTextures(1, &m_hdrTexture);
     m_sdrTexture = m_hdrTexture = 0;
     m_hasTextures = false;
+    m_shown.reset();
+    m_scratch.reset();
     m_vao.reset();
     m_program.reset();
 }
@@ -131,9 +144,9 @@ void EdrGlSurface::initializeGL()
 {
     initializeOpenGLFunctions();
     connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, [this] {
+        // The pictures went with the context; the next pair brings new ones.
         makeCurrent();
         releaseGl();
-        m_pendingUpload = !m_pendingHdr.isNull();
         doneCurrent();
     });
     auto program = std::make_unique<QOpenGLShaderProgram>();
@@ -179,9 +192,16 @@ void EdrGlSurface::uploadPending()
     m_sdrSize = m_pendingSdr.size();
     m_hdrSize = m_pendingHdr.size();
     m_hasTextures = true;
+    m_shown.reset();
     // The viewer keeps what it needs of the pictures; the textures hold the rest.
     m_pendingSdr = QImage();
+    m_pendingHdr = QImage();
     Q_EMIT picturesUploaded();
+}
+
+void EdrGlSurface::resizeGL(int, int)
+{
+    m_shown.reset(); // a new framebuffer holds nothing yet
 }
 
 void EdrGlSurface::paintGL()
@@ -192,10 +212,73 @@ void EdrGlSurface::paintGL()
     timer.start();
     uploadPending();
     const QSizeF drawable = QSizeF(size()) * devicePixelRatioF();
-    drawFrame(m_source(drawable), drawable);
+    const EdrFrameState state = m_source(drawable);
+    const QList<QRect> regions = m_shown && m_hasTextures ? changedRegions(state, drawable) : QList<QRect>();
+    if (regions.isEmpty()) {
+        drawFrame(state, drawable);
+    } else {
+        glEnable(GL_SCISSOR_TEST);
+        for (const QRect &r : regions) {
+            glScissor(r.x(), r.y(), r.width(), r.height());
+            drawFrame(state, drawable);
+        }
+        glDisable(GL_SCISSOR_TEST);
+    }
+    m_shown = m_hasTextures ? std::optional(state) : std::nullopt;
     if (m_finishEachFrame)
         glFinish();
     m_lastPaintMs = timer.nsecsElapsed() / 1e6;
+}
+
+QList<QRect> EdrGlSurface::changedRegions(const EdrFrameState &state, QSizeF drawable)
+{
+    const int width = int(drawable.width()), height = int(drawable.height());
+    const auto columns = [height](double a, double b) {
+        const int from = int(std::floor(std::min(a, b))) - 2;
+        return QRect(from, 0, int(std::ceil(std::max(a, b))) + 2 - from, height);
+    };
+    const bool split = state.mode == EDRCompareMode::Split;
+    if (differsOnlyInSplit(state, *m_shown)) {
+        // Only the columns the divider crossed change (none in the single modes).
+        return { split ? columns(state.splitX, m_shown->splitX) : QRect(0, 0, 1, 1) };
+    }
+    const QPointF shift = state.placement.topLeft() - m_shown->placement.topLeft();
+    const int dx = int(std::lround(shift.x())), dy = int(std::lround(shift.y()));
+    EdrFrameState moved = *m_shown;
+    moved.placement = state.placement;
+    // A pan by whole pixels moves what is on screen; stripes are tied to the
+    // screen, not the picture, so with stripes on everything is redrawn.
+    if (!differsOnlyInSplit(state, moved) || state.splitX != m_shown->splitX || state.zebra
+        || state.shadowZebra || std::abs(shift.x() - dx) > 1e-6 || std::abs(shift.y() - dy) > 1e-6
+        || std::abs(dx) >= width || std::abs(dy) >= height)
+        return {};
+    shiftFramebuffer(dx, dy, QSize(width, height));
+    QList<QRect> regions;
+    if (dx != 0)
+        regions.append(dx > 0 ? QRect(0, 0, dx, height) : QRect(width + dx, 0, -dx, height));
+    if (dy != 0)
+        regions.append(dy > 0 ? QRect(0, 0, width, dy) : QRect(0, height + dy, width, -dy));
+    if (split) // the divider stays while the picture under it changes side
+        regions.append(columns(state.splitX, state.splitX + dx));
+    if (regions.isEmpty())
+        regions.append(QRect(0, 0, 1, 1));
+    return regions;
+}
+
+void EdrGlSurface::shiftFramebuffer(int dx, int dy, QSize size)
+{
+    if (!m_scratch || m_scratch->size() != size)
+        m_scratch = std::make_unique<QOpenGLFramebufferObject>(size);
+    const GLuint target = defaultFramebufferObject();
+    glBindFramebuffer(GL_READ_FRAMEBUFFER, target);
+    glBindFramebuffer(GL_DRAW_FRAMEBUFFER, m_scratch->handle());
+    glBlitFramebuffer(0, 0, size.width(), size.height(), 0, 0, size.width(), size.height(),
+                      GL_COLOR_BUFFER_BIT, GL_NEAREST);
+    glBindFramebuffer(GL_READ_FRAMEBUFFER, m_scratch->handle());
+    glBindFramebuffer(GL_DRAW_FRAMEBUFFER, target);
+    glBlitFramebuffer(0, 0, size.width(), size.height(), dx, dy, size.width() + dx, size.height() + dy,
+                      GL_COLOR_BUFFER_BIT, GL_NEAREST);
+    glBindFramebuffer(GL_FRAMEBUFFER, target);
 }
 
 void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable)

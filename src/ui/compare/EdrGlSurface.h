@@ -8,11 +8,15 @@
 #include <QImage>
 #include <QOpenGLExtraFunctions>
 #include <QOpenGLWidget>
+#include <QList>
+#include <QRect>
 #include <QRectF>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
+class QOpenGLFramebufferObject;
 class QOpenGLShaderProgram;
 class QOpenGLVertexArrayObject;
 
@@ -33,6 +37,9 @@ struct EdrFrameState
     float filmicGain = 1.0f; // scale before the curve (1 / simulated headroom)
     bool encodeSrgb = true;  // false: linear extended values (HDR output or readback)
 };
+
+// Whether two frames differ in the divider position at most.
+bool differsOnlyInSplit(const EdrFrameState &a, const EdrFrameState &b);
 
 class EdrGlSurface : public QOpenGLWidget, protected QOpenGLExtraFunctions
 {
@@ -63,12 +70,17 @@ Q_SIGNALS:
 
 protected:
     void initializeGL() override;
+    void resizeGL(int width, int height) override;
     void paintGL() override;
 
 private:
     void uploadPending();
     void uploadTexture(unsigned &texture, const QImage &image);
     void drawFrame(const EdrFrameState &state, QSizeF drawable);
+    // The parts of the framebuffer that must be drawn for `state` given what
+    // it shows now (moving that by a pan first); empty: draw everything.
+    QList<QRect> changedRegions(const EdrFrameState &state, QSizeF drawable);
+    void shiftFramebuffer(int dx, int dy, QSize size);
     void releaseGl();
 
     StateSource m_source;
@@ -83,6 +95,9 @@ private:
     QSize m_sdrSize;
     QSize m_hdrSize;
     bool m_finishEachFrame = false;
+    // What the framebuffer holds now; empty when it must be drawn in full.
+    std::optional<EdrFrameState> m_shown;
+    std::unique_ptr<QOpenGLFramebufferObject> m_scratch;
     double m_lastPaintMs = 0;
 };
 

@@ -162,7 +162,9 @@ EdrFrameState EdrViewer::frameState(QSizeF drawable) const
     const bool hdrDisplay = edr::isHdrDisplay(displayHeadroom());
     state.filmic = !hdrDisplay && m_settings.toneMapMode == SDRToneMapMode::FilmicRollOff;
     state.filmicGain = float(1.0 / std::max(1.0, m_settings.simulatedHeadroom));
-    state.encodeSrgb = !hdrDisplay;
+    // The widget's framebuffer is 8-bit sRGB whatever the display; values
+    // above 1.0 only reach the screen through an extended-range surface.
+    state.encodeSrgb = true;
     return state;
 }
 

@@ -171,8 +171,9 @@ void HDRCompareView::connectControls()
         QGuiApplication::clipboard()->setText(hdrPath(m_currentRecord));
     });
     connect(bar->reveal, &QAction::triggered, this, [this] {
-        auto *manager = new FileManager(QDBusConnection::sessionBus(), this);
-        manager->showItem(hdrPath(m_currentRecord));
+        if (!m_fileManager)
+            m_fileManager = new FileManager(QDBusConnection::sessionBus(), this);
+        m_fileManager->showItem(hdrPath(m_currentRecord));
     });
     connect(bar->openDefault, &QAction::triggered, this, [this] {
         QDesktopServices::openUrl(QUrl::fromLocalFile(hdrPath(m_currentRecord)));

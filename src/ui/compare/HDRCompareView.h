@@ -19,6 +19,7 @@ namespace orvanta {
 
 class AppViewModel;
 class CompareToolbar;
+class FileManager;
 class ComparePanelProvider;
 class SdrBanner;
 
@@ -109,6 +110,7 @@ private:
     QLabel *m_readout = nullptr;
     QWidget *m_inspector = nullptr;
     QWidget *m_histogram = nullptr;
+    FileManager *m_fileManager = nullptr;
 };
 
 } // namespace orvanta

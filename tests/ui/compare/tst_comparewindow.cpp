@@ -13,6 +13,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QButtonGroup>
+#include <QCheckBox>
+#include <QSlider>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QtTest>
@@ -84,6 +86,8 @@ private Q_SLOTS:
     void managerOpensAFreshWindowEachTime();
     void viewerSaysSoWithoutOpenGl();
     void languageChangeRetranslates();
+    void thresholdAndHeadroomControlsDriveTheViewer();
+    void pixelReadoutShowsTheValueUnderThePointer();
 
 private:
     std::unique_ptr<HDRCompareView> makeView(const PhotoRecord &r, const QList<PhotoRecord> &list,
@@ -387,6 +391,52 @@ void TestCompareWindow::languageChangeRetranslates()
     QCOMPARE(split->text(), m_model->t("edr_mode_split"));
     QVERIFY(split->text() != u"Split View"_s);
     QCOMPARE(view->findChild<QLabel *>(u"sdrSideLabel"_s)->text(), m_model->t("edr_label_sdr"));
+}
+
+void TestCompareWindow::thresholdAndHeadroomControlsDriveTheViewer()
+{
+    auto view = makeView(record(u"a"_s), {});
+    view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+    auto *zebra = view->findChild<QSlider *>(u"zebraThreshold"_s);
+    QCOMPARE(zebra->minimum(), 5); // 0.5 ... 4.0 in tenths
+    QCOMPARE(zebra->maximum(), 40);
+    zebra->setValue(25);
+    QCOMPARE(view->state().zebraThreshold, 2.5f);
+    QCOMPARE(view->viewer()->settings().zebraThreshold, 2.5f);
+    view->findChild<QCheckBox *>(u"shadowZebra"_s)->setChecked(true);
+    view->findChild<QSlider *>(u"shadowThreshold"_s)->setValue(10);
+    QVERIFY(view->viewer()->settings().shadowZebraEnabled);
+    QCOMPARE(view->viewer()->settings().shadowThreshold, 0.1f);
+
+    // The simulated headroom only applies to the filmic view.
+    auto *headroom = view->findChild<QSlider *>(u"simulatedHeadroom"_s);
+    QVERIFY(!headroom->isEnabled());
+    view->findChild<QAbstractButton *>(u"toneMap_sdr_mode_filmic"_s)->click();
+    QCOMPARE(view->state().sdrToneMapMode, SDRToneMapMode::FilmicRollOff);
+    QVERIFY(headroom->isEnabled());
+    headroom->setValue(30);
+    QCOMPARE(view->state().simulatedHeadroom, 3.0);
+    const EdrFrameState frame = view->viewer()->frameState({ 100, 100 });
+    QVERIFY(frame.filmic);
+    QCOMPARE(frame.filmicGain, float(1.0 / 3.0));
+    QCOMPARE(view->findChild<QLabel *>(u"toneMapHint"_s)->text(), m_model->t("sdr_mode_filmic_hint"));
+}
+
+void TestCompareWindow::pixelReadoutShowsTheValueUnderThePointer()
+{
+    auto view = makeView(record(u"a"_s), {});
+    view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+    auto *label = view->findChild<QLabel *>(u"pixelReadout"_s);
+    QVERIFY(!label->isVisible());
+    Q_EMIT view->viewer()->pixelReadoutChanged(EdrPixelReadout { { 12, 34 }, { 2.5f, 1.25f, 0.5f, 1.0f } });
+    QVERIFY(label->isVisible());
+    const double stops = std::log2(0.2126 * 2.5 + 0.7152 * 1.25 + 0.0722 * 0.5);
+    QCOMPARE(label->text(), m_model->t("edr_pixel_readout", { 12, 34, 2.5, 1.25, 0.5, stops }));
+    QVERIFY(label->text().contains(u"2.500"_s));
+    Q_EMIT view->viewer()->pixelReadoutChanged(std::nullopt);
+    QVERIFY(!label->isVisible());
 }
 
 ORVANTA_TEST_WIDGETS_MAIN(TestCompareWindow)

@@ -98,6 +98,8 @@ private Q_SLOTS:
     void filmicMatchesTheReferenceCurve();
     void hdrDisplayAbove105SkipsToneMapping();
     void zoomedOutViewsReadAReducedLevel();
+    void dividerStripsAddUpToTheFullFrame();
+    void pannedFramesMatchAFullFrame();
     void loadsAGeneratedUltraHdrFileInTheBackground();
     void previousPairStaysUntilTheNewOneIsReady();
     void pairWithoutHdrFileIsNeverDrawn();
@@ -460,6 +462,78 @@ void TestEdrViewerWidget::zoomedOutViewsReadAReducedLevel()
         highest = std::max(highest, at(zoomed, x, 150).r);
     }
     QVERIFY2(highest - lowest > 1.0f, qPrintable(u"%1 ... %2"_s.arg(lowest).arg(highest)));
+}
+
+void TestEdrViewerWidget::dividerStripsAddUpToTheFullFrame()
+{
+    // A divider drag redraws only the columns it crossed; after a run of
+    // moves the screen must equal a frame drawn in one piece.
+    EdrPicturePair pair = uniformPair({ 400, 300 }, 0, 0);
+    pair.sdr = picture(400, 300, [](int x, int y) { return float((x * 3 + y) % 50) / 50.0f; });
+    pair.hdr = picture(400, 300, [](int x, int y) { return float((x + 2 * y) % 90) / 30.0f; });
+    m_viewer->setPictures(pair);
+    EdrViewerSettings settings;
+    settings.zebraEnabled = true;
+    settings.zebraThreshold = 1.5f;
+    for (double split : { 0.5, 0.52, 0.9, 0.1, 0.33, 0.34, 0.6 }) {
+        settings.splitPosition = split;
+        m_viewer->updateState(settings);
+        m_viewer->surface()->grabFramebuffer(); // draws this step
+    }
+    const QImage stepped = m_viewer->surface()->grabFramebuffer();
+
+    EdrViewer fresh(u"no GL"_s);
+    fresh.resize(m_viewer->size());
+    fresh.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&fresh));
+    QTRY_VERIFY(fresh.surface()->isReady());
+    fresh.setPictures(pair);
+    fresh.updateState(settings);
+    const QImage whole = fresh.surface()->grabFramebuffer();
+    QCOMPARE(stepped.size(), whole.size());
+    QCOMPARE(stepped, whole);
+}
+
+void TestEdrViewerWidget::pannedFramesMatchAFullFrame()
+{
+    // A pan moves what is on screen and draws only the uncovered edges and
+    // the columns at the divider; the result must equal a frame drawn whole.
+    // The reference viewer has stripes on (at a threshold nothing reaches),
+    // which makes it draw every frame in full.
+    EdrPicturePair pair = uniformPair({ 400, 300 }, 0, 0);
+    pair.sdr = picture(400, 300, [](int x, int y) { return float((x * 3 + y) % 50) / 50.0f; });
+    pair.hdr = picture(400, 300, [](int x, int y) { return float((x + 2 * y) % 90) / 60.0f; });
+    const QList<QPoint> path { { 50, 150 }, { 60, 150 }, { 60, 165 }, { 40, 140 }, { 45, 200 }, { 100, 100 }, { 99, 101 } };
+    const auto run = [&](EdrViewer &viewer, bool stripes) {
+        viewer.setPictures(pair);
+        EdrViewerSettings settings;
+        settings.zebraEnabled = stripes;
+        settings.zebraThreshold = 1000.0f;
+        viewer.updateState(settings);
+        QNativeGestureEvent zoom(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
+                                 QPointF(200, 150), QPointF(200, 150), viewer.mapToGlobal(QPointF(200, 150)), 1.0, {});
+        QApplication::sendEvent(&viewer, &zoom);
+        viewer.surface()->grabFramebuffer();
+        QTest::mousePress(&viewer, Qt::LeftButton, {}, path.first());
+        for (const QPoint &p : path) {
+            QMouseEvent move(QEvent::MouseMove, p, viewer.mapToGlobal(QPointF(p)), Qt::NoButton, Qt::LeftButton, {});
+            QApplication::sendEvent(&viewer, &move);
+            if (!stripes)
+                viewer.surface()->grabFramebuffer(); // draws this step
+        }
+        QTest::mouseRelease(&viewer, Qt::LeftButton, {}, path.last());
+        return viewer.surface()->grabFramebuffer();
+    };
+    const QImage stepped = run(*m_viewer, false);
+    QVERIFY(m_viewer->model().panOffset() != QPointF());
+    EdrViewer reference(u"no GL"_s);
+    reference.resize(m_viewer->size());
+    reference.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&reference));
+    QTRY_VERIFY(reference.surface()->isReady());
+    const QImage whole = run(reference, true);
+    QCOMPARE(reference.model().panOffset(), m_viewer->model().panOffset());
+    QCOMPARE(stepped, whole);
 }
 
 void TestEdrViewerWidget::loadsAGeneratedUltraHdrFileInTheBackground()
