@@ -156,6 +156,9 @@ QWidget *HistoryView::buildTablePage()
     connect(m_delegate, &HistoryRowDelegate::actionTriggered, this, &HistoryView::triggerAction);
     connect(m_media, &RowMediaStore::rowChanged, m_tableModel, &HistoryTableModel::refreshRow);
     connect(m_tableModel, &QAbstractItemModel::modelReset, this, &HistoryView::applyColumnWidths);
+    // A new list (a refresh, often after a photo finished) may point at files
+    // that did not exist before: ask again. The thumbnail cache makes it cheap.
+    connect(m_tableModel, &QAbstractItemModel::modelReset, m_media, &RowMediaStore::clear);
     connect(m_tableModel, &QAbstractItemModel::modelReset, this, &HistoryView::scheduleVisibleRowsCheck);
     connect(m_table->verticalScrollBar(), &QScrollBar::valueChanged, this, &HistoryView::scheduleVisibleRowsCheck);
     connect(m_table, &QWidget::customContextMenuRequested, this, &HistoryView::showContextMenu);
@@ -266,7 +269,7 @@ QString HistoryView::emptyStateText() const
 
 QString HistoryView::footerText() const
 {
-    return m_footerLabel->isVisible() || !m_footerLabel->isHidden() ? m_footerLabel->text() : QString();
+    return m_footerLabel->text();
 }
 
 // "No match" when a search or filter is what hides every row; otherwise the
