@@ -7,7 +7,7 @@
 //     rows in view and are cancelled for rows scrolled past).
 //
 //   xvfb-run -a -s "-screen 0 1920x1080x24" bench_history_view [--rows N] [--dir PATH]
-//                                  [--scroll-rows N] [--step ROWS]
+//                                  [--scroll-rows N] [--step ROWS,...] [--skip-search]
 #include "BenchDatabase.h"
 #include "core/AppViewModel.h"
 #include "history/HistoryService.h"
@@ -86,16 +86,20 @@ void benchSearch(const QString &dataHome, int rows)
     }
     PaintWatch watch;
     view.tableView()->viewport()->installEventFilter(&watch);
-    QObject::connect(view.tableModel(), &QAbstractItemModel::modelReset, &watch, [&] { watch.armed = true; });
+    QElapsedTimer timer;
+    double publishedMs = 0;
+    QObject::connect(view.tableModel(), &QAbstractItemModel::modelReset, &watch, [&] {
+        watch.armed = true;
+        publishedMs = timer.nsecsElapsed() / 1e6;
+    });
     QLineEdit *search = view.toolbar()->searchField();
     std::printf("\n== search keystroke to first page painted (%d rows) ==\n", rows);
-    std::printf("  %-12s %10s %12s\n", "text", "matches", "ms");
+    std::printf("  %-12s %10s %14s %12s\n", "text", "matches", "page in model", "painted");
     QList<double> times;
     // Each keystroke changes the matches, so each one ends in a new first page.
     for (const QString &text : {u"1"_s, u"12"_s, u"123"_s, u"1234"_s, u"12345"_s, u"1234"_s, u"123"_s,
                                 u"12"_s, u"1"_s, u""_s}) {
         watch.armed = watch.painted = false;
-        QElapsedTimer timer;
         timer.start();
         if (text.size() > search->text().size())
             QTest::keyClick(search, text.back().toLatin1());
@@ -107,21 +111,26 @@ void benchSearch(const QString &dataHome, int rows)
         }
         const double ms = timer.nsecsElapsed() / 1e6;
         times << ms;
-        std::printf("  %-12s %10lld %12.1f\n", qPrintable(u"\""_s + text + u"\""_s),
-                    model.totalFilteredCount(), ms);
+        std::printf("  %-12s %10lld %11.1f ms %9.1f ms\n", qPrintable(u"\""_s + text + u"\""_s),
+                    model.totalFilteredCount(), publishedMs, ms);
     }
     std::printf("  median %.1f ms, max %.1f ms over %lld keystrokes\n", percentile(times, 0.5),
                 percentile(times, 1.0), times.size());
 }
 
-// 10,000 rows that cycle through `photos` real JPEGs, each with its own path.
+// 10,000 rows that cycle through `photos` real camera-sized JPEGs.
 bool writeScrollDatabase(const QString &db, const QString &photoDir, int rows, int photos)
 {
     QDir().mkpath(photoDir);
     for (int i = 0; i < photos; ++i) {
-        QImage image(480, 320, QImage::Format_RGB32);
+        // Camera-sized pictures, so a thumbnail costs what it does on real photos.
+        QImage image(3000, 2000, QImage::Format_RGB32);
         image.fill(QColor::fromHsv(i * 7 % 360, 160, 200));
-        QPainter(&image).fillRect(0, 200, 480, 120, QColor::fromHsv(i * 13 % 360, 120, 90));
+        QPainter painter(&image);
+        painter.fillRect(0, 1250, 3000, 750, QColor::fromHsv(i * 13 % 360, 120, 90));
+        for (int k = 0; k < 40; ++k)
+            painter.fillRect((k * 173 + i * 31) % 2900, (k * 97) % 1900, 60, 60, QColor::fromHsv(k * 9 % 360, 200, 230));
+        painter.end();
         image.save(photoDir + u"/P%1.jpg"_s.arg(i), "JPG", 90);
     }
     QFile::remove(db);
@@ -140,7 +149,6 @@ bool writeScrollDatabase(const QString &db, const QString &photoDir, int rows, i
     for (int i = 0; i < rows; ++i) {
         const QByteArray fp = "fp" + QByteArray::number(i);
         const QByteArray stem = "DSC" + QByteArray::number(10000 + i);
-        // Same picture, own path: every row is its own cache entry.
         const QByteArray jpg = QFile::encodeName(photoDir + u"/P%1.jpg"_s.arg(i % photos));
         const QByteArray out = QFile::encodeName(photoDir + u"/missing/%1_hdr.jpg"_s.arg(i));
         const QByteArray at = "2026-01-01T" + QByteArray::number(10 + i / 3600 % 10) + ':'
@@ -161,10 +169,12 @@ bool writeScrollDatabase(const QString &db, const QString &photoDir, int rows, i
     return true;
 }
 
-void benchScroll(const QString &dataHome, int rows, int step)
+void benchScroll(const QString &dataHome, int step, bool metadataColumns)
 {
     qputenv("XDG_DATA_HOME", QFile::encodeName(dataHome));
     AppViewModel model;
+    if (!metadataColumns) // only what the record itself carries: no file is read for a cell
+        model.setVisibleColumns({ListColumn::PeakStops, ListColumn::Faces, ListColumn::Duration});
     HistoryView view(model);
     view.resize(1180, 800);
     view.show();
@@ -175,7 +185,8 @@ void benchScroll(const QString &dataHome, int rows, int step)
     while (waitUntil([&] { return !model.isLoadingMore(); }) && model.hasMoreHistory())
         table->fetchMore({});
     waitUntil([&] { return !model.isLoadingMore(); });
-    std::printf("\n== scrolling %lld loaded rows, %d rows per frame ==\n", qint64(table->rowCount()), step);
+    std::printf("\n== scrolling %lld loaded rows, %d rows per frame, %s ==\n", qint64(table->rowCount()), step,
+                metadataColumns ? "default columns (metadata read per row)" : "record columns only");
     std::printf("  paged in through fetchMore in %.0f ms\n", loading.nsecsElapsed() / 1e6);
     QTableView *tableView = view.tableView();
     QScrollBar *bar = tableView->verticalScrollBar();
@@ -193,7 +204,6 @@ void benchScroll(const QString &dataHome, int rows, int step)
                 percentile(frames, 0.5), percentile(frames, 0.95), percentile(frames, 0.99), percentile(frames, 1.0));
     std::printf("  thumbnails decoded %d, requests cancelled by scrolling %d\n",
                 ThumbnailManager::shared().decodeCount(), view.mediaStore()->cancelledCount());
-    (void)rows;
 }
 
 } // namespace
@@ -210,6 +220,7 @@ int main(int argc, char *argv[])
     parser.addOption({u"dir"_s, u"Where the databases are kept between runs."_s, u"path"_s,
                       QDir::tempPath() + u"/orvanta-bench-history"_s});
     parser.addOption({u"scroll-rows"_s, u"Rows loaded for the scroll."_s, u"n"_s, u"10000"_s});
+    parser.addOption({u"skip-search"_s, u"Only the scroll."_s});
     parser.addOption({u"step"_s, u"Rows scrolled per frame (a comma-separated list runs each)."_s, u"n"_s, u"8,40"_s});
     parser.process(app);
     const int rows = parser.value(u"rows"_s).toInt();
@@ -218,22 +229,25 @@ int main(int argc, char *argv[])
     const QString bare = dir + u"/bare"_s;
     const QString db = bare + u"/Orvanta/pipeline_state.db"_s;
     QDir().mkpath(QFileInfo(db).absolutePath());
-    if (!QFile::exists(db) || HistoryService(db).fetchCount() != rows) {
+    if (!parser.isSet(u"skip-search"_s) && (!QFile::exists(db) || HistoryService(db).fetchCount() != rows)) {
         std::printf("generating %s ...\n", qPrintable(db));
         std::fflush(stdout);
         if (!bench::generate(db, rows, false))
             return 1;
     }
-    benchSearch(bare, rows);
+    if (!parser.isSet(u"skip-search"_s))
+        benchSearch(bare, rows);
 
     const int scrollRows = parser.value(u"scroll-rows"_s).toInt();
     const QString scrollHome = dir + u"/scroll"_s;
     const QString scrollDb = scrollHome + u"/Orvanta/pipeline_state.db"_s;
     if (!QFile::exists(scrollDb) || HistoryService(scrollDb).fetchCount() != scrollRows) {
-        if (!writeScrollDatabase(scrollDb, scrollHome + u"/photos"_s, scrollRows, 500))
+        if (!writeScrollDatabase(scrollDb, scrollHome + u"/photos"_s, scrollRows, 200))
             return 1;
     }
-    for (const QString &step : parser.value(u"step"_s).split(u','))
-        benchScroll(scrollHome, scrollRows, step.toInt());
+    for (bool metadata : {true, false}) {
+        for (const QString &step : parser.value(u"step"_s).split(u','))
+            benchScroll(scrollHome, step.toInt(), metadata);
+    }
     return 0;
 }
