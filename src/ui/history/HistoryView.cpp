@@ -105,6 +105,7 @@ HistoryView::HistoryView(AppViewModel &model, QWidget *parent)
     connect(&m_model, &AppViewModel::isLoadingMoreChanged, this, &HistoryView::updateFooter);
     connect(&m_model, &AppViewModel::hasMoreHistoryChanged, this, &HistoryView::updateFooter);
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, [this] {
+        applyColumnWidths();
         updateEmptyState();
         updateFooter();
     });
@@ -217,10 +218,21 @@ void HistoryView::setCompareOpener(CompareOpener opener)
     m_table->viewport()->update();
 }
 
+// Widths suit the content but never cut a title or a status word: German
+// and French run much longer than English.
 void HistoryView::applyColumnWidths()
 {
     QHeaderView *header = m_table->horizontalHeader();
     header->setMinimumSectionSize(30);
+    QFont titleFont = m_table->font();
+    titleFont.setPointSizeF(8);
+    titleFont.setWeight(QFont::DemiBold);
+    const QFontMetrics titles(titleFont);
+    const QFontMetrics cells(m_table->font());
+    const auto fitted = [&](int section, int width) {
+        const QString title = m_tableModel->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
+        return qMax(width, titles.horizontalAdvance(title) + 18);
+    };
     for (int section = 0; section < m_tableModel->columnCount(); ++section) {
         const HistoryColumn &column = m_tableModel->column(section);
         switch (column.kind) {
@@ -231,17 +243,20 @@ void HistoryView::applyColumnWidths()
         case HistoryColumn::Kind::Name:
             header->setSectionResizeMode(section, QHeaderView::Stretch);
             break;
-        case HistoryColumn::Kind::Status:
+        case HistoryColumn::Kind::Status: {
+            const int words = qMax(cells.horizontalAdvance(m_model.t("filter_success")),
+                                   cells.horizontalAdvance(m_model.t("filter_failed")));
             header->setSectionResizeMode(section, QHeaderView::Interactive);
-            header->resizeSection(section, 96);
+            header->resizeSection(section, fitted(section, words + 26 + 12));
             break;
+        }
         case HistoryColumn::Kind::Optional:
             header->setSectionResizeMode(section, QHeaderView::Interactive);
-            header->resizeSection(section, optionalColumnWidth(column.optional));
+            header->resizeSection(section, fitted(section, optionalColumnWidth(column.optional)));
             break;
         case HistoryColumn::Kind::Actions:
             header->setSectionResizeMode(section, QHeaderView::Fixed);
-            header->resizeSection(section, 8 + 6 * (HistoryRowDelegate::ActionButton + 2) + 6);
+            header->resizeSection(section, fitted(section, 8 + 6 * (HistoryRowDelegate::ActionButton + 2) + 6));
             break;
         }
     }
