@@ -6,6 +6,7 @@
 #include "ui/history/HistoryTableModel.h"
 
 #include <QAbstractItemView>
+#include <QHash>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -54,6 +55,22 @@ const char *rowActionKey(RowAction action)
     return "";
 }
 
+// The row symbols, drawn once per tint and size: rendering the SVG for every
+// cell of every frame would dominate the cost of a scroll.
+static QPixmap cachedIcon(const QString &symbol, const QColor &color, int size, qreal dpr)
+{
+    static QHash<QString, QPixmap> cache;
+    const QString key = symbol + u'|' + color.name(QColor::HexArgb) + u'|' + QString::number(size)
+        + u'|' + QString::number(dpr);
+    auto it = cache.constFind(key);
+    if (it != cache.constEnd())
+        return *it;
+    const QPixmap pixmap = icons::pixmap(symbol, color, size, dpr);
+    if (cache.size() < 256)
+        cache.insert(key, pixmap);
+    return pixmap;
+}
+
 void paintThumbnailCell(QPainter &p, const QRectF &rect, RowMediaStore::ThumbState state,
                         const QImage &image, qreal opacity)
 {
@@ -78,7 +95,7 @@ void paintThumbnailCell(QPainter &p, const QRectF &rect, RowMediaStore::ThumbSta
         QColor fore = secondary;
         fore.setAlphaF(missing ? 0.45f : 0.6f);
         const int size = 13;
-        const QPixmap icon = icons::pixmap(missing ? u"photo.badge.exclamationmark"_s : u"photo"_s,
+        const QPixmap icon = cachedIcon(missing ? u"photo.badge.exclamationmark"_s : u"photo"_s,
                                            fore, size, p.device() ? p.device()->devicePixelRatioF() : 1.0);
         p.drawPixmap(QPointF(rect.center().x() - size / 2.0, rect.center().y() - size / 2.0), icon);
     }
@@ -132,7 +149,7 @@ void HistoryRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
     const HistoryColumn &column = m_table.column(index.column());
     switch (column.kind) {
     case HistoryColumn::Kind::Select: {
-        const QPixmap box = icons::pixmap(selected ? u"checkmark.square.fill"_s : u"square"_s,
+        const QPixmap box = cachedIcon(selected ? u"checkmark.square.fill"_s : u"square"_s,
                                           selected ? theme::kAccent : theme::kTextSecondary, 16,
                                           p.device()->devicePixelRatioF());
         p.drawPixmap(r.center().x() - 8, r.center().y() - 8, box);
@@ -164,7 +181,7 @@ void HistoryRowDelegate::paintName(QPainter &p, const QRect &r, const PhotoRecor
     small.setPointSizeF(small.pointSizeF() * 0.85);
     p.setFont(small);
     const QRect bottom(x, r.top() + 23, r.right() - x - 4, 16);
-    const QPixmap star = icons::pixmap(u"star.fill"_s, theme::kYellow, 10, p.device()->devicePixelRatioF());
+    const QPixmap star = cachedIcon(u"star.fill"_s, theme::kYellow, 10, p.device()->devicePixelRatioF());
     p.drawPixmap(bottom.left(), bottom.center().y() - 5, star);
     p.setPen(theme::kTextSecondary);
     const QString rating = QString::number(record.rating);
@@ -181,7 +198,7 @@ void HistoryRowDelegate::paintStatus(QPainter &p, const QRect &r, const PhotoRec
 {
     const bool success = record.status == u"SUCCESS"_s;
     const QColor color = success ? theme::kGreen : theme::kRed;
-    const QPixmap icon = icons::pixmap(success ? u"checkmark.circle.fill"_s : u"exclamationmark.triangle.fill"_s,
+    const QPixmap icon = cachedIcon(success ? u"checkmark.circle.fill"_s : u"exclamationmark.triangle.fill"_s,
                                        color, 14, p.device()->devicePixelRatioF());
     p.drawPixmap(r.left() + 6, r.center().y() - 7, icon);
     p.setPen(color);
@@ -246,7 +263,7 @@ void HistoryRowDelegate::paintActions(QPainter &p, const QRect &r, const PhotoRe
                 : actions[i] == RowAction::ViewError             ? theme::kRed
                                                                  : theme::kTextPrimary;
             p.drawPixmap(rects[i].center().x() - 7, rects[i].center().y() - 7,
-                         icons::pixmap(rowActionSymbol(actions[i]), tint, 14, dpr));
+                         cachedIcon(rowActionSymbol(actions[i]), tint, 14, dpr));
         }
         return;
     }
@@ -256,7 +273,7 @@ void HistoryRowDelegate::paintActions(QPainter &p, const QRect &r, const PhotoRe
     p.setPen(QColor(0xff, 0xd0, 0x2e, 110));
     p.setBrush(QColor(0xff, 0xd0, 0x2e, 30));
     p.drawRoundedRect(pill, 10, 10);
-    p.drawPixmap(pill.left() + 8, pill.center().y() - 6, icons::pixmap(u"sun.max.fill"_s, theme::kYellow, 12, dpr));
+    p.drawPixmap(pill.left() + 8, pill.center().y() - 6, cachedIcon(u"sun.max.fill"_s, theme::kYellow, 12, dpr));
     QFont small = p.font();
     small.setPointSizeF(small.pointSizeF() * 0.9);
     p.setFont(small);

@@ -178,10 +178,11 @@ void HistoryTableModel::syncColumns()
     endResetModel();
 }
 
+// The whole row shows its selection (box and background), so every cell repaints.
 void HistoryTableModel::syncSelection()
 {
     if (!m_records.isEmpty())
-        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, 0), {SelectedRole});
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1), {SelectedRole});
 }
 
 void HistoryTableModel::reindex(int from)

@@ -37,11 +37,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool fileExists(const std::optional<QString> &path)
-{
-    return path && !path->isEmpty() && QFileInfo(*path).isFile();
-}
-
 int optionalColumnWidth(ListColumn column)
 {
     switch (column) {
@@ -110,6 +105,7 @@ HistoryView::HistoryView(AppViewModel &model, QWidget *parent)
     connect(&m_model, &AppViewModel::isLoadingMoreChanged, this, &HistoryView::updateFooter);
     connect(&m_model, &AppViewModel::hasMoreHistoryChanged, this, &HistoryView::updateFooter);
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, [this] {
+        applyColumnWidths();
         updateEmptyState();
         updateFooter();
     });
@@ -156,6 +152,9 @@ QWidget *HistoryView::buildTablePage()
     connect(m_delegate, &HistoryRowDelegate::actionTriggered, this, &HistoryView::triggerAction);
     connect(m_media, &RowMediaStore::rowChanged, m_tableModel, &HistoryTableModel::refreshRow);
     connect(m_tableModel, &QAbstractItemModel::modelReset, this, &HistoryView::applyColumnWidths);
+    // A new list (a refresh, often after a photo finished) may point at files
+    // that did not exist before: ask again. The thumbnail cache makes it cheap.
+    connect(m_tableModel, &QAbstractItemModel::modelReset, m_media, &RowMediaStore::clear);
     connect(m_tableModel, &QAbstractItemModel::modelReset, this, &HistoryView::scheduleVisibleRowsCheck);
     connect(m_table->verticalScrollBar(), &QScrollBar::valueChanged, this, &HistoryView::scheduleVisibleRowsCheck);
     connect(m_table, &QWidget::customContextMenuRequested, this, &HistoryView::showContextMenu);
@@ -219,10 +218,21 @@ void HistoryView::setCompareOpener(CompareOpener opener)
     m_table->viewport()->update();
 }
 
+// Widths suit the content but never cut a title or a status word: German
+// and French run much longer than English.
 void HistoryView::applyColumnWidths()
 {
     QHeaderView *header = m_table->horizontalHeader();
     header->setMinimumSectionSize(30);
+    QFont titleFont = m_table->font();
+    titleFont.setPointSizeF(8);
+    titleFont.setWeight(QFont::DemiBold);
+    const QFontMetrics titles(titleFont);
+    const QFontMetrics cells(m_table->font());
+    const auto fitted = [&](int section, int width) {
+        const QString title = m_tableModel->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
+        return qMax(width, titles.horizontalAdvance(title) + 18);
+    };
     for (int section = 0; section < m_tableModel->columnCount(); ++section) {
         const HistoryColumn &column = m_tableModel->column(section);
         switch (column.kind) {
@@ -233,17 +243,20 @@ void HistoryView::applyColumnWidths()
         case HistoryColumn::Kind::Name:
             header->setSectionResizeMode(section, QHeaderView::Stretch);
             break;
-        case HistoryColumn::Kind::Status:
+        case HistoryColumn::Kind::Status: {
+            const int words = qMax(cells.horizontalAdvance(m_model.t("filter_success")),
+                                   cells.horizontalAdvance(m_model.t("filter_failed")));
             header->setSectionResizeMode(section, QHeaderView::Interactive);
-            header->resizeSection(section, 96);
+            header->resizeSection(section, fitted(section, words + 26 + 12));
             break;
+        }
         case HistoryColumn::Kind::Optional:
             header->setSectionResizeMode(section, QHeaderView::Interactive);
-            header->resizeSection(section, optionalColumnWidth(column.optional));
+            header->resizeSection(section, fitted(section, optionalColumnWidth(column.optional)));
             break;
         case HistoryColumn::Kind::Actions:
             header->setSectionResizeMode(section, QHeaderView::Fixed);
-            header->resizeSection(section, 8 + 6 * (HistoryRowDelegate::ActionButton + 2) + 6);
+            header->resizeSection(section, fitted(section, 8 + 6 * (HistoryRowDelegate::ActionButton + 2) + 6));
             break;
         }
     }
@@ -266,7 +279,7 @@ QString HistoryView::emptyStateText() const
 
 QString HistoryView::footerText() const
 {
-    return m_footerLabel->isVisible() || !m_footerLabel->isHidden() ? m_footerLabel->text() : QString();
+    return m_footerLabel->text();
 }
 
 // "No match" when a search or filter is what hides every row; otherwise the
@@ -352,153 +365,6 @@ bool HistoryView::eventFilter(QObject *watched, QEvent *event)
         }
     }
     return QWidget::eventFilter(watched, event);
-}
-
-void HistoryView::triggerAction(RowAction action, const PhotoRecord &record)
-{
-    switch (action) {
-    case RowAction::Compare:
-        if (m_compareOpener)
-            m_compareOpener(record, m_model.filteredHistoryRecords());
-        break;
-    case RowAction::Inspector: openInspector(record); break;
-    case RowAction::QuickLook: toggleQuickPreview(record); break;
-    case RowAction::Reveal: revealRecord(record); break;
-    case RowAction::Share: {
-        auto *menu = new ShareMenu(m_model, record, this);
-        menu->setAttribute(Qt::WA_DeleteOnClose);
-        menu->popup(QCursor::pos());
-        break;
-    }
-    case RowAction::ViewError: showErrorDetails(record); break;
-    }
-}
-
-QString HistoryView::revealRecord(const PhotoRecord &record)
-{
-    QString path;
-    if (fileExists(record.outputPath))
-        path = *record.outputPath;
-    else if (fileExists(record.jpgPath))
-        path = *record.jpgPath;
-    if (path.isEmpty()) {
-        const QString name = record.outputPath && !record.outputPath->isEmpty()
-            ? QFileInfo(*record.outputPath).fileName() : record.stem;
-        showDialog(DialogKind::FileMissing, m_model.t("dialog_file_missing_title"),
-                   m_model.t("dialog_file_missing_desc", {name}));
-        return {};
-    }
-    m_fileManager->showItem(path);
-    Q_EMIT fileRevealed(path);
-    return path;
-}
-
-void HistoryView::openInspector(const PhotoRecord &record)
-{
-    m_inspector->setRecord(record);
-    if (m_inspectorPanel->isHidden()) {
-        m_inspectorPanel->show();
-        const int panel = qMax(m_inspectorPanel->minimumWidth(), 380);
-        m_splitter->setSizes({qMax(0, m_splitter->width() - panel), panel});
-    }
-}
-
-void HistoryView::closeInspector()
-{
-    m_inspectorPanel->hide();
-}
-
-void HistoryView::toggleQuickPreview(const PhotoRecord &record)
-{
-    if (m_preview && m_preview->isVisible()) {
-        m_preview->close();
-        return;
-    }
-    QString path;
-    if (fileExists(record.outputPath))
-        path = *record.outputPath;
-    else if (fileExists(record.jpgPath))
-        path = *record.jpgPath;
-    if (path.isEmpty()) {
-        revealRecord(record); // shows the file-missing dialog
-        return;
-    }
-    if (!m_preview)
-        m_preview = new QuickPreviewWindow(m_model, window());
-    m_preview->showFile(path, record.stem);
-}
-
-void HistoryView::showErrorDetails(const PhotoRecord &record)
-{
-    showDialog(DialogKind::QuarantineError, m_model.t("dialog_error_title"),
-               record.errorMessage.value_or(missingValuePlaceholder()));
-}
-
-void HistoryView::confirmDelete()
-{
-    const qint64 count = m_model.selectedRecordIds().size();
-    if (count == 0)
-        return;
-    showDialog(DialogKind::ConfirmDelete, m_model.t("history_delete_confirm_title", {count}),
-               m_model.t("history_delete_confirm_desc"));
-}
-
-void HistoryView::showDialog(DialogKind kind, const QString &title, const QString &text)
-{
-    if (m_dialog)
-        m_dialog->close();
-    auto *box = new QMessageBox(this);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setObjectName(u"historyDialog"_s);
-    box->setWindowTitle(title);
-    box->setText(title);
-    box->setInformativeText(text);
-    if (kind == DialogKind::ConfirmDelete) {
-        box->setIcon(QMessageBox::Warning);
-        QPushButton *remove = box->addButton(theme::literal(m_model.t("btn_batch_delete")), QMessageBox::AcceptRole);
-        box->addButton(theme::literal(m_model.t("recipes_btn_cancel")), QMessageBox::RejectRole);
-        box->setDefaultButton(remove);
-        connect(remove, &QPushButton::clicked, &m_model, &AppViewModel::deleteSelectedRecords);
-    } else {
-        box->setIcon(kind == DialogKind::QuarantineError ? QMessageBox::Critical : QMessageBox::Information);
-        box->addButton(theme::literal(m_model.t("dialog_ok")), QMessageBox::AcceptRole);
-    }
-    m_dialog = box;
-    m_dialogKind = kind;
-    box->open();
-}
-
-QMenu *HistoryView::buildContextMenu(const PhotoRecord &record, QWidget *parent)
-{
-    auto *menu = new QMenu(parent);
-    menu->setObjectName(u"historyRowMenu"_s);
-    for (RowAction action : rowActions(record, bool(m_compareOpener))) {
-        const QString text = theme::literal(m_model.t(rowActionKey(action)));
-        const QIcon icon = icons::icon(rowActionSymbol(action), action == RowAction::Compare ? theme::kYellow
-                                                                : action == RowAction::ViewError ? theme::kRed
-                                                                                                 : theme::kTextPrimary);
-        if (action == RowAction::Share) {
-            QMenu *share = new ShareMenu(m_model, record, menu);
-            share->setTitle(text);
-            share->setIcon(icon);
-            menu->addMenu(share);
-            continue;
-        }
-        QAction *item = menu->addAction(icon, text);
-        item->setData(int(action));
-        connect(item, &QAction::triggered, this, [this, action, record] { triggerAction(action, record); });
-    }
-    return menu;
-}
-
-void HistoryView::showContextMenu(const QPoint &pos)
-{
-    const QModelIndex index = m_table->indexAt(pos);
-    if (!index.isValid())
-        return;
-    QMenu *menu = buildContextMenu(m_tableModel->record(index.row()), this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->popup(m_table->viewport()->mapToGlobal(pos));
 }
 
 } // namespace orvanta

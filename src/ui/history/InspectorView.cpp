@@ -6,6 +6,7 @@
 #include "media/MetadataService.h"
 #include "ui/Icons.h"
 #include "ui/Theme.h"
+#include "ui/history/AsyncThumbnailView.h"
 #include "ui/history/HdrHistogramView.h"
 #include "ui/history/RowMediaStore.h"
 
@@ -123,9 +124,16 @@ InspectorView::InspectorView(AppViewModel &model, QWidget *parent)
     connect(close, &QToolButton::clicked, this, &InspectorView::closeRequested);
     header->addWidget(close, 0, Qt::AlignTop);
     layout->addLayout(header);
+    auto *photo = new QHBoxLayout;
+    photo->setSpacing(10);
+    m_thumbnail = new AsyncThumbnailView(QSize(96, 64), this);
+    m_thumbnail->setObjectName(u"inspectorThumbnail"_s);
+    photo->addWidget(m_thumbnail);
     m_stem = new QLabel(this);
     m_stem->setProperty("role", u"secondary"_s);
-    layout->addWidget(m_stem);
+    m_stem->setWordWrap(true);
+    photo->addWidget(m_stem, 1);
+    layout->addLayout(photo);
     m_upper = new QVBoxLayout;
     layout->addLayout(m_upper);
     m_histogram = new HdrHistogramView(model, this);
@@ -150,6 +158,7 @@ void InspectorView::setRecord(const PhotoRecord &record)
     m_targetPath = metadataPathOf(record);
     m_metadata = ProPhotoMetadata();
     m_gainMap = GainMapSummary();
+    m_thumbnail->setPaths(record.outputPath.value_or(QString()), record.jpgPath.value_or(QString()));
     rebuild();
     if (m_targetPath.isEmpty())
         m_histogram->setFile(QString(), record.peakStops);

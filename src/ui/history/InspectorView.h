@@ -17,6 +17,7 @@ class QVBoxLayout;
 namespace orvanta {
 
 class AppViewModel;
+class AsyncThumbnailView;
 class HdrHistogramView;
 
 // What the inspector shows of a file's gain map, read by our decoder.
@@ -52,6 +53,7 @@ public:
     // HDR output yet, so that is the default).
     void setDisplayHeadroomProvider(HeadroomProvider provider);
     HdrHistogramView *histogram() const { return m_histogram; }
+    AsyncThumbnailView *thumbnail() const { return m_thumbnail; }
 
 Q_SIGNALS:
     void closeRequested();
@@ -76,6 +78,7 @@ private:
     quint64 m_request = 0;
     QLabel *m_title = nullptr;
     QLabel *m_stem = nullptr;
+    AsyncThumbnailView *m_thumbnail = nullptr;
     QVBoxLayout *m_upper = nullptr;
     QVBoxLayout *m_lower = nullptr;
     HdrHistogramView *m_histogram = nullptr;

@@ -7,6 +7,7 @@
 #include "core/AppViewModel.h"
 #include "hdr/UltraHdrWriter.h"
 #include "hdr/UltraHdrFixtures.h"
+#include "ui/history/AsyncThumbnailView.h"
 #include "ui/history/HdrHistogramView.h"
 #include "ui/history/InspectorView.h"
 #include "ui/history/QuickPreviewWindow.h"
@@ -43,6 +44,10 @@ private Q_SLOTS:
     void histogramIsComputedInTheBackgroundAndKeepsTheChannel();
     void histogramTakesThePeakFromTheLoadedRecord();
     void previewScalesALargePhotoDownToTheBounds();
+    void thumbnailWithNoFileShowsTheMissingMarkAtOnce();
+    void thumbnailFallsBackToTheJpegAtTwiceItsSize();
+    void thumbnailOfANonImageKeepsThePlainPlaceholder();
+    void inspectorShowsThePhotoItIsAbout();
 
 private:
     QString m_cameraJpeg;
@@ -226,6 +231,49 @@ void HistoryInspectorTest::previewScalesALargePhotoDownToTheBounds()
     const QImage small = readPreviewImage(m_cameraJpeg, QSize(2000, 2000));
     QCOMPARE(small.size(), QSize(600, 400)); // never enlarged
     QVERIFY(readPreviewImage(m_files.filePath(u"none.jpg"_s), QSize(100, 100)).isNull());
+}
+
+void HistoryInspectorTest::thumbnailWithNoFileShowsTheMissingMarkAtOnce()
+{
+    AsyncThumbnailView view(QSize(38, 22));
+    QCOMPARE(view.requestedPixelSize(), 76);
+    view.setPaths(QString(), m_files.filePath(u"nowhere.jpg"_s));
+    QVERIFY(!view.isLoading());
+    QCOMPARE(view.state(), RowMediaStore::ThumbState::Missing);
+    QVERIFY(view.image().isNull());
+}
+
+void HistoryInspectorTest::thumbnailFallsBackToTheJpegAtTwiceItsSize()
+{
+    AsyncThumbnailView view(QSize(100, 40));
+    QCOMPARE(view.requestedPixelSize(), 200);
+    QSignalSpy finished(&view, &AsyncThumbnailView::finished);
+    view.setPaths(m_files.filePath(u"out/moved_hdr.jpg"_s), m_cameraJpeg);
+    QTRY_VERIFY(!view.isLoading());
+    QCOMPARE(view.state(), RowMediaStore::ThumbState::Image);
+    QCOMPARE(view.image().width(), 200); // 600 × 400 → long side 200
+    QCOMPARE(finished.size(), 1);
+}
+
+void HistoryInspectorTest::thumbnailOfANonImageKeepsThePlainPlaceholder()
+{
+    const QString text = m_files.filePath(u"notes.jpg"_s);
+    QVERIFY(writeFile(text, "not a picture at all"));
+    AsyncThumbnailView view(QSize(38, 22));
+    view.setPaths(text, QString());
+    QTRY_VERIFY(!view.isLoading());
+    QCOMPARE(view.state(), RowMediaStore::ThumbState::DecodeError);
+    QVERIFY(view.image().isNull());
+}
+
+void HistoryInspectorTest::inspectorShowsThePhotoItIsAbout()
+{
+    AppViewModel model;
+    InspectorView inspector(model);
+    inspector.setRecord({.fingerprint = u"t"_s, .stem = u"DSC04223"_s, .jpgPath = m_cameraJpeg,
+                         .outputPath = m_ultraHdr, .status = u"SUCCESS"_s});
+    QTRY_COMPARE(inspector.thumbnail()->state(), RowMediaStore::ThumbState::Image);
+    QCOMPARE(inspector.thumbnail()->image().size(), QSize(192, 128)); // the Ultra HDR output, 240 × 160
 }
 
 ORVANTA_TEST_WIDGETS_MAIN(HistoryInspectorTest)

@@ -10,6 +10,7 @@
 #include "ui/history/HistoryTableModel.h"
 #include "ui/history/HistoryToolbar.h"
 #include "ui/history/HistoryView.h"
+#include "ui/history/InspectorView.h"
 #include "ui/history/QuickPreviewWindow.h"
 #include "ui/history/RowMediaStore.h"
 
@@ -71,6 +72,8 @@ private Q_SLOTS:
     void spaceOpensAndClosesTheQuickPreview();
     void rowsThatScrollAwayCancelTheirThumbnails();
     void rowCellsUseTheRecordFormats();
+    void clickingTheRowBoxTogglesItsSelectionAndRepaintsTheRow();
+    void hoverButtonsTriggerTheirRowAction();
 
 private:
     UrlSink m_sink;
@@ -464,6 +467,46 @@ void HistoryViewTest::rowCellsUseTheRecordFormats()
     QCOMPARE(recordCellText(PhotoRecord{}, ListColumn::Faces), u"—"_s);
     QVERIFY(recordCellText(record, ListColumn::Exposure).isNull()); // from the metadata
     QCOMPARE(peakLabel(2.5), u"+2.50st (1600nits)"_s);
+}
+
+void HistoryViewTest::clickingTheRowBoxTogglesItsSelectionAndRepaintsTheRow()
+{
+    freshDatabase()->insertNumbered(5);
+    AppViewModel model;
+    HistoryView view(model);
+    showAndWait(view, 5);
+    HistoryTableModel *table = view.tableModel();
+    QSignalSpy changed(table, &QAbstractItemModel::dataChanged);
+    const QRect box = view.tableView()->visualRect(table->index(2, 0));
+    QTest::mouseClick(view.tableView()->viewport(), Qt::LeftButton, {}, box.center());
+    QCOMPARE(model.selectedRecordIds(), QSet<QString>{table->record(2).id()});
+    QVERIFY(!changed.isEmpty());
+    // The whole row shows the selection, not only the box.
+    QCOMPARE(changed.last().at(1).toModelIndex().column(), table->columnCount() - 1);
+    QVERIFY(table->index(2, 3).data(HistoryTableModel::SelectedRole).toBool());
+    QTest::mouseClick(view.tableView()->viewport(), Qt::LeftButton, {}, box.center());
+    QVERIFY(model.selectedRecordIds().isEmpty());
+}
+
+void HistoryViewTest::hoverButtonsTriggerTheirRowAction()
+{
+    freshDatabase()->insertNumbered(5);
+    AppViewModel model;
+    HistoryView view(model);
+    showAndWait(view, 5);
+    QTableView *tableView = view.tableView();
+    HistoryTableModel *table = view.tableModel();
+    auto *delegate = qobject_cast<HistoryRowDelegate *>(tableView->itemDelegate());
+    QVERIFY(delegate);
+    const QRect actions = tableView->visualRect(table->index(1, table->columnCount() - 1));
+    QTest::mouseMove(tableView->viewport(), actions.center());
+    QTRY_COMPARE(delegate->hoveredRow(), 1);
+    const QList<RowAction> offered = rowActions(table->record(1), false);
+    const QList<QRect> buttons = delegate->actionRects(actions, int(offered.size()));
+    const int inspector = int(offered.indexOf(RowAction::Inspector));
+    QTest::mouseClick(tableView->viewport(), Qt::LeftButton, {}, buttons[inspector].center());
+    QTRY_VERIFY(view.inspector()->isVisible());
+    QCOMPARE(view.inspector()->record(), table->record(1));
 }
 
 ORVANTA_TEST_WIDGETS_MAIN(HistoryViewTest)

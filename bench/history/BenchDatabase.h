@@ -1,0 +1,12 @@
+// Generated state databases for the history benchmarks: rows like a
+// photographer's archive, with or without an index on every sortable column.
+#pragma once
+
+#include <QString>
+
+namespace orvanta::bench {
+
+// Writes `rows` rows into a new database at `path` (an existing file is replaced).
+bool generate(const QString &path, int rows, bool indexed);
+
+} // namespace orvanta::bench
