@@ -1,5 +1,6 @@
 #include "app/ComparePanels.h"
 
+#include "ui/compare/DisplayHeadroom.h"
 #include "ui/history/HdrHistogramView.h"
 #include "ui/history/InspectorView.h"
 
@@ -7,7 +8,11 @@ namespace orvanta {
 
 QWidget *HistoryComparePanels::createInspector(AppViewModel &model, QWidget *parent)
 {
-    return new InspectorView(model, parent);
+    auto *inspector = new InspectorView(model, parent);
+    // The display row describes the screen the compare window is on.
+    inspector->setDisplayHeadroomProvider(
+        [inspector] { return displayheadroom::current(inspector); });
+    return inspector;
 }
 
 void HistoryComparePanels::showInspectorRecord(QWidget *inspector, const PhotoRecord &record)
