@@ -3,6 +3,7 @@
 // dispatcher, the run button through a real batch of the test engine, the
 // donation sheet, and a language switch while the window is open.
 #include "app/AppMenus.h"
+#include "app/UpdateAnnouncer.h"
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
 #include "engine/EngineScenario.h"
@@ -26,6 +27,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
 
@@ -85,6 +87,7 @@ private Q_SLOTS:
     void folderShortcutsStoreTheChoiceAndLogIt();
     void hiddenWindowIgnoresCommands();
     void updateItemIsDisabledWithoutAnUpdater();
+    void updateAnnouncementsSpeakOnlyWithNewsOrWhenAsked();
     void runButtonFollowsARealBatchThroughStartStopAndEnd();
     void donateCommandOpensTheSheetAndItsPageInTheBrowser();
     void languageSwitchReRendersEveryVisibleText();
@@ -112,6 +115,7 @@ void MainWindowTest::initTestCase()
 
 void MainWindowTest::init()
 {
+    m_openedUrls.clear();
     LocalizationService::shared().setCurrentLanguage(AppLanguage::English);
     m_model = std::make_unique<AppViewModel>();
     m_model->setCurrentLanguage(AppLanguage::English);
@@ -380,6 +384,44 @@ void MainWindowTest::updateItemIsDisabledWithoutAnUpdater()
     AppMenus &menus = *m_menus;
     QVERIFY(!menus.checkForUpdatesAction()->isEnabled());
     menus.checkForUpdatesAction()->trigger(); // does nothing, and does not crash
+}
+
+void MainWindowTest::updateAnnouncementsSpeakOnlyWithNewsOrWhenAsked()
+{
+    using Outcome = UpdateCheckResult::Outcome;
+    Updater updater(UpdaterConfig{});
+    UpdateAnnouncer announcer(updater, m_window.get());
+    const auto boxes = [&] { return m_window->findChildren<QMessageBox *>(); };
+
+    Q_EMIT updater.checkFinished({Outcome::UpToDate, {}, {}, false});
+    Q_EMIT updater.checkFinished({Outcome::Failed, {}, u"offline"_s, false});
+    QVERIFY(boxes().isEmpty()); // a scheduled check with nothing new stays silent
+
+    UpdateCheckResult news{Outcome::UpdateAvailable, {}, {}, false};
+    news.item.version = u"58"_s;
+    news.item.shortVersion = u"2.4.0"_s;
+    news.item.link = QUrl(u"https://orvanta.example/releases/2.4.0"_s);
+    Q_EMIT updater.checkFinished(news);
+    QTRY_COMPARE(boxes().size(), 1);
+    QMessageBox *box = boxes().constFirst();
+    QCOMPARE(box->text(), u"Orvanta 2.4.0 is available"_s);
+    QAbstractButton *open = nullptr;
+    for (QAbstractButton *button : box->buttons())
+        if (button->text() == u"Open Download Page"_s)
+            open = button;
+    QVERIFY(open);
+    QDesktopServices::setUrlHandler(u"https"_s, this, "openUrl");
+    open->click();
+    QDesktopServices::unsetUrlHandler(u"https"_s);
+    QCOMPARE(m_openedUrls, QList<QUrl>{news.item.link});
+    QTRY_VERIFY(boxes().isEmpty());
+
+    // Asked for by the user: "up to date" is said, in the interface language.
+    m_model->setCurrentLanguage(AppLanguage::German);
+    Q_EMIT updater.checkFinished({Outcome::UpToDate, {}, {}, true});
+    QTRY_COMPARE(boxes().size(), 1);
+    QCOMPARE(boxes().constFirst()->text(), u"Orvanta ist aktuell"_s);
+    boxes().constFirst()->close();
 }
 
 void MainWindowTest::runButtonFollowsARealBatchThroughStartStopAndEnd()
