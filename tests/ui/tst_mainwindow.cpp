@@ -16,6 +16,7 @@
 #include "ui/HeaderBar.h"
 #include "ui/Icons.h"
 #include "ui/MainWindow.h"
+#include "ui/Theme.h"
 
 #include <QAction>
 #include <QApplication>
@@ -72,6 +73,7 @@ private Q_SLOTS:
     void runButtonFollowsARealBatchThroughStartStopAndEnd();
     void languageSwitchReRendersEveryVisibleText();
     void footerAndHeaderShowStorageAndEnvironment();
+    void japaneseTextsHaveEveryGlyphInTheInterfaceFont();
     void everyInterfaceSymbolHasADrawing_data();
     void everyInterfaceSymbolHasADrawing();
 
@@ -368,6 +370,28 @@ void MainWindowTest::languageSwitchReRendersEveryVisibleText()
     QVERIFY(germanTexts.contains(m_model->t("tab_history").replace(u'&', u"&&"_s)));
     QVERIFY(m_window->footerStorage()->text() != footerBefore);
     QCOMPARE(m_window->folderBar()->runButton()->text(), m_model->t("btn_start_batch"));
+}
+
+void MainWindowTest::japaneseTextsHaveEveryGlyphInTheInterfaceFont()
+{
+    if (theme::fontFamilyFor(u"ja"_s).isEmpty())
+        QSKIP("the Japanese interface font (fonts-noto-cjk) is not installed");
+    m_model->setSourceDir(QString());
+    m_model->setIsConsoleDrawerExpanded(true);
+    m_model->setCurrentLanguage(AppLanguage::Japanese);
+    QApplication::processEvents();
+    const QFont font = QApplication::font();
+    QCOMPARE(font.family(), u"Noto Sans CJK JP"_s);
+    // Glyphs drawn by a fallback face would come out in a Chinese style (or
+    // as boxes); every character must be in the chosen face itself.
+    const QFontMetrics metrics(font);
+    QString missing;
+    for (const QString &text : visibleTexts()) {
+        for (char32_t c : text.toUcs4())
+            if (!QChar::isSpace(c) && !metrics.inFontUcs4(c) && !missing.contains(QString::fromUcs4(&c, 1)))
+                missing += QString::fromUcs4(&c, 1);
+    }
+    QVERIFY2(missing.isEmpty(), qPrintable(u"no glyph for: "_s + missing));
 }
 
 void MainWindowTest::footerAndHeaderShowStorageAndEnvironment()
