@@ -101,7 +101,7 @@ void AppMenus::retranslate()
     for (const auto &[command, action] : std::as_const(m_actions))
         action->setText(theme::literal(m_model.t(titleKey(command))));
     if (QAction *quit = m_window.findChild<QAction *>(u"menuQuit"_s))
-        quit->setText(theme::literal(m_model.t("btn_close")));
+        quit->setText(theme::literal(m_model.t("menu_quit")));
 }
 
 } // namespace orvanta

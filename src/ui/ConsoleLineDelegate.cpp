@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QPainter>
+#include <QtMath>
 
 namespace orvanta {
 
@@ -42,6 +43,26 @@ QFont ConsoleLineDelegate::emojiFont(const QFont &base) const
     return font;
 }
 
+const QPixmap &ConsoleLineDelegate::markerPixmap(const QString &marker, const QFont &base, qreal dpr) const
+{
+    const QString key = marker + u'|' + base.key() + u'|' + QString::number(dpr);
+    auto it = m_markers.find(key);
+    if (it != m_markers.end())
+        return *it;
+    const QFont emoji = emojiFont(base);
+    const QFontMetrics metrics(emoji);
+    const QSize size(metrics.horizontalAdvance(marker), metrics.height());
+    QPixmap pm(size * dpr);
+    pm.setDevicePixelRatio(dpr);
+    pm.fill(Qt::transparent);
+    if (!size.isEmpty()) {
+        QPainter p(&pm);
+        p.setFont(emoji);
+        p.drawText(QRect(QPoint(0, 0), size), Qt::AlignLeft | Qt::AlignVCenter, marker);
+    }
+    return *m_markers.insert(key, pm);
+}
+
 void ConsoleLineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                                 const QModelIndex &index) const
 {
@@ -60,10 +81,11 @@ void ConsoleLineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &o
     painter->setClipRect(textRect);
     QRect r = textRect;
     if (!marker.isEmpty()) {
-        const QFont emoji = emojiFont(opt.font);
-        painter->setFont(emoji);
-        painter->drawText(r, Qt::AlignLeft | Qt::AlignVCenter, marker);
-        r.setLeft(r.left() + QFontMetrics(emoji).horizontalAdvance(marker) + kMarkerGap);
+        const qreal dpr = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+        const QPixmap &pm = markerPixmap(marker, opt.font, dpr);
+        const QSizeF logical = pm.deviceIndependentSize();
+        painter->drawPixmap(QPointF(r.left(), r.top() + (r.height() - logical.height()) / 2.0), pm);
+        r.setLeft(r.left() + qCeil(logical.width()) + kMarkerGap);
     }
     painter->setFont(opt.font);
     painter->setPen(colour.isValid() ? colour : opt.palette.color(QPalette::Text));

@@ -4,6 +4,8 @@
 // markers ("⚠") that font fallback would otherwise pick. Main thread.
 #pragma once
 
+#include <QHash>
+#include <QPixmap>
 #include <QStyledItemDelegate>
 
 #include <utility>
@@ -26,6 +28,12 @@ public:
 
 private:
     QFont emojiFont(const QFont &base) const;
+    // Colour emoji glyphs are compressed bitmaps that the font engine
+    // unpacks on every draw; a chatty console draws the same few markers
+    // over and over, so each is drawn once per size and kept.
+    const QPixmap &markerPixmap(const QString &marker, const QFont &base, qreal dpr) const;
+
+    mutable QHash<QString, QPixmap> m_markers;
 };
 
 } // namespace orvanta

@@ -1,12 +1,13 @@
 // The main window as the photographer uses it: drops on the window and on
-// the source field, menu shortcuts that travel through the command
-// dispatcher, the run button through a real batch of the test engine, the
-// donation sheet, and a language switch while the window is open.
+// the source field, folder panels, the run button through a real batch of
+// the test engine, footer and header states, the icon set, and a language
+// switch while the window is open.
 #include "app/AppMenus.h"
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
 #include "engine/EngineScenario.h"
 #include "i18n/LocalizationService.h"
+#include "MainWindowHarness.h"
 #include "ui/ConsoleLogView.h"
 #include "ui/DonateSheet.h"
 #include "ui/DropOverlay.h"
@@ -15,11 +16,11 @@
 #include "ui/HeaderBar.h"
 #include "ui/Icons.h"
 #include "ui/MainWindow.h"
+#include "ui/Theme.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
-#include <QDesktopServices>
 #include <QDragEnterEvent>
 #include <QLabel>
 #include <QToolButton>
@@ -46,13 +47,6 @@ void dropOn(QWidget *target, const QList<QUrl> &urls)
     QCoreApplication::sendEvent(target, &drop);
 }
 
-void touch(const QString &path)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-}
-
 int countStartingWith(const QStringList &lines, const QString &prefix)
 {
     return int(std::count_if(lines.begin(), lines.end(), [&](const QString &l) { return l.startsWith(prefix); }));
@@ -63,9 +57,6 @@ int countStartingWith(const QStringList &lines, const QString &prefix)
 class MainWindowTest : public QObject
 {
     Q_OBJECT
-
-public Q_SLOTS:
-    void openUrl(const QUrl &url) { m_openedUrls << url; }
 
 private Q_SLOTS:
     void initTestCase();
@@ -79,16 +70,10 @@ private Q_SLOTS:
     void overlayShowsOnlyWhileFilesAreDraggedOverTheWindow();
     void sourceFieldTakesDropsAndHintsWhileDragging();
     void cancelledFolderPanelChangesNothing();
-    void shortcutsPostTheirCommandOnTheDispatcher_data();
-    void shortcutsPostTheirCommandOnTheDispatcher();
-    void shortcutsWorkWhileATextFieldHasFocus();
-    void folderShortcutsStoreTheChoiceAndLogIt();
-    void hiddenWindowIgnoresCommands();
-    void updateItemIsDisabledWithoutAnUpdater();
     void runButtonFollowsARealBatchThroughStartStopAndEnd();
-    void donateCommandOpensTheSheetAndItsPageInTheBrowser();
     void languageSwitchReRendersEveryVisibleText();
     void footerAndHeaderShowStorageAndEnvironment();
+    void japaneseTextsHaveEveryGlyphInTheInterfaceFont();
     void everyInterfaceSymbolHasADrawing_data();
     void everyInterfaceSymbolHasADrawing();
 
@@ -97,43 +82,27 @@ private:
     QStringList visibleTexts() const;
 
     QTemporaryDir m_files;
-    std::unique_ptr<AppViewModel> m_model;
-    std::unique_ptr<MainWindow> m_window;
-    AppMenus *m_menus = nullptr;
-    QList<QUrl> m_openedUrls;
+    std::unique_ptr<test::MainWindowHarness> m_harness;
+    AppViewModel *m_model = nullptr;
+    MainWindow *m_window = nullptr;
 };
 
 void MainWindowTest::initTestCase()
 {
-    for (const char *name : {"shots/A.ARW", "shots/A.JPG", "shots/B.JPG", "x.tar.gz", "notes",
-                             "Lofoten/C.JPG", "in/.keep", "out/.keep"})
-        touch(path(QString::fromLatin1(name)));
+    test::writeTestPhotos(m_files.path());
 }
 
 void MainWindowTest::init()
 {
-    LocalizationService::shared().setCurrentLanguage(AppLanguage::English);
-    m_model = std::make_unique<AppViewModel>();
-    m_model->setCurrentLanguage(AppLanguage::English);
-    m_model->setSourceDir(path(u"in"_s));
-    m_model->setDestDir(path(u"out"_s));
-    m_model->setDryRunMode(false);
-    m_model->setMinRating(0);
-    m_model->clearLogs();
-    m_window = std::make_unique<MainWindow>(*m_model);
-    m_menus = new AppMenus(*m_model, *m_window, nullptr); // owned by the window
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    m_harness = std::make_unique<test::MainWindowHarness>(m_files.path());
+    m_model = m_harness->model.get();
+    m_window = m_harness->window.get();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window));
 }
 
 void MainWindowTest::cleanup()
 {
-    if (m_model && m_model->isRunning()) {
-        m_model->stopProcessing();
-        QTRY_VERIFY_WITH_TIMEOUT(!m_model->isRunning(), 10000);
-    }
-    m_window.reset();
-    m_model.reset();
+    m_harness.reset();
 }
 
 void MainWindowTest::opensAsTheNamedMainWindow()
@@ -190,7 +159,7 @@ void MainWindowTest::dropOnTheWindowAppliesTheRules()
     QList<QUrl> urls;
     for (const QString &name : dropped)
         urls << QUrl::fromLocalFile(path(name));
-    dropOn(m_window.get(), urls);
+    dropOn(m_window, urls);
 
     if (source.isEmpty()) {
         QCOMPARE(m.sourceDir(), sourceBefore);
@@ -215,7 +184,7 @@ void MainWindowTest::dropDuringARunChangesNothing()
     AppViewModel &m = *m_model;
     m.setIsRunning(true);
     const QString before = m.sourceDir();
-    dropOn(m_window.get(), {QUrl::fromLocalFile(path(u"Lofoten"_s))});
+    dropOn(m_window, {QUrl::fromLocalFile(path(u"Lofoten"_s))});
     dropOn(m_window->folderBar()->sourceField(), {QUrl::fromLocalFile(path(u"shots/A.JPG"_s))});
     QCOMPARE(m.sourceDir(), before);
     QVERIFY(m.targetStem().isEmpty());
@@ -231,24 +200,24 @@ void MainWindowTest::overlayShowsOnlyWhileFilesAreDraggedOverTheWindow()
     QMimeData text;
     text.setText(u"not a file"_s);
     QDragEnterEvent textEnter(QPoint(10, 10), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(m_window.get(), &textEnter);
+    QCoreApplication::sendEvent(m_window, &textEnter);
     QVERIFY(!textEnter.isAccepted());
     QVERIFY(!overlay->isVisible());
 
     QMimeData files;
     files.setUrls({QUrl::fromLocalFile(path(u"Lofoten"_s))});
     QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(m_window.get(), &enter);
+    QCoreApplication::sendEvent(m_window, &enter);
     QVERIFY(enter.isAccepted());
     QVERIFY(overlay->isVisible());
     QCOMPARE(overlay->geometry(), m_window->rect());
 
     QDragLeaveEvent leave;
-    QCoreApplication::sendEvent(m_window.get(), &leave);
+    QCoreApplication::sendEvent(m_window, &leave);
     QVERIFY(!overlay->isVisible());
     QCOMPARE(m_model->sourceDir(), path(u"in"_s)); // leaving drops nothing
 
-    dropOn(m_window.get(), {QUrl::fromLocalFile(path(u"Lofoten"_s))});
+    dropOn(m_window, {QUrl::fromLocalFile(path(u"Lofoten"_s))});
     QVERIFY(!overlay->isVisible());
 }
 
@@ -296,96 +265,10 @@ void MainWindowTest::cancelledFolderPanelChangesNothing()
     m_model->setIsRunning(false);
 }
 
-void MainWindowTest::shortcutsPostTheirCommandOnTheDispatcher_data()
-{
-    QTest::addColumn<QKeySequence>("keys");
-    QTest::addColumn<QString>("command");
-    QTest::newRow("Ctrl+,") << QKeySequence(Qt::CTRL | Qt::Key_Comma) << u"OpenOrvantaSettings"_s;
-    QTest::newRow("Ctrl+O") << QKeySequence(Qt::CTRL | Qt::Key_O) << u"SelectSourceFolder"_s;
-    QTest::newRow("Ctrl+D") << QKeySequence(Qt::CTRL | Qt::Key_D) << u"SelectDestFolder"_s;
-    QTest::newRow("Ctrl+R") << QKeySequence(Qt::CTRL | Qt::Key_R) << u"StartBatchPipeline"_s;
-    QTest::newRow("Ctrl+.") << QKeySequence(Qt::CTRL | Qt::Key_Period) << u"StopPipeline"_s;
-    QTest::newRow("Ctrl+Shift+H") << QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_H) << u"RefreshHistory"_s;
-}
-
-void MainWindowTest::shortcutsPostTheirCommandOnTheDispatcher()
-{
-    QFETCH(QKeySequence, keys);
-    QFETCH(QString, command);
-    AppMenus &menus = *m_menus;
-    m_window->setFolderChooser([](const QString &, const QString &) { return QString(); });
-    m_model->setSourceDir(QString()); // Ctrl+R must not start a real run here
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-    QSignalSpy posted(&CommandDispatcher::shared(), &CommandDispatcher::posted);
-
-    QTest::keySequence(m_window.get(), keys);
-    QCOMPARE(posted.size(), 1);
-    QCOMPARE(commandName(posted.at(0).at(0).value<Command>()), command);
-    QCOMPARE(menus.action(*commandFromName(command))->shortcut(), keys);
-}
-
-void MainWindowTest::shortcutsWorkWhileATextFieldHasFocus()
-{
-    QString prompt;
-    m_window->setFolderChooser([&](const QString &p, const QString &) {
-        prompt = p;
-        return path(u"Lofoten"_s);
-    });
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-    auto *stem = m_window->findChild<QLineEdit *>(u"singleTarget"_s);
-    stem->setFocus();
-    QTRY_VERIFY(stem->hasFocus());
-    QTest::keyClicks(stem, u"DSC0001"_s);
-    QCOMPARE(m_model->targetStem(), u"DSC0001"_s);
-
-    QTest::keySequence(m_window.get(), QKeySequence(Qt::CTRL | Qt::Key_D));
-    QCOMPARE(prompt, u"Select Folder"_s);
-    QCOMPARE(m_model->destDir(), path(u"Lofoten"_s));
-    // The field did not take the key as an edit.
-    QCOMPARE(stem->text(), u"DSC0001"_s);
-    QCOMPARE(m_model->targetStem(), u"DSC0001"_s);
-}
-
-void MainWindowTest::folderShortcutsStoreTheChoiceAndLogIt()
-{
-    m_window->setFolderChooser([&](const QString &, const QString &start) {
-        return start == path(u"in"_s) ? path(u"shots"_s) : path(u"Lofoten"_s);
-    });
-    CommandDispatcher::shared().post(Command::SelectSourceFolder);
-    CommandDispatcher::shared().post(Command::SelectDestFolder);
-    QCOMPARE(m_model->sourceDir(), path(u"shots"_s));
-    QCOMPARE(m_model->destDir(), path(u"Lofoten"_s));
-    QCOMPARE(m_model->consoleLogs(),
-             QStringList({u"📂 Source directory selected: "_s + path(u"shots"_s),
-                          u"📁 Destination directory selected: "_s + path(u"Lofoten"_s)}));
-}
-
-void MainWindowTest::hiddenWindowIgnoresCommands()
-{
-    m_window->hide();
-    CommandDispatcher::shared().post(Command::OpenDonateView);
-    QVERIFY(!m_model->isShowingDonateSheet());
-    m_window->show();
-    CommandDispatcher::shared().post(Command::OpenDonateView);
-    QVERIFY(m_model->isShowingDonateSheet());
-    QTRY_VERIFY(m_window->donateSheet()->isVisible());
-    m_window->donateSheet()->reject();
-    QVERIFY(!m_model->isShowingDonateSheet());
-}
-
-void MainWindowTest::updateItemIsDisabledWithoutAnUpdater()
-{
-    AppMenus &menus = *m_menus;
-    QVERIFY(!menus.checkForUpdatesAction()->isEnabled());
-    menus.checkForUpdatesAction()->trigger(); // does nothing, and does not crash
-}
-
 void MainWindowTest::runButtonFollowsARealBatchThroughStartStopAndEnd()
 {
     test::EngineScenario scenario({u"on-sigint exit130"_s, u"print started"_s, u"wait-signal"_s});
-    AppMenus &menus = *m_menus;
+    AppMenus &menus = *m_harness->menus;
     AppViewModel &m = *m_model;
     QPushButton *run = m_window->folderBar()->runButton();
     QPushButton *browse = m_window->folderBar()->sourceField()->browseButton();
@@ -419,31 +302,13 @@ void MainWindowTest::runButtonFollowsARealBatchThroughStartStopAndEnd()
     QVERIFY(m.consoleLogs().last().startsWith(u"⚠️"_s));
 }
 
-void MainWindowTest::donateCommandOpensTheSheetAndItsPageInTheBrowser()
-{
-    QVERIFY(!m_window->donateSheet()->openButton()->isVisibleTo(m_window->donateSheet()));
-    const QUrl page(u"https://donate.example.org/orvanta"_s);
-    m_window->setDonationPage(page);
-    QDesktopServices::setUrlHandler(u"https"_s, this, "openUrl");
-    CommandDispatcher::shared().post(Command::OpenDonateView);
-    QTRY_VERIFY(m_window->donateSheet()->isVisible());
-    QPushButton *open = m_window->donateSheet()->openButton();
-    QVERIFY(open->isVisible());
-    QCOMPARE(open->text(), u"Open Donation Page"_s);
-    open->click();
-    QDesktopServices::unsetUrlHandler(u"https"_s);
-    QCOMPARE(m_openedUrls, QList<QUrl>{page});
-    QTRY_VERIFY(!m_window->donateSheet()->isVisible());
-    QVERIFY(!m_model->isShowingDonateSheet());
-}
-
 QStringList MainWindowTest::visibleTexts() const
 {
     // Every text a user can read in the window, in a stable order.
     QStringList texts;
     const QList<QWidget *> widgets = m_window->findChildren<QWidget *>();
     for (QWidget *w : widgets) {
-        if (!w->isVisibleTo(m_window.get()))
+        if (!w->isVisibleTo(m_window))
             continue;
         if (auto *label = qobject_cast<QLabel *>(w))
             texts << label->text();
@@ -505,6 +370,28 @@ void MainWindowTest::languageSwitchReRendersEveryVisibleText()
     QVERIFY(germanTexts.contains(m_model->t("tab_history").replace(u'&', u"&&"_s)));
     QVERIFY(m_window->footerStorage()->text() != footerBefore);
     QCOMPARE(m_window->folderBar()->runButton()->text(), m_model->t("btn_start_batch"));
+}
+
+void MainWindowTest::japaneseTextsHaveEveryGlyphInTheInterfaceFont()
+{
+    if (theme::fontFamilyFor(u"ja"_s).isEmpty())
+        QSKIP("the Japanese interface font (fonts-noto-cjk) is not installed");
+    m_model->setSourceDir(QString());
+    m_model->setIsConsoleDrawerExpanded(true);
+    m_model->setCurrentLanguage(AppLanguage::Japanese);
+    QApplication::processEvents();
+    const QFont font = QApplication::font();
+    QCOMPARE(font.family(), u"Noto Sans CJK JP"_s);
+    // Glyphs drawn by a fallback face would come out in a Chinese style (or
+    // as boxes); every character must be in the chosen face itself.
+    const QFontMetrics metrics(font);
+    QString missing;
+    for (const QString &text : visibleTexts()) {
+        for (char32_t c : text.toUcs4())
+            if (!QChar::isSpace(c) && !metrics.inFontUcs4(c) && !missing.contains(QString::fromUcs4(&c, 1)))
+                missing += QString::fromUcs4(&c, 1);
+    }
+    QVERIFY2(missing.isEmpty(), qPrintable(u"no glyph for: "_s + missing));
 }
 
 void MainWindowTest::footerAndHeaderShowStorageAndEnvironment()

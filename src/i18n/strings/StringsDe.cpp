@@ -88,8 +88,9 @@ constexpr StringEntry kEntries[] = {
     {"card_idle", "Leerlauf"},
     {"card_pairs_found", "%d Paare gefunden"},
     {"card_progress_ratio", "[%d / %d]  %d%%"},
-    // main window: time left in the running batch
+    // main window: time left in the running batch, quitting
     {"card_time_left", "noch %@"},
+    {"menu_quit", "Orvanta beenden"},
 
     // progress metrics
     {"metric_faces", "Gesichter: %d"},

@@ -88,8 +88,9 @@ constexpr StringEntry kEntries[] = {
     {"card_idle", "Idle"},
     {"card_pairs_found", "%d Pairs Found"},
     {"card_progress_ratio", "[%d / %d]  %d%%"},
-    // main window: time left in the running batch
+    // main window: time left in the running batch, quitting
     {"card_time_left", "%@ left"},
+    {"menu_quit", "Quit Orvanta"},
 
     // progress metrics
     {"metric_faces", "Faces: %d"},

@@ -88,8 +88,9 @@ constexpr StringEntry kEntries[] = {
     {"card_idle", "Inactivo"},
     {"card_pairs_found", "%d pares encontrados"},
     {"card_progress_ratio", "[%d / %d]  %d%%"},
-    // main window: time left in the running batch
+    // main window: time left in the running batch, quitting
     {"card_time_left", "quedan %@"},
+    {"menu_quit", "Salir de Orvanta"},
 
     // progress metrics
     {"metric_faces", "Rostros: %d"},

@@ -88,8 +88,9 @@ constexpr StringEntry kEntries[] = {
     {"card_idle", "Inactif"},
     {"card_pairs_found", "%d paires trouvées"},
     {"card_progress_ratio", "[%d / %d]  %d%%"},
-    // main window: time left in the running batch
+    // main window: time left in the running batch, quitting
     {"card_time_left", "encore %@"},
+    {"menu_quit", "Quitter Orvanta"},
 
     // progress metrics
     {"metric_faces", "Visages : %d"},

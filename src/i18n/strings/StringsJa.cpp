@@ -88,8 +88,9 @@ constexpr StringEntry kEntries[] = {
     {"card_idle", "待機中"},
     {"card_pairs_found", "%d 組のペアを検出"},
     {"card_progress_ratio", "[%d / %d]  %d%%"},
-    // main window: time left in the running batch
+    // main window: time left in the running batch, quitting
     {"card_time_left", "残り %@"},
+    {"menu_quit", "Orvanta を終了"},
 
     // progress metrics
     {"metric_faces", "顔: %d"},

@@ -88,8 +88,9 @@ constexpr StringEntry kEntries[] = {
     {"card_idle", "空闲"},
     {"card_pairs_found", "找到 %d 组照片"},
     {"card_progress_ratio", "[%d / %d]  %d%%"},
-    // main window: time left in the running batch
+    // main window: time left in the running batch, quitting
     {"card_time_left", "剩余 %@"},
+    {"menu_quit", "退出 Orvanta"},
 
     // progress metrics
     {"metric_faces", "人脸：%d"},

@@ -88,8 +88,9 @@ constexpr StringEntry kEntries[] = {
     {"card_idle", "閒置"},
     {"card_pairs_found", "找到 %d 組照片"},
     {"card_progress_ratio", "[%d / %d]  %d%%"},
-    // main window: time left in the running batch
+    // main window: time left in the running batch, quitting
     {"card_time_left", "剩餘 %@"},
+    {"menu_quit", "結束 Orvanta"},
 
     // progress metrics
     {"metric_faces", "臉孔：%d"},
