@@ -454,11 +454,19 @@ private slots:
         QVERIFY(!QDir(m_dest).exists());
     }
 
+    void facesAreFoundAndSkinIsDampedBySkinValue_data()
+    {
+        QTest::addColumn<int>("orientation");
+        QTest::newRow("landscape") << 1;
+        QTest::newRow("portrait, stored sideways") << 6;
+    }
     void facesAreFoundAndSkinIsDampedBySkinValue()
     {
+        QFETCH(int, orientation);
         SceneSpec portrait;
         portrait.width = 480;
         portrait.height = 320;
+        portrait.orientation = orientation;
         portrait.face = true;
         QVERIFY(writePair(m_source, u"face"_s, portrait));
         const auto convert = [&](const QString &skinDamp, double &cheek, int &faces) {
@@ -468,7 +476,7 @@ private slots:
             faces = engine.event(u"item_done"_s).value(u"faces"_s).toInt();
             const UltraHdrDecodeResult hdr = decodeUltraHdrFile(m_dest + u"/face_hdr.jpg"_s);
             const UltraHdrDecodeResult sdr = decodeUltraHdrFile(m_dest + u"/face_hdr.jpg"_s, { 1.0 });
-            const QImage mask = displayMask(portrait, cheekRect(portrait));
+            const QImage mask = applyExifOrientation(cheekMask(portrait), orientation);
             cheek = meanLuminance(hdr.image, mask) / meanLuminance(sdr.image, mask);
         };
         double undamped = 0, damped = 0;

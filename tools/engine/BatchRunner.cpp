@@ -276,9 +276,10 @@ void BatchRunner::processPair(const PhotoPair &pair, int index)
         m_log.line(u"⚠️ Could not record "_s + pair.stem + u": "_s + m_db.error());
     if (error.isEmpty()) {
         ++m_success;
-        m_log.line(u"✅ [%1/%2] %3 -> %4 (+%5 st, %6 faces, clip %7%, %8 s)"_s.arg(index).arg(total)
+        m_log.line(u"✅ [%1/%2] %3 -> %4 (+%5 st, %6 face%9, clip %7%, %8 s)"_s.arg(index).arg(total)
                        .arg(pair.stem, output).arg(rendered.peakStops, 0, 'f', 2).arg(rendered.faces)
-                       .arg(rendered.rawClipPct, 0, 'f', 2).arg(seconds, 0, 'f', 2));
+                       .arg(rendered.rawClipPct, 0, 'f', 2).arg(seconds, 0, 'f', 2)
+                       .arg(rendered.faces == 1 ? u""_s : u"s"_s));
         m_log.event(u"item_done"_s, { { u"stem"_s, pair.stem }, { u"index"_s, index }, { u"total"_s, total },
                                       { u"faces"_s, rendered.faces }, { u"peak_stops"_s, rendered.peakStops },
                                       { u"bayer_clip"_s, rendered.rawClipPct }, { u"duration"_s, seconds },

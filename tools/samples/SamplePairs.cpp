@@ -1,6 +1,7 @@
 #include "SamplePairs.h"
 
 #include "hdr/JpegCodec.h"
+#include "media/ExifOrientation.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace orvanta::samples {
 
@@ -117,38 +119,62 @@ struct FaceGeometry
     double cx, cy, fw, fh;
 };
 
+bool turnsSideways(int orientation) { return orientation >= 5 && orientation <= 8; }
+int undoOrientation(int orientation) { return orientation == 6 ? 8 : orientation == 8 ? 6 : orientation; }
+
+// The face as the photo is displayed (upright), in display pixels.
 FaceGeometry faceGeometry(const SceneSpec &s)
 {
-    return { s.width * 0.72, s.height * 0.5, s.height * 0.26, s.height * 0.34 };
+    const bool sideways = turnsSideways(s.orientation);
+    const double w = sideways ? s.height : s.width, h = sideways ? s.width : s.height;
+    const double side = std::min(w, h);
+    return { w * 0.7, h * 0.5, side * 0.26, side * 0.34 };
 }
 
-// A drawn face: hair, skin, brows, eyes, nose and mouth, enough for a
-// frontal-face detector. Kept for the last size asked for.
+QSize displaySize(const SceneSpec &s)
+{
+    return turnsSideways(s.orientation) ? QSize(s.height, s.width) : QSize(s.width, s.height);
+}
+
+// Draws in display pixels, returns the picture in stored pixels.
+QImage storedFromDisplay(const SceneSpec &spec, const std::function<void(QPainter &)> &draw)
+{
+    QImage display(displaySize(spec), QImage::Format_ARGB32);
+    display.fill(Qt::transparent);
+    {
+        QPainter p(&display);
+        p.setPen(Qt::NoPen);
+        draw(p);
+    }
+    return applyExifOrientation(display, undoOrientation(spec.orientation));
+}
+
+// A drawn face, upright on display: hair, skin, brows, eyes, nose and mouth,
+// enough for a frontal-face detector. Kept for the last scene asked for.
 const QImage &faceLayer(const SceneSpec &spec)
 {
     static QImage layer;
-    if (layer.size() == QSize(spec.width, spec.height))
+    static int layerOrientation = 0;
+    if (layer.size() == QSize(spec.width, spec.height) && layerOrientation == spec.orientation)
         return layer;
-    layer = QImage(spec.width, spec.height, QImage::Format_ARGB32);
-    layer.fill(Qt::transparent);
-    QPainter p(&layer);
-    p.setRenderHint(QPainter::Antialiasing, false);
+    layerOrientation = spec.orientation;
     const auto [cx, cy, fw, fh] = faceGeometry(spec);
-    p.setPen(Qt::NoPen);
-    p.setBrush(QColor(40, 30, 25));
-    p.drawEllipse(QPointF(cx, cy - fh * 0.25), fw * 1.08, fh * 0.9);
-    p.setBrush(QColor(232, 182, 150));
-    p.drawEllipse(QPointF(cx, cy + fh * 0.05), fw * 0.95, fh);
-    p.setBrush(QColor(60, 40, 35));
-    p.drawRect(QRectF(cx - fw * 0.62, cy - fh * 0.32, fw * 0.45, fh * 0.07));
-    p.drawRect(QRectF(cx + fw * 0.17, cy - fh * 0.32, fw * 0.45, fh * 0.07));
-    p.setBrush(QColor(50, 35, 30));
-    p.drawEllipse(QPointF(cx - fw * 0.4, cy - fh * 0.12), fw * 0.16, fh * 0.07);
-    p.drawEllipse(QPointF(cx + fw * 0.4, cy - fh * 0.12), fw * 0.16, fh * 0.07);
-    p.setBrush(QColor(190, 135, 110));
-    p.drawEllipse(QPointF(cx, cy + fh * 0.18), fw * 0.14, fh * 0.08);
-    p.setBrush(QColor(150, 70, 70));
-    p.drawEllipse(QPointF(cx, cy + fh * 0.45), fw * 0.35, fh * 0.07);
+    layer = storedFromDisplay(spec, [&, cx = cx, cy = cy, fw = fw, fh = fh](QPainter &p) {
+        p.setBrush(QColor(40, 30, 25));
+        p.drawEllipse(QPointF(cx, cy - fh * 0.25), fw * 1.08, fh * 0.9);
+        p.setBrush(QColor(232, 182, 150));
+        p.drawEllipse(QPointF(cx, cy + fh * 0.05), fw * 0.95, fh);
+        p.setBrush(QColor(60, 40, 35));
+        p.drawRect(QRectF(cx - fw * 0.62, cy - fh * 0.32, fw * 0.45, fh * 0.07));
+        p.drawRect(QRectF(cx + fw * 0.17, cy - fh * 0.32, fw * 0.45, fh * 0.07));
+        p.setBrush(QColor(50, 35, 30));
+        p.drawEllipse(QPointF(cx - fw * 0.4, cy - fh * 0.12), fw * 0.16, fh * 0.07);
+        p.drawEllipse(QPointF(cx + fw * 0.4, cy - fh * 0.12), fw * 0.16, fh * 0.07);
+        p.setBrush(QColor(190, 135, 110));
+        p.drawEllipse(QPointF(cx, cy + fh * 0.18), fw * 0.14, fh * 0.08);
+        p.setBrush(QColor(150, 70, 70));
+        p.drawEllipse(QPointF(cx, cy + fh * 0.45), fw * 0.35, fh * 0.07);
+    });
     return layer;
 }
 
@@ -156,12 +182,13 @@ const QImage &faceLayer(const SceneSpec &spec)
 
 QRect sunRect(const SceneSpec &s) { return { s.width / 8, s.height / 6, s.width / 5, s.height / 4 }; }
 QRect blownRect(const SceneSpec &s) { return { s.width * 5 / 8, s.height / 6, s.width / 8, s.height / 6 }; }
-QRect cheekRect(const SceneSpec &s)
+QImage cheekMask(const SceneSpec &s)
 {
-    const FaceGeometry f = faceGeometry(s);
-    return QRectF(f.cx - f.fw * 0.7, f.cy + f.fh * 0.05, f.fw * 0.35, f.fh * 0.2).toRect();
+    const auto [cx, cy, fw, fh] = faceGeometry(s);
+    return storedFromDisplay(s, [&, cx = cx, cy = cy, fw = fw, fh = fh](QPainter &p) {
+        p.fillRect(QRectF(cx - fw * 0.7, cy + fh * 0.05, fw * 0.35, fh * 0.2), Qt::white);
+    });
 }
-
 QRect shadowRect(const SceneSpec &s) { return { s.width / 10, s.height * 2 / 3, s.width / 4, s.height / 4 }; }
 
 void sceneRadiance(const SceneSpec &spec, int x, int y, float rgb[3])

@@ -31,8 +31,9 @@ struct SceneSpec
 QRect sunRect(const SceneSpec &spec);
 // A region the RAW clips as well (above its white level).
 QRect blownRect(const SceneSpec &spec);
-// A patch of skin on the drawn face's cheek (with `face`).
-QRect cheekRect(const SceneSpec &spec);
+// A patch of skin on the drawn face's cheek (with `face`), white on
+// transparent, in stored pixels. The face is drawn upright as displayed.
+QImage cheekMask(const SceneSpec &spec);
 // A dark region with no highlight.
 QRect shadowRect(const SceneSpec &spec);
 
