@@ -5,6 +5,7 @@
 
 #include "EngineOptions.h"
 #include "EventLog.h"
+#include "HdrRenderer.h"
 #include "PairScanner.h"
 #include "StateDatabase.h"
 
@@ -32,7 +33,24 @@ public:
 private:
     int chooseWorkerCount(int pending) const;
     void workerLoop(int workerId);
+    struct Delivery
+    {
+        QString outputPath;
+        QString error;          // empty when delivered
+        bool abandoned = false; // the engine is terminating
+    };
+    struct Position
+    {
+        int index;
+        int total;
+        double seconds;
+    };
     void processPair(const PhotoPair &pair, int index);
+    Delivery deliver(const PhotoPair &pair, const RenderResult &rendered);
+    void record(const PhotoPair &pair, const RenderResult &rendered, const Delivery &delivery,
+                double seconds);
+    void report(const PhotoPair &pair, const RenderResult &rendered, const Delivery &delivery,
+                const Position &at);
     bool canaryAllowsMore();
     void waitWhileThrottled(int workerId);
     void terminateNow();
