@@ -521,6 +521,30 @@ private slots:
         QVERIFY(shadowGain(u"plain"_s, SceneSpec(), shadowRect(SceneSpec())) < 1.1);
     }
 
+    void memoryPressureHoldsBackExtraWorkersUnlessToldNot()
+    {
+        const QString psi = m_dir.filePath(u"pressure"_s);
+        QFile file(psi);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("some avg10=42.00 avg60=30.00 avg300=10.00 total=1\nfull avg10=5.00 avg60=1.00 avg300=0.00 total=1\n");
+        file.close();
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(writePair(m_source, u"p%1"_s.arg(i)));
+        qputenv("ORVANTA_PSI_FILE", psi.toUtf8());
+        EngineProcess throttled(runArgs({ u"-w"_s, u"2"_s }));
+        const int throttledStatus = throttled.run();
+        EngineProcess unthrottled(runArgs({ u"-w"_s, u"2"_s, u"-f"_s, u"--no-throttle"_s }));
+        const int unthrottledStatus = unthrottled.run();
+        qunsetenv("ORVANTA_PSI_FILE");
+        // The first worker carries the batch alone; nothing is lost.
+        QCOMPARE(throttledStatus, 0);
+        QCOMPARE(throttled.event(u"batch_done"_s).value(u"success"_s).toInt(), 3);
+        QVERIFY(throttled.log().contains(u"Memory pressure: extra workers wait"_s));
+        QCOMPARE(unthrottledStatus, 0);
+        QCOMPARE(unthrottled.event(u"batch_done"_s).value(u"success"_s).toInt(), 3);
+        QVERIFY(!unthrottled.log().contains(u"Memory pressure"_s));
+    }
+
     void debugMasksAreWrittenBesideTheOutput()
     {
         QDir().mkpath(QDir::homePath() + u"/.config/orvanta"_s);

@@ -198,7 +198,9 @@ void BatchRunner::waitWhileThrottled(int workerId)
 {
     if (workerId == 0 || m_options.noThrottle || !m_options.memoryThrottle)
         return;
-    while (!g_interrupt && !g_terminate && memoryPressureHigh()) {
+    // Waiting ends when the pressure eases, on a stop, or when the other
+    // workers have taken every item.
+    while (!g_interrupt && !g_terminate && m_next < m_pending.size() && memoryPressureHigh()) {
         if (!m_throttleLogged.exchange(true))
             m_log.line(u"⚠️ Memory pressure: extra workers wait until it eases"_s);
         std::this_thread::sleep_for(std::chrono::milliseconds(500));
