@@ -370,6 +370,19 @@ private slots:
         QCOMPARE(rowFor(u"P1"_s).value(u"output_path"_s).toString(), m_dest + u'/' + expected);
     }
 
+    void photosSharingATemplateNameKeepTheirOwnFiles()
+    {
+        QVERIFY(writePair(m_source, u"one"_s));
+        QVERIFY(writePair(m_source, u"two"_s));
+        const QStringList byDate = runArgs({ u"--naming-template"_s, u"{date}"_s, u"-w"_s, u"2"_s });
+        QCOMPARE(EngineProcess(byDate).run(), 0);
+        QCOMPARE(filesUnder(m_dest), QStringList({ u"2024-05-06-2.jpg"_s, u"2024-05-06.jpg"_s }));
+        QVERIFY(rowFor(u"one"_s).value(u"output_path"_s) != rowFor(u"two"_s).value(u"output_path"_s));
+        // Forcing again replaces each photo's own file rather than adding more.
+        QCOMPARE(EngineProcess(byDate + QStringList { u"-f"_s }).run(), 0);
+        QCOMPARE(filesUnder(m_dest).size(), 2);
+    }
+
     void corruptRawFailsOnlyThatItem()
     {
         QVERIFY(writePair(m_source, u"good"_s));

@@ -136,6 +136,8 @@ int BatchRunner::run()
     }
     for (std::thread &t : pool)
         t.join();
+    if (g_terminate)
+        terminateNow();
     const bool interrupted = g_interrupt;
     if (interrupted)
         m_log.line(u"⚠️ Interrupted: in-flight items were finished and recorded"_s);
@@ -172,6 +174,32 @@ void BatchRunner::releaseTemp(const QString &path)
 {
     std::lock_guard lock(m_tempMutex);
     m_temps.remove(path);
+}
+
+QString BatchRunner::claimOutput(const QString &wanted, const QString &stem)
+{
+    // A template without {original} can give two photos one name: the later
+    // one gets a number instead of replacing the other's file. A pair's own
+    // earlier result is replaced.
+    std::lock_guard lock(m_outputMutex);
+    const QFileInfo info(wanted);
+    const QString base = info.dir().filePath(info.completeBaseName()), suffix = info.suffix();
+    QString candidate = wanted;
+    for (int n = 2;; ++n) {
+        const bool taken = m_claimedOutputs.contains(candidate)
+            || (QFileInfo::exists(candidate) && m_db.stemForOutput(candidate).value_or(stem) != stem);
+        if (!taken)
+            break;
+        candidate = base + u'-' + QString::number(n) + u'.' + suffix;
+    }
+    m_claimedOutputs.insert(candidate);
+    return candidate;
+}
+
+void BatchRunner::releaseOutput(const QString &path)
+{
+    std::lock_guard lock(m_outputMutex);
+    m_claimedOutputs.remove(path);
 }
 
 bool BatchRunner::canaryAllowsMore()
@@ -261,8 +289,8 @@ BatchRunner::Delivery BatchRunner::deliver(const PhotoPair &pair, const RenderRe
         d.error = u"cannot create "_s + folder;
         return d;
     }
-    const QString output = QDir(folder).filePath(name);
-    const QString temp = QDir(folder).filePath(u"."_s + name + u".part"_s);
+    const QString output = claimOutput(QDir(folder).filePath(name), pair.stem);
+    const QString temp = QDir(folder).filePath(u"."_s + QFileInfo(output).fileName() + u".part"_s);
     if (!registerTemp(temp)) {
         d.abandoned = true;
         return d;
@@ -272,8 +300,10 @@ BatchRunner::Delivery BatchRunner::deliver(const PhotoPair &pair, const RenderRe
     if (!d.error.isEmpty())
         QFile::remove(temp);
     releaseTemp(temp);
-    if (!d.error.isEmpty())
+    if (!d.error.isEmpty()) {
+        releaseOutput(output);
         return d;
+    }
     d.outputPath = output;
     if (m_options.debugMasks) {
         const QString base = QDir(folder).filePath(QFileInfo(name).completeBaseName());

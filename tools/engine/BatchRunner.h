@@ -54,6 +54,8 @@ private:
     bool canaryAllowsMore();
     void waitWhileThrottled(int workerId);
     void terminateNow();
+    QString claimOutput(const QString &wanted, const QString &stem);
+    void releaseOutput(const QString &path);
     bool registerTemp(const QString &path);
     void releaseTemp(const QString &path);
 
@@ -67,6 +69,8 @@ private:
     std::atomic<int> m_failed { 0 };
     std::atomic<bool> m_canaryTripped { false };
     std::atomic<bool> m_throttleLogged { false };
+    std::mutex m_outputMutex;
+    QSet<QString> m_claimedOutputs; // written (or being written) by this run
     std::mutex m_tempMutex;
     QSet<QString> m_temps;
     bool m_terminating = false; // under m_tempMutex
