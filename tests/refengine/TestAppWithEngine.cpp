@@ -91,7 +91,7 @@ private slots:
     void batchOverGeneratedPairsFillsTheHistory()
     {
         for (int i = 0; i < 3; ++i)
-            QVERIFY(writePair(m_dir.filePath(u"batch"_s), u"DSC%1"_s.arg(i), SceneSpec()));
+            QVERIFY(writePair(m_dir.filePath(u"batch"_s), u"DSC%1"_s.arg(i), SampleScene()));
         AppViewModel model;
         prepare(model, u"batch"_s);
         model.setSelectedWorkers(2);
@@ -122,7 +122,7 @@ private slots:
     {
         // Small pairs: the item in flight must finish within the two seconds
         // the application waits before it terminates the engine.
-        SceneSpec small;
+        SampleScene small;
         small.width = 480;
         small.height = 320;
         for (int i = 0; i < kStopPairs; ++i)

@@ -101,12 +101,12 @@ double meanLuminance(const QImage &picture, const QImage &mask)
 }
 
 // A mask of `rect` (shrunk by a margin, stored pixels), turned as the file displays it.
-QImage displayMask(const SceneSpec &spec, QRect rect)
+QImage displayMask(const SampleScene &scene, QRect rect)
 {
-    QImage mask(spec.width, spec.height, QImage::Format_RGB32);
+    QImage mask(scene.width, scene.height, QImage::Format_RGB32);
     mask.fill(Qt::black);
     QPainter(&mask).fillRect(rect.adjusted(4, 4, -4, -4), Qt::white);
-    return applyExifOrientation(mask, spec.orientation);
+    return applyExifOrientation(mask, scene.orientation);
 }
 
 } // namespace
@@ -165,10 +165,10 @@ private slots:
     {
         QFETCH(int, orientation);
         QFETCH(bool, bayer);
-        SceneSpec spec;
-        spec.orientation = orientation;
-        spec.bayer = bayer;
-        QVERIFY(writePair(m_source, u"IMG_0001"_s, spec));
+        SampleScene scene;
+        scene.orientation = orientation;
+        scene.bayer = bayer;
+        QVERIFY(writePair(m_source, u"IMG_0001"_s, scene));
         EngineProcess engine(runArgs());
         QCOMPARE(engine.run(), 0);
 
@@ -178,8 +178,8 @@ private slots:
         QVERIFY2(hdr.gainMapApplied, qPrintable(hdr.gainMapIssue + hdr.error));
         // Where the RAW held the sun, the HDR rendition goes well above white;
         // in the deep shadow it stays where the JPG has it.
-        const double sun = meanLuminance(hdr.image, displayMask(spec, sunRect(spec)));
-        const double shadow = meanLuminance(hdr.image, displayMask(spec, shadowRect(spec)));
+        const double sun = meanLuminance(hdr.image, displayMask(scene, sunRect(scene)));
+        const double shadow = meanLuminance(hdr.image, displayMask(scene, shadowRect(scene)));
         QVERIFY2(sun > 2.0, qPrintable(QString::number(sun)));
         QVERIFY2(shadow < 0.05, qPrintable(QString::number(shadow)));
         // The camera's Exif travels with the picture.
@@ -263,7 +263,7 @@ private slots:
         QVERIFY(again.events(u"item_start"_s).isEmpty());
 
         // A changed JPG is a new pair; forcing takes everything again.
-        SceneSpec edited;
+        SampleScene edited;
         edited.dateTimeOriginal = u"2024:05:07 07:08:09"_s;
         QFile jpg(m_source + u"/B.JPG"_s);
         QVERIFY(jpg.open(QIODevice::WriteOnly | QIODevice::Truncate));
@@ -307,9 +307,9 @@ private slots:
 
     void ratingFilterReadsSidecarThenJpeg()
     {
-        SceneSpec twoStars;
+        SampleScene twoStars;
         twoStars.exifRating = 2;
-        SceneSpec fourStars;
+        SampleScene fourStars;
         fourStars.exifRating = 4;
         QVERIFY(writePair(m_source, u"exif2"_s, twoStars));
         QVERIFY(writePair(m_source, u"exif4"_s, fourStars));
@@ -360,9 +360,9 @@ private slots:
         QFETCH(QString, naming);
         QFETCH(QString, rule);
         QFETCH(QString, expected);
-        SceneSpec spec;
-        spec.exifRating = 3;
-        QVERIFY(writePair(m_source, u"P1"_s, spec));
+        SampleScene scene;
+        scene.exifRating = 3;
+        QVERIFY(writePair(m_source, u"P1"_s, scene));
         EngineProcess engine({ u"run"_s, u"-s"_s, m_source, u"-d"_s, m_dest, u"--profile-id"_s, profile,
                                u"--json-stream"_s, u"--naming-template"_s, naming, u"--subfolder-rule"_s, rule });
         QCOMPARE(engine.run(), 0);
@@ -411,7 +411,7 @@ private slots:
 
     void interruptFinishesInFlightItemsAndExits130()
     {
-        SceneSpec big;
+        SampleScene big;
         big.width = 1800;
         big.height = 1200;
         for (int i = 0; i < 6; ++i)
@@ -434,7 +434,7 @@ private slots:
 
     void terminateStopsAtOnceWithoutPartialFiles()
     {
-        SceneSpec big;
+        SampleScene big;
         big.width = 1800;
         big.height = 1200;
         for (int i = 0; i < 4; ++i)
@@ -452,7 +452,7 @@ private slots:
 
     void canaryStopsWhenTheDestinationDisappears()
     {
-        SceneSpec big;
+        SampleScene big;
         big.width = 1200;
         big.height = 800;
         for (int i = 0; i < 10; ++i)
@@ -476,7 +476,7 @@ private slots:
     void facesAreFoundAndSkinIsDampedBySkinValue()
     {
         QFETCH(int, orientation);
-        SceneSpec portrait;
+        SampleScene portrait;
         portrait.width = 480;
         portrait.height = 320;
         portrait.orientation = orientation;
@@ -514,13 +514,13 @@ private slots:
 
     void backlitFillLiftsTheDarkSubjectOnlyWhenAskedAndBacklit()
     {
-        SceneSpec backlit;
+        SampleScene backlit;
         backlit.backlit = true;
         QVERIFY(writePair(m_source, u"sky"_s, backlit));
         QVERIFY(writePair(m_source, u"plain"_s));
-        const auto shadowGain = [&](const QString &stem, const SceneSpec &spec, QRect rect) {
+        const auto shadowGain = [&](const QString &stem, const SampleScene &scene, QRect rect) {
             const QString file = m_dest + u'/' + stem + u"_hdr.jpg"_s;
-            const QImage mask = displayMask(spec, rect);
+            const QImage mask = displayMask(scene, rect);
             return meanLuminance(decodeUltraHdrFile(file).image, mask)
                 / meanLuminance(decodeUltraHdrFile(file, { 1.0 }).image, mask);
         };
@@ -531,7 +531,7 @@ private slots:
         QVERIFY2(shadowGain(u"sky"_s, backlit, subject) > 1.3,
                  qPrintable(QString::number(shadowGain(u"sky"_s, backlit, subject))));
         // A frame that is not back-lit keeps its shadows even with the fill on.
-        QVERIFY(shadowGain(u"plain"_s, SceneSpec(), shadowRect(SceneSpec())) < 1.1);
+        QVERIFY(shadowGain(u"plain"_s, SampleScene(), shadowRect(SampleScene())) < 1.1);
     }
 
     void memoryPressureHoldsBackExtraWorkersUnlessToldNot()
@@ -575,9 +575,9 @@ private slots:
         const QImage gain(m_dest + u"/M_hdr_gainmap.png"_s);
         QVERIFY(!gain.isNull());
         // The sun is lifted, the shadow is not.
-        const SceneSpec spec;
-        const QPoint sun = sunRect(spec).center(), shadow = shadowRect(spec).center();
-        const double sx = double(gain.width()) / spec.width;
+        const SampleScene scene;
+        const QPoint sun = sunRect(scene).center(), shadow = shadowRect(scene).center();
+        const double sx = double(gain.width()) / scene.width;
         QVERIFY(qGray(gain.pixel(int(sun.x() * sx), int(sun.y() * sx))) > 100);
         QVERIFY(qGray(gain.pixel(int(shadow.x() * sx), int(shadow.y() * sx))) < 10);
     }
