@@ -5,6 +5,7 @@
 #include "OutputNaming.h"
 #include "SystemLoad.h"
 
+#include "ExifTagsLocked.h"
 #include "media/ExivAdapter.h"
 
 #include <QDateTime>
@@ -36,7 +37,7 @@ constexpr qint64 kCanaryMinimumBytes = 512ll << 20;
 NamingFacts factsFor(const PhotoPair &pair, const QString &profileId)
 {
     NamingFacts facts { pair.stem, profileId, {}, {}, pair.rating.value_or(0) };
-    const auto tags = exiv::readTags(pair.jpgPath);
+    const auto tags = readTagsLocked(pair.jpgPath);
     if (tags && tags->dateTimeOriginal && tags->dateTimeOriginal->size() >= 10)
         facts.date = tags->dateTimeOriginal->left(10).replace(u':', u'-');
     if (facts.date.isEmpty())
