@@ -67,17 +67,17 @@ int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
     const int pairs = argc > 1 ? std::atoi(argv[1]) : 4;
-    SceneSpec spec;
-    spec.bayer = true;
-    spec.width = argc > 2 ? std::atoi(argv[2]) & ~1 : 6000;
-    spec.height = argc > 3 ? std::atoi(argv[3]) & ~1 : 4000;
+    SampleScene scene;
+    scene.bayer = true;
+    scene.width = argc > 2 ? std::atoi(argv[2]) & ~1 : 6000;
+    scene.height = argc > 3 ? std::atoi(argv[3]) & ~1 : 4000;
     QTemporaryDir dir;
     const QString source = dir.filePath(u"pairs"_s), dest = dir.filePath(u"out"_s);
-    std::printf("writing %d pairs of %dx%d (%.1f MP)...\n", pairs, spec.width, spec.height,
-                spec.width * spec.height / 1e6);
+    std::printf("writing %d pairs of %dx%d (%.1f MP)...\n", pairs, scene.width, scene.height,
+                scene.width * scene.height / 1e6);
     for (int i = 0; i < pairs; ++i) {
-        spec.face = i % 2 == 1;
-        if (!writePair(source, u"P%1"_s.arg(i), spec))
+        scene.face = i % 2 == 1;
+        if (!writePair(source, u"P%1"_s.arg(i), scene))
             return 1;
     }
     // The pairs just written are still being flushed to disk; a run's first

@@ -48,13 +48,13 @@ int main(int argc, char *argv[])
     const bool running = parser.value(u"state"_s) == u"running"_s;
 
     const QString source = environment.home() + u"/Pictures/Demo pairs"_s;
-    samples::SceneSpec spec;
-    spec.bayer = true;
-    spec.width = running ? 3000 : 1536;
-    spec.height = running ? 2000 : 1024;
+    samples::SampleScene scene;
+    scene.bayer = true;
+    scene.width = running ? 3000 : 1536;
+    scene.height = running ? 2000 : 1024;
     for (int i = 0; i < 6; ++i) {
-        spec.face = i % 2 == 1;
-        if (!samples::writePair(source, u"DSC0%1"_s.arg(4211 + i), spec))
+        scene.face = i % 2 == 1;
+        if (!samples::writePair(source, u"DSC0%1"_s.arg(4211 + i), scene))
             return 1;
     }
     qputenv("ORVANTA_BIN", ORVANTA_ENGINE_PATH);

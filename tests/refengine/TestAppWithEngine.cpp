@@ -17,6 +17,8 @@ using namespace orvanta;
 using namespace orvanta::samples;
 using namespace Qt::StringLiterals;
 
+constexpr int kStopPairs = 30;
+
 class TestAppWithEngine : public QObject
 {
     Q_OBJECT
@@ -89,7 +91,7 @@ private slots:
     void batchOverGeneratedPairsFillsTheHistory()
     {
         for (int i = 0; i < 3; ++i)
-            QVERIFY(writePair(m_dir.filePath(u"batch"_s), u"DSC%1"_s.arg(i), SceneSpec()));
+            QVERIFY(writePair(m_dir.filePath(u"batch"_s), u"DSC%1"_s.arg(i), SampleScene()));
         AppViewModel model;
         prepare(model, u"batch"_s);
         model.setSelectedWorkers(2);
@@ -118,11 +120,13 @@ private slots:
 
     void stopFinishesTheItemInFlightAndKeepsItsRecord()
     {
-        SceneSpec big;
-        big.width = 1800;
-        big.height = 1200;
-        for (int i = 0; i < 5; ++i)
-            QVERIFY(writePair(m_dir.filePath(u"stop"_s), u"BIG%1"_s.arg(i), big));
+        // Small pairs: the item in flight must finish within the two seconds
+        // the application waits before it terminates the engine.
+        SampleScene small;
+        small.width = 480;
+        small.height = 320;
+        for (int i = 0; i < kStopPairs; ++i)
+            QVERIFY(writePair(m_dir.filePath(u"stop"_s), u"BIG%1"_s.arg(i, 2, 10, QLatin1Char('0')), small));
         AppViewModel model;
         prepare(model, u"stop"_s);
         model.setSelectedWorkers(1);
@@ -141,7 +145,7 @@ private slots:
             return n;
         };
         QTRY_VERIFY_WITH_TIMEOUT(recorded() >= 1, 10000);
-        QVERIFY(recorded() < 5);
+        QVERIFY(recorded() < kStopPairs);
         const QStringList delivered = QDir(model.destDir()).entryList(QDir::Files | QDir::Hidden);
         QCOMPARE(delivered.size(), recorded());
     }

@@ -101,12 +101,12 @@ double meanLuminance(const QImage &picture, const QImage &mask)
 }
 
 // A mask of `rect` (shrunk by a margin, stored pixels), turned as the file displays it.
-QImage displayMask(const SceneSpec &spec, QRect rect)
+QImage displayMask(const SampleScene &scene, QRect rect)
 {
-    QImage mask(spec.width, spec.height, QImage::Format_RGB32);
+    QImage mask(scene.width, scene.height, QImage::Format_RGB32);
     mask.fill(Qt::black);
     QPainter(&mask).fillRect(rect.adjusted(4, 4, -4, -4), Qt::white);
-    return applyExifOrientation(mask, spec.orientation);
+    return applyExifOrientation(mask, scene.orientation);
 }
 
 } // namespace
@@ -165,10 +165,10 @@ private slots:
     {
         QFETCH(int, orientation);
         QFETCH(bool, bayer);
-        SceneSpec spec;
-        spec.orientation = orientation;
-        spec.bayer = bayer;
-        QVERIFY(writePair(m_source, u"IMG_0001"_s, spec));
+        SampleScene scene;
+        scene.orientation = orientation;
+        scene.bayer = bayer;
+        QVERIFY(writePair(m_source, u"IMG_0001"_s, scene));
         EngineProcess engine(runArgs());
         QCOMPARE(engine.run(), 0);
 
@@ -178,8 +178,8 @@ private slots:
         QVERIFY2(hdr.gainMapApplied, qPrintable(hdr.gainMapIssue + hdr.error));
         // Where the RAW held the sun, the HDR rendition goes well above white;
         // in the deep shadow it stays where the JPG has it.
-        const double sun = meanLuminance(hdr.image, displayMask(spec, sunRect(spec)));
-        const double shadow = meanLuminance(hdr.image, displayMask(spec, shadowRect(spec)));
+        const double sun = meanLuminance(hdr.image, displayMask(scene, sunRect(scene)));
+        const double shadow = meanLuminance(hdr.image, displayMask(scene, shadowRect(scene)));
         QVERIFY2(sun > 2.0, qPrintable(QString::number(sun)));
         QVERIFY2(shadow < 0.05, qPrintable(QString::number(shadow)));
         // The camera's Exif travels with the picture.
@@ -263,7 +263,7 @@ private slots:
         QVERIFY(again.events(u"item_start"_s).isEmpty());
 
         // A changed JPG is a new pair; forcing takes everything again.
-        SceneSpec edited;
+        SampleScene edited;
         edited.dateTimeOriginal = u"2024:05:07 07:08:09"_s;
         QFile jpg(m_source + u"/B.JPG"_s);
         QVERIFY(jpg.open(QIODevice::WriteOnly | QIODevice::Truncate));
@@ -307,9 +307,9 @@ private slots:
 
     void ratingFilterReadsSidecarThenJpeg()
     {
-        SceneSpec twoStars;
+        SampleScene twoStars;
         twoStars.exifRating = 2;
-        SceneSpec fourStars;
+        SampleScene fourStars;
         fourStars.exifRating = 4;
         QVERIFY(writePair(m_source, u"exif2"_s, twoStars));
         QVERIFY(writePair(m_source, u"exif4"_s, fourStars));
@@ -360,14 +360,27 @@ private slots:
         QFETCH(QString, naming);
         QFETCH(QString, rule);
         QFETCH(QString, expected);
-        SceneSpec spec;
-        spec.exifRating = 3;
-        QVERIFY(writePair(m_source, u"P1"_s, spec));
+        SampleScene scene;
+        scene.exifRating = 3;
+        QVERIFY(writePair(m_source, u"P1"_s, scene));
         EngineProcess engine({ u"run"_s, u"-s"_s, m_source, u"-d"_s, m_dest, u"--profile-id"_s, profile,
                                u"--json-stream"_s, u"--naming-template"_s, naming, u"--subfolder-rule"_s, rule });
         QCOMPARE(engine.run(), 0);
         QCOMPARE(filesUnder(m_dest), QStringList { expected });
         QCOMPARE(rowFor(u"P1"_s).value(u"output_path"_s).toString(), m_dest + u'/' + expected);
+    }
+
+    void photosSharingATemplateNameKeepTheirOwnFiles()
+    {
+        QVERIFY(writePair(m_source, u"one"_s));
+        QVERIFY(writePair(m_source, u"two"_s));
+        const QStringList byDate = runArgs({ u"--naming-template"_s, u"{date}"_s, u"-w"_s, u"2"_s });
+        QCOMPARE(EngineProcess(byDate).run(), 0);
+        QCOMPARE(filesUnder(m_dest), QStringList({ u"2024-05-06-2.jpg"_s, u"2024-05-06.jpg"_s }));
+        QVERIFY(rowFor(u"one"_s).value(u"output_path"_s) != rowFor(u"two"_s).value(u"output_path"_s));
+        // Forcing again replaces each photo's own file rather than adding more.
+        QCOMPARE(EngineProcess(byDate + QStringList { u"-f"_s }).run(), 0);
+        QCOMPARE(filesUnder(m_dest).size(), 2);
     }
 
     void corruptRawFailsOnlyThatItem()
@@ -398,7 +411,7 @@ private slots:
 
     void interruptFinishesInFlightItemsAndExits130()
     {
-        SceneSpec big;
+        SampleScene big;
         big.width = 1800;
         big.height = 1200;
         for (int i = 0; i < 6; ++i)
@@ -421,7 +434,7 @@ private slots:
 
     void terminateStopsAtOnceWithoutPartialFiles()
     {
-        SceneSpec big;
+        SampleScene big;
         big.width = 1800;
         big.height = 1200;
         for (int i = 0; i < 4; ++i)
@@ -439,10 +452,10 @@ private slots:
 
     void canaryStopsWhenTheDestinationDisappears()
     {
-        SceneSpec big;
+        SampleScene big;
         big.width = 1200;
         big.height = 800;
-        for (int i = 0; i < 6; ++i)
+        for (int i = 0; i < 10; ++i)
             QVERIFY(writePair(m_source, u"c%1"_s.arg(i), big));
         EngineProcess engine(runArgs({ u"-w"_s, u"1"_s }));
         engine.start();
@@ -450,15 +463,23 @@ private slots:
         QVERIFY(QDir(m_dest).removeRecursively());
         QCOMPARE(engine.run(), 2);
         QVERIFY(engine.log().contains(u"Storage canary"_s));
-        QVERIFY(engine.events(u"item_done"_s).size() < 6);
+        QVERIFY(engine.events(u"item_done"_s).size() < 10);
         QVERIFY(!QDir(m_dest).exists());
     }
 
+    void facesAreFoundAndSkinIsDampedBySkinValue_data()
+    {
+        QTest::addColumn<int>("orientation");
+        QTest::newRow("landscape") << 1;
+        QTest::newRow("portrait, stored sideways") << 6;
+    }
     void facesAreFoundAndSkinIsDampedBySkinValue()
     {
-        SceneSpec portrait;
+        QFETCH(int, orientation);
+        SampleScene portrait;
         portrait.width = 480;
         portrait.height = 320;
+        portrait.orientation = orientation;
         portrait.face = true;
         QVERIFY(writePair(m_source, u"face"_s, portrait));
         const auto convert = [&](const QString &skinDamp, double &cheek, int &faces) {
@@ -468,7 +489,7 @@ private slots:
             faces = engine.event(u"item_done"_s).value(u"faces"_s).toInt();
             const UltraHdrDecodeResult hdr = decodeUltraHdrFile(m_dest + u"/face_hdr.jpg"_s);
             const UltraHdrDecodeResult sdr = decodeUltraHdrFile(m_dest + u"/face_hdr.jpg"_s, { 1.0 });
-            const QImage mask = displayMask(portrait, cheekRect(portrait));
+            const QImage mask = applyExifOrientation(cheekMask(portrait), orientation);
             cheek = meanLuminance(hdr.image, mask) / meanLuminance(sdr.image, mask);
         };
         double undamped = 0, damped = 0;
@@ -493,13 +514,13 @@ private slots:
 
     void backlitFillLiftsTheDarkSubjectOnlyWhenAskedAndBacklit()
     {
-        SceneSpec backlit;
+        SampleScene backlit;
         backlit.backlit = true;
         QVERIFY(writePair(m_source, u"sky"_s, backlit));
         QVERIFY(writePair(m_source, u"plain"_s));
-        const auto shadowGain = [&](const QString &stem, const SceneSpec &spec, QRect rect) {
+        const auto shadowGain = [&](const QString &stem, const SampleScene &scene, QRect rect) {
             const QString file = m_dest + u'/' + stem + u"_hdr.jpg"_s;
-            const QImage mask = displayMask(spec, rect);
+            const QImage mask = displayMask(scene, rect);
             return meanLuminance(decodeUltraHdrFile(file).image, mask)
                 / meanLuminance(decodeUltraHdrFile(file, { 1.0 }).image, mask);
         };
@@ -510,7 +531,31 @@ private slots:
         QVERIFY2(shadowGain(u"sky"_s, backlit, subject) > 1.3,
                  qPrintable(QString::number(shadowGain(u"sky"_s, backlit, subject))));
         // A frame that is not back-lit keeps its shadows even with the fill on.
-        QVERIFY(shadowGain(u"plain"_s, SceneSpec(), shadowRect(SceneSpec())) < 1.1);
+        QVERIFY(shadowGain(u"plain"_s, SampleScene(), shadowRect(SampleScene())) < 1.1);
+    }
+
+    void memoryPressureHoldsBackExtraWorkersUnlessToldNot()
+    {
+        const QString psi = m_dir.filePath(u"pressure"_s);
+        QFile file(psi);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("some avg10=42.00 avg60=30.00 avg300=10.00 total=1\nfull avg10=5.00 avg60=1.00 avg300=0.00 total=1\n");
+        file.close();
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(writePair(m_source, u"p%1"_s.arg(i)));
+        qputenv("ORVANTA_PSI_FILE", psi.toUtf8());
+        EngineProcess throttled(runArgs({ u"-w"_s, u"2"_s }));
+        const int throttledStatus = throttled.run();
+        EngineProcess unthrottled(runArgs({ u"-w"_s, u"2"_s, u"-f"_s, u"--no-throttle"_s }));
+        const int unthrottledStatus = unthrottled.run();
+        qunsetenv("ORVANTA_PSI_FILE");
+        // The first worker carries the batch alone; nothing is lost.
+        QCOMPARE(throttledStatus, 0);
+        QCOMPARE(throttled.event(u"batch_done"_s).value(u"success"_s).toInt(), 3);
+        QVERIFY(throttled.log().contains(u"Memory pressure: extra workers wait"_s));
+        QCOMPARE(unthrottledStatus, 0);
+        QCOMPARE(unthrottled.event(u"batch_done"_s).value(u"success"_s).toInt(), 3);
+        QVERIFY(!unthrottled.log().contains(u"Memory pressure"_s));
     }
 
     void debugMasksAreWrittenBesideTheOutput()
@@ -530,9 +575,9 @@ private slots:
         const QImage gain(m_dest + u"/M_hdr_gainmap.png"_s);
         QVERIFY(!gain.isNull());
         // The sun is lifted, the shadow is not.
-        const SceneSpec spec;
-        const QPoint sun = sunRect(spec).center(), shadow = shadowRect(spec).center();
-        const double sx = double(gain.width()) / spec.width;
+        const SampleScene scene;
+        const QPoint sun = sunRect(scene).center(), shadow = shadowRect(scene).center();
+        const double sx = double(gain.width()) / scene.width;
         QVERIFY(qGray(gain.pixel(int(sun.x() * sx), int(sun.y() * sx))) > 100);
         QVERIFY(qGray(gain.pixel(int(shadow.x() * sx), int(shadow.y() * sx))) < 10);
     }

@@ -5,6 +5,7 @@
 #include "OutputNaming.h"
 #include "SystemLoad.h"
 
+#include "ExifTagsLocked.h"
 #include "media/ExivAdapter.h"
 
 #include <QDateTime>
@@ -36,7 +37,7 @@ constexpr qint64 kCanaryMinimumBytes = 512ll << 20;
 NamingFacts factsFor(const PhotoPair &pair, const QString &profileId)
 {
     NamingFacts facts { pair.stem, profileId, {}, {}, pair.rating.value_or(0) };
-    const auto tags = exiv::readTags(pair.jpgPath);
+    const auto tags = readTagsLocked(pair.jpgPath);
     if (tags && tags->dateTimeOriginal && tags->dateTimeOriginal->size() >= 10)
         facts.date = tags->dateTimeOriginal->left(10).replace(u':', u'-');
     if (facts.date.isEmpty())
@@ -136,6 +137,8 @@ int BatchRunner::run()
     }
     for (std::thread &t : pool)
         t.join();
+    if (g_terminate)
+        terminateNow();
     const bool interrupted = g_interrupt;
     if (interrupted)
         m_log.line(u"⚠️ Interrupted: in-flight items were finished and recorded"_s);
@@ -174,6 +177,32 @@ void BatchRunner::releaseTemp(const QString &path)
     m_temps.remove(path);
 }
 
+QString BatchRunner::claimOutput(const QString &wanted, const QString &stem)
+{
+    // A template without {original} can give two photos one name: the later
+    // one gets a number instead of replacing the other's file. A pair's own
+    // earlier result is replaced.
+    std::lock_guard lock(m_outputMutex);
+    const QFileInfo info(wanted);
+    const QString base = info.dir().filePath(info.completeBaseName()), suffix = info.suffix();
+    QString candidate = wanted;
+    for (int n = 2;; ++n) {
+        const bool taken = m_claimedOutputs.contains(candidate)
+            || (QFileInfo::exists(candidate) && m_db.stemForOutput(candidate).value_or(stem) != stem);
+        if (!taken)
+            break;
+        candidate = base + u'-' + QString::number(n) + u'.' + suffix;
+    }
+    m_claimedOutputs.insert(candidate);
+    return candidate;
+}
+
+void BatchRunner::releaseOutput(const QString &path)
+{
+    std::lock_guard lock(m_outputMutex);
+    m_claimedOutputs.remove(path);
+}
+
 bool BatchRunner::canaryAllowsMore()
 {
     if (!m_options.enableCanary || m_canaryTripped)
@@ -198,7 +227,9 @@ void BatchRunner::waitWhileThrottled(int workerId)
 {
     if (workerId == 0 || m_options.noThrottle || !m_options.memoryThrottle)
         return;
-    while (!g_interrupt && !g_terminate && memoryPressureHigh()) {
+    // Waiting ends when the pressure eases, on a stop, or when the other
+    // workers have taken every item.
+    while (!g_interrupt && !g_terminate && m_next < m_pending.size() && memoryPressureHigh()) {
         if (!m_throttleLogged.exchange(true))
             m_log.line(u"⚠️ Memory pressure: extra workers wait until it eases"_s);
         std::this_thread::sleep_for(std::chrono::milliseconds(500));
@@ -226,70 +257,109 @@ void BatchRunner::processPair(const PhotoPair &pair, int index)
     m_log.event(u"item_start"_s, { { u"stem"_s, pair.stem }, { u"index"_s, index }, { u"total"_s, total } });
     m_log.line(u"🚀 [%1/%2] %3"_s.arg(index).arg(total).arg(pair.stem));
 
-    RenderRequest request { pair.rawPath, pair.jpgPath, m_tuning, m_options.backlitFill,
-                            m_options.debugMasks, skinFinder() };
-    RenderResult rendered = renderPair(request);
+    const RenderRequest request { pair.rawPath, pair.jpgPath, m_tuning, m_options.backlitFill,
+                                  m_options.debugMasks, skinFinder() };
+    const RenderResult rendered = renderPair(request);
+    Delivery delivery;
+    if (rendered.error.isEmpty())
+        delivery = deliver(pair, rendered);
+    else
+        delivery.error = rendered.error;
+    if (delivery.abandoned)
+        return; // terminating: the file is gone and nothing is recorded
+    const double seconds = timer.elapsed() / 1000.0;
+    record(pair, rendered, delivery, seconds);
+    report(pair, rendered, delivery, { index, total, seconds });
+}
+
+BatchRunner::Delivery BatchRunner::deliver(const PhotoPair &pair, const RenderResult &rendered)
+{
+    Delivery d;
     const NamingFacts facts = factsFor(pair, m_options.profileId);
     const QString folder = QDir(m_options.destDir).filePath(subfolderFor(m_options.subfolderRule, facts));
     const QString name = outputFileName(m_options.namingTemplate, facts);
-    const QString output = QDir(folder).filePath(name);
-    QString error = rendered.error;
     // The destination itself is never re-created here: a vanished drive must
     // stop the batch, not fill the mount point's folder.
-    if (error.isEmpty() && m_options.enableCanary && !QFileInfo(m_options.destDir).isDir()) {
-        error = u"the destination folder has disappeared: "_s + m_options.destDir;
+    if (m_options.enableCanary && !QFileInfo(m_options.destDir).isDir()) {
+        d.error = u"the destination folder has disappeared: "_s + m_options.destDir;
         if (!m_canaryTripped.exchange(true))
-            m_log.line(u"❌ Storage canary: stopping the batch, "_s + error);
+            m_log.line(u"❌ Storage canary: stopping the batch, "_s + d.error);
+        return d;
     }
-    if (error.isEmpty() && !QDir().mkpath(folder))
-        error = u"cannot create "_s + folder;
-    if (error.isEmpty()) {
-        const QString temp = QDir(folder).filePath(u"."_s + name + u".part"_s);
-        if (!registerTemp(temp))
-            return;
-        if (writeFile(temp, rendered.bytes, error) && std::rename(qPrintable(temp), qPrintable(output)) != 0)
-            error = u"cannot move the result into place: "_s + output;
-        if (!error.isEmpty())
-            QFile::remove(temp);
-        releaseTemp(temp);
+    if (!QDir().mkpath(folder)) {
+        d.error = u"cannot create "_s + folder;
+        return d;
     }
-    if (error.isEmpty() && m_options.debugMasks) {
+    const QString output = claimOutput(QDir(folder).filePath(name), pair.stem);
+    const QString temp = QDir(folder).filePath(u"."_s + QFileInfo(output).fileName() + u".part"_s);
+    if (!registerTemp(temp)) {
+        d.abandoned = true;
+        return d;
+    }
+    if (writeFile(temp, rendered.bytes, d.error) && std::rename(qPrintable(temp), qPrintable(output)) != 0)
+        d.error = u"cannot move the result into place: "_s + output;
+    if (!d.error.isEmpty())
+        QFile::remove(temp);
+    releaseTemp(temp);
+    if (!d.error.isEmpty()) {
+        releaseOutput(output);
+        return d;
+    }
+    d.outputPath = output;
+    if (m_options.debugMasks) {
         const QString base = QDir(folder).filePath(QFileInfo(name).completeBaseName());
         rendered.gainMask.save(base + u"_gainmap.png"_s);
         rendered.skinMask.save(base + u"_facemask.png"_s);
     }
-    const double seconds = timer.elapsed() / 1000.0;
+    return d;
+}
+
+void BatchRunner::record(const PhotoPair &pair, const RenderResult &rendered, const Delivery &delivery,
+                         double seconds)
+{
+    const bool ok = delivery.error.isEmpty();
     ProcessedRow row { pair.fingerprint, pair.stem, pair.rawPath, pair.jpgPath, std::nullopt,
-                       error.isEmpty() ? u"SUCCESS"_s : u"FAILED"_s, std::nullopt, std::nullopt,
+                       ok ? u"SUCCESS"_s : u"FAILED"_s, std::nullopt, std::nullopt,
                        std::nullopt, timestampNow(), seconds, std::nullopt, pair.rating };
-    if (error.isEmpty()) {
-        row.outputPath = output;
+    if (ok) {
+        row.outputPath = delivery.outputPath;
         row.peakStops = rendered.peakStops;
         row.numFaces = rendered.faces;
         row.rawClipPct = rendered.rawClipPct;
     } else {
-        row.errorMessage = error;
+        row.errorMessage = delivery.error;
         if (rendered.error.isEmpty())
             row.rawClipPct = rendered.rawClipPct;
     }
     if (!m_db.write(row))
         m_log.line(u"⚠️ Could not record "_s + pair.stem + u": "_s + m_db.error());
-    if (error.isEmpty()) {
-        ++m_success;
-        m_log.line(u"✅ [%1/%2] %3 -> %4 (+%5 st, %6 faces, clip %7%, %8 s)"_s.arg(index).arg(total)
-                       .arg(pair.stem, output).arg(rendered.peakStops, 0, 'f', 2).arg(rendered.faces)
-                       .arg(rendered.rawClipPct, 0, 'f', 2).arg(seconds, 0, 'f', 2));
-        m_log.event(u"item_done"_s, { { u"stem"_s, pair.stem }, { u"index"_s, index }, { u"total"_s, total },
-                                      { u"faces"_s, rendered.faces }, { u"peak_stops"_s, rendered.peakStops },
-                                      { u"bayer_clip"_s, rendered.rawClipPct }, { u"duration"_s, seconds },
-                                      { u"status"_s, u"SUCCESS"_s } });
-    } else {
+}
+
+void BatchRunner::report(const PhotoPair &pair, const RenderResult &rendered, const Delivery &delivery,
+                         const Position &at)
+{
+    const QJsonObject where { { u"stem"_s, pair.stem }, { u"index"_s, at.index }, { u"total"_s, at.total },
+                              { u"duration"_s, at.seconds } };
+    if (!delivery.error.isEmpty()) {
         ++m_failed;
-        m_log.line(u"❌ [%1/%2] %3: %4"_s.arg(index).arg(total).arg(pair.stem, error));
-        m_log.event(u"item_failed"_s, { { u"stem"_s, pair.stem }, { u"index"_s, index }, { u"total"_s, total },
-                                        { u"error"_s, error }, { u"status"_s, u"FAILED"_s },
-                                        { u"duration"_s, seconds } });
+        m_log.line(u"❌ [%1/%2] %3: %4"_s.arg(at.index).arg(at.total).arg(pair.stem, delivery.error));
+        QJsonObject failed = where;
+        failed.insert(u"error"_s, delivery.error);
+        failed.insert(u"status"_s, u"FAILED"_s);
+        m_log.event(u"item_failed"_s, failed);
+        return;
     }
+    ++m_success;
+    m_log.line(u"✅ [%1/%2] %3 -> %4 (+%5 st, %6 face%9, clip %7%, %8 s)"_s.arg(at.index).arg(at.total)
+                   .arg(pair.stem, delivery.outputPath).arg(rendered.peakStops, 0, 'f', 2).arg(rendered.faces)
+                   .arg(rendered.rawClipPct, 0, 'f', 2).arg(at.seconds, 0, 'f', 2)
+                   .arg(rendered.faces == 1 ? u""_s : u"s"_s));
+    QJsonObject done = where;
+    done.insert(u"faces"_s, rendered.faces);
+    done.insert(u"peak_stops"_s, rendered.peakStops);
+    done.insert(u"bayer_clip"_s, rendered.rawClipPct);
+    done.insert(u"status"_s, u"SUCCESS"_s);
+    m_log.event(u"item_done"_s, done);
 }
 
 } // namespace orvanta::engine

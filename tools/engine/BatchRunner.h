@@ -5,6 +5,7 @@
 
 #include "EngineOptions.h"
 #include "EventLog.h"
+#include "HdrRenderer.h"
 #include "PairScanner.h"
 #include "StateDatabase.h"
 
@@ -32,10 +33,29 @@ public:
 private:
     int chooseWorkerCount(int pending) const;
     void workerLoop(int workerId);
+    struct Delivery
+    {
+        QString outputPath;
+        QString error;          // empty when delivered
+        bool abandoned = false; // the engine is terminating
+    };
+    struct Position
+    {
+        int index;
+        int total;
+        double seconds;
+    };
     void processPair(const PhotoPair &pair, int index);
+    Delivery deliver(const PhotoPair &pair, const RenderResult &rendered);
+    void record(const PhotoPair &pair, const RenderResult &rendered, const Delivery &delivery,
+                double seconds);
+    void report(const PhotoPair &pair, const RenderResult &rendered, const Delivery &delivery,
+                const Position &at);
     bool canaryAllowsMore();
     void waitWhileThrottled(int workerId);
     void terminateNow();
+    QString claimOutput(const QString &wanted, const QString &stem);
+    void releaseOutput(const QString &path);
     bool registerTemp(const QString &path);
     void releaseTemp(const QString &path);
 
@@ -49,6 +69,8 @@ private:
     std::atomic<int> m_failed { 0 };
     std::atomic<bool> m_canaryTripped { false };
     std::atomic<bool> m_throttleLogged { false };
+    std::mutex m_outputMutex;
+    QSet<QString> m_claimedOutputs; // written (or being written) by this run
     std::mutex m_tempMutex;
     QSet<QString> m_temps;
     bool m_terminating = false; // under m_tempMutex

@@ -5,6 +5,8 @@
 #include "hdr/JpegCodec.h"
 #include "hdr/UltraHdrDecoder.h"
 #include "hdr/UltraHdrWriter.h"
+#include "media/ExifOrientation.h"
+#include "ExifTagsLocked.h"
 #include "media/ExivAdapter.h"
 
 #include <QFile>
@@ -286,7 +288,7 @@ RenderResult renderPair(const RenderRequest &request)
     const QImage work = scale > 1 ? decodeJpeg(jpgBytes, scale, result.error) : full;
     if (work.isNull())
         return result;
-    const auto tags = exiv::readTags(request.jpgPath);
+    const auto tags = readTagsLocked(request.jpgPath);
     const int orientation = tags && tags->orientation ? *tags->orientation : 1;
 
     RawDevelopment raw = developRaw(request.rawPath, work.size(), orientation);
@@ -300,8 +302,14 @@ RenderResult renderPair(const RenderRequest &request)
     matchExposure(planes);
 
     QImage skin;
-    if (request.findSkin)
-        skin = request.findSkin(greyOf(work), work, &result.faces);
+    if (request.findSkin) {
+        // Faces are looked for upright, as the photo is shown; the skin
+        // weight then goes back to the stored pixel order.
+        const QImage upright = applyExifOrientation(work, orientation);
+        skin = request.findSkin(greyOf(upright), upright, &result.faces);
+        if (!skin.isNull())
+            skin = applyExifOrientation(skin, inverseOrientation(orientation));
+    }
     const double fill = request.backlitFill ? backlitStrength(planes) : 0.0;
     result.backlit = fill > 0.0;
     const GainPlanes gains = computeGains(planes, request.tuning, skin, fill);

@@ -36,6 +36,7 @@ CREATE INDEX IF NOT EXISTS idx_processed_files_peak_stops ON processed_files(pea
 CREATE INDEX IF NOT EXISTS idx_processed_files_num_faces ON processed_files(num_faces);
 CREATE INDEX IF NOT EXISTS idx_processed_files_duration ON processed_files(duration_sec);
 CREATE INDEX IF NOT EXISTS idx_processed_files_rating ON processed_files(rating);
+CREATE INDEX IF NOT EXISTS idx_processed_files_output ON processed_files(output_path);
 )";
 
 void bindText(sqlite3_stmt *st, int index, const std::optional<QString> &value)
@@ -117,6 +118,24 @@ bool StateDatabase::isDelivered(const QString &fingerprint)
     }
     sqlite3_finalize(st);
     return delivered;
+}
+
+std::optional<QString> StateDatabase::stemForOutput(const QString &outputPath)
+{
+    std::lock_guard lock(m_mutex);
+    sqlite3_stmt *st = nullptr;
+    if (sqlite3_prepare_v2(m_db,
+                           "SELECT stem FROM processed_files WHERE output_path = ? "
+                           "ORDER BY processed_at DESC LIMIT 1",
+                           -1, &st, nullptr)
+        != SQLITE_OK)
+        return std::nullopt;
+    bindText(st, 1, outputPath);
+    std::optional<QString> stem;
+    if (sqlite3_step(st) == SQLITE_ROW)
+        stem = QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(st, 0)));
+    sqlite3_finalize(st);
+    return stem;
 }
 
 bool StateDatabase::write(const ProcessedRow &row)

@@ -48,6 +48,8 @@ public:
     // file is still there.
     bool isDelivered(const QString &fingerprint);
     bool write(const ProcessedRow &row);
+    // The stem of the photo whose delivered file is `outputPath`, if any.
+    std::optional<QString> stemForOutput(const QString &outputPath);
 
 private:
     bool exec(const char *sql);

@@ -38,7 +38,10 @@ std::optional<double> memoryPressureAvg10(const QByteArray &psiText)
 
 bool memoryPressureHigh()
 {
-    QFile file(QStringLiteral("/proc/pressure/memory"));
+    // ORVANTA_PSI_FILE points elsewhere, for containers that mount their own
+    // pressure file and for tests.
+    const QString path = qEnvironmentVariable("ORVANTA_PSI_FILE", QStringLiteral("/proc/pressure/memory"));
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return false;
     return memoryPressureAvg10(file.readAll()).value_or(0.0) > 10.0;

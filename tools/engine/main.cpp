@@ -32,6 +32,9 @@ void installSignalHandlers()
     sigemptyset(&action.sa_mask);
     sigaction(SIGINT, &action, nullptr);
     sigaction(SIGTERM, &action, nullptr);
+    // Should the application go away mid-batch, the batch still finishes
+    // and is recorded; writes to the closed pipe just fail.
+    std::signal(SIGPIPE, SIG_IGN);
 }
 
 int runBatch(RunOptions options)

@@ -1,6 +1,7 @@
 #include "SamplePairs.h"
 
 #include "hdr/JpegCodec.h"
+#include "media/ExifOrientation.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace orvanta::samples {
 
@@ -97,10 +99,10 @@ QByteArray buildTiff(QList<TiffEntry> ifd0, const QList<TiffEntry> &exif, const 
     return out;
 }
 
-QList<TiffEntry> cameraEntries(const SceneSpec &spec)
+QList<TiffEntry> cameraEntries(const SampleScene &scene)
 {
-    QList<TiffEntry> e { asciiEntry(271, QStringLiteral("Orvanta")), asciiEntry(272, spec.model),
-                         shortEntry(274, { quint16(spec.orientation) }) };
+    QList<TiffEntry> e { asciiEntry(271, QStringLiteral("Orvanta")), asciiEntry(272, scene.model),
+                         shortEntry(274, { quint16(scene.orientation) }) };
     return e;
 }
 
@@ -117,76 +119,101 @@ struct FaceGeometry
     double cx, cy, fw, fh;
 };
 
-FaceGeometry faceGeometry(const SceneSpec &s)
+bool turnsSideways(int orientation) { return orientation >= 5 && orientation <= 8; }
+int undoOrientation(int orientation) { return orientation == 6 ? 8 : orientation == 8 ? 6 : orientation; }
+
+// The face as the photo is displayed (upright), in display pixels.
+FaceGeometry faceGeometry(const SampleScene &s)
 {
-    return { s.width * 0.72, s.height * 0.5, s.height * 0.26, s.height * 0.34 };
+    const bool sideways = turnsSideways(s.orientation);
+    const double w = sideways ? s.height : s.width, h = sideways ? s.width : s.height;
+    const double side = std::min(w, h);
+    return { w * 0.7, h * 0.5, side * 0.26, side * 0.34 };
 }
 
-// A drawn face: hair, skin, brows, eyes, nose and mouth, enough for a
-// frontal-face detector. Kept for the last size asked for.
-const QImage &faceLayer(const SceneSpec &spec)
+QSize displaySize(const SampleScene &s)
+{
+    return turnsSideways(s.orientation) ? QSize(s.height, s.width) : QSize(s.width, s.height);
+}
+
+// Draws in display pixels, returns the picture in stored pixels.
+QImage storedFromDisplay(const SampleScene &scene, const std::function<void(QPainter &)> &draw)
+{
+    QImage display(displaySize(scene), QImage::Format_ARGB32);
+    display.fill(Qt::transparent);
+    {
+        QPainter p(&display);
+        p.setPen(Qt::NoPen);
+        draw(p);
+    }
+    return applyExifOrientation(display, undoOrientation(scene.orientation));
+}
+
+// A drawn face, upright on display: hair, skin, brows, eyes, nose and mouth,
+// enough for a frontal-face detector. Kept for the last scene asked for.
+const QImage &faceLayer(const SampleScene &scene)
 {
     static QImage layer;
-    if (layer.size() == QSize(spec.width, spec.height))
+    static int layerOrientation = 0;
+    if (layer.size() == QSize(scene.width, scene.height) && layerOrientation == scene.orientation)
         return layer;
-    layer = QImage(spec.width, spec.height, QImage::Format_ARGB32);
-    layer.fill(Qt::transparent);
-    QPainter p(&layer);
-    p.setRenderHint(QPainter::Antialiasing, false);
-    const auto [cx, cy, fw, fh] = faceGeometry(spec);
-    p.setPen(Qt::NoPen);
-    p.setBrush(QColor(40, 30, 25));
-    p.drawEllipse(QPointF(cx, cy - fh * 0.25), fw * 1.08, fh * 0.9);
-    p.setBrush(QColor(232, 182, 150));
-    p.drawEllipse(QPointF(cx, cy + fh * 0.05), fw * 0.95, fh);
-    p.setBrush(QColor(60, 40, 35));
-    p.drawRect(QRectF(cx - fw * 0.62, cy - fh * 0.32, fw * 0.45, fh * 0.07));
-    p.drawRect(QRectF(cx + fw * 0.17, cy - fh * 0.32, fw * 0.45, fh * 0.07));
-    p.setBrush(QColor(50, 35, 30));
-    p.drawEllipse(QPointF(cx - fw * 0.4, cy - fh * 0.12), fw * 0.16, fh * 0.07);
-    p.drawEllipse(QPointF(cx + fw * 0.4, cy - fh * 0.12), fw * 0.16, fh * 0.07);
-    p.setBrush(QColor(190, 135, 110));
-    p.drawEllipse(QPointF(cx, cy + fh * 0.18), fw * 0.14, fh * 0.08);
-    p.setBrush(QColor(150, 70, 70));
-    p.drawEllipse(QPointF(cx, cy + fh * 0.45), fw * 0.35, fh * 0.07);
+    layerOrientation = scene.orientation;
+    const auto [cx, cy, fw, fh] = faceGeometry(scene);
+    layer = storedFromDisplay(scene, [&, cx = cx, cy = cy, fw = fw, fh = fh](QPainter &p) {
+        p.setBrush(QColor(40, 30, 25));
+        p.drawEllipse(QPointF(cx, cy - fh * 0.25), fw * 1.08, fh * 0.9);
+        p.setBrush(QColor(232, 182, 150));
+        p.drawEllipse(QPointF(cx, cy + fh * 0.05), fw * 0.95, fh);
+        p.setBrush(QColor(60, 40, 35));
+        p.drawRect(QRectF(cx - fw * 0.62, cy - fh * 0.32, fw * 0.45, fh * 0.07));
+        p.drawRect(QRectF(cx + fw * 0.17, cy - fh * 0.32, fw * 0.45, fh * 0.07));
+        p.setBrush(QColor(50, 35, 30));
+        p.drawEllipse(QPointF(cx - fw * 0.4, cy - fh * 0.12), fw * 0.16, fh * 0.07);
+        p.drawEllipse(QPointF(cx + fw * 0.4, cy - fh * 0.12), fw * 0.16, fh * 0.07);
+        p.setBrush(QColor(190, 135, 110));
+        p.drawEllipse(QPointF(cx, cy + fh * 0.18), fw * 0.14, fh * 0.08);
+        p.setBrush(QColor(150, 70, 70));
+        p.drawEllipse(QPointF(cx, cy + fh * 0.45), fw * 0.35, fh * 0.07);
+    });
     return layer;
 }
 
 } // namespace
 
-QRect sunRect(const SceneSpec &s) { return { s.width / 8, s.height / 6, s.width / 5, s.height / 4 }; }
-QRect blownRect(const SceneSpec &s) { return { s.width * 5 / 8, s.height / 6, s.width / 8, s.height / 6 }; }
-QRect cheekRect(const SceneSpec &s)
+QRect sunRect(const SampleScene &s) { return { s.width / 8, s.height / 6, s.width / 5, s.height / 4 }; }
+QRect blownRect(const SampleScene &s) { return { s.width * 5 / 8, s.height / 6, s.width / 8, s.height / 6 }; }
+QImage cheekMask(const SampleScene &s)
 {
-    const FaceGeometry f = faceGeometry(s);
-    return QRectF(f.cx - f.fw * 0.7, f.cy + f.fh * 0.05, f.fw * 0.35, f.fh * 0.2).toRect();
+    const auto [cx, cy, fw, fh] = faceGeometry(s);
+    return storedFromDisplay(s, [&, cx = cx, cy = cy, fw = fw, fh = fh](QPainter &p) {
+        p.fillRect(QRectF(cx - fw * 0.7, cy + fh * 0.05, fw * 0.35, fh * 0.2), Qt::white);
+    });
 }
+QRect shadowRect(const SampleScene &s) { return { s.width / 10, s.height * 2 / 3, s.width / 4, s.height / 4 }; }
 
-QRect shadowRect(const SceneSpec &s) { return { s.width / 10, s.height * 2 / 3, s.width / 4, s.height / 4 }; }
-
-void sceneRadiance(const SceneSpec &spec, int x, int y, float rgb[3])
+void sceneRadiance(const SampleScene &scene, int x, int y, float rgb[3])
 {
     // A soft gradient from deep shadow to bright mid-tones, a blue-ish cast on the left.
-    const float t = float(x) / spec.width, v = float(y) / spec.height;
+    const float t = float(x) / scene.width, v = float(y) / scene.height;
     const float base = 0.03f + 0.55f * t * (1.0f - 0.5f * v);
     rgb[0] = base * 0.9f;
     rgb[1] = base;
     rgb[2] = base * (1.1f - 0.2f * t);
-    if (spec.backlit) {
-        rgb[0] = rgb[1] = rgb[2] = y < spec.height / 2 ? 0.85f : 0.015f;
+    if (scene.backlit) {
+        rgb[0] = rgb[1] = rgb[2] = y < scene.height / 2 ? 0.85f : 0.015f;
         return;
     }
-    if (inside(shadowRect(spec), x, y))
+    if (inside(shadowRect(scene), x, y))
         rgb[0] = rgb[1] = rgb[2] = 0.02f;
-    if (inside(sunRect(spec), x, y)) {
+    if (inside(sunRect(scene), x, y)) {
         rgb[0] = 6.0f;
         rgb[1] = 5.6f;
         rgb[2] = 4.8f;
     }
-    if (!spec.face && inside(blownRect(spec), x, y))
+    if (!scene.face && inside(blownRect(scene), x, y))
         rgb[0] = rgb[1] = rgb[2] = 20.0f;
-    if (spec.face) {
-        const QImage &face = faceLayer(spec);
+    if (scene.face) {
+        const QImage &face = faceLayer(scene);
         const QRgb px = face.pixel(x, y);
         if (qAlpha(px) == 255) {
             rgb[0] = srgbDecode(qRed(px));
@@ -196,19 +223,19 @@ void sceneRadiance(const SceneSpec &spec, int x, int y, float rgb[3])
     }
 }
 
-QByteArray makeDng(const SceneSpec &spec)
+QByteArray makeDng(const SampleScene &scene)
 {
-    const int samples = spec.bayer ? 1 : 3;
-    QByteArray pixels(qsizetype(spec.width) * spec.height * samples * 2, '\0');
+    const int samples = scene.bayer ? 1 : 3;
+    QByteArray pixels(qsizetype(scene.width) * scene.height * samples * 2, '\0');
     auto *out = reinterpret_cast<uchar *>(pixels.data());
-    for (int y = 0; y < spec.height; ++y)
-        for (int x = 0; x < spec.width; ++x) {
+    for (int y = 0; y < scene.height; ++y)
+        for (int x = 0; x < scene.width; ++x) {
             float rgb[3];
-            sceneRadiance(spec, x, y, rgb);
-            const size_t at = (size_t(y) * spec.width + x) * samples;
+            sceneRadiance(scene, x, y, rgb);
+            const size_t at = (size_t(y) * scene.width + x) * samples;
             for (int c = 0; c < samples; ++c) {
                 // RGGB: red on even rows and columns, blue on odd ones, green between.
-                const int channel = spec.bayer ? ((y & 1) + (x & 1)) : c;
+                const int channel = scene.bayer ? ((y & 1) + (x & 1)) : c;
                 const double v = std::min(kRawWhite, rgb[channel] * kRawExposure * kRawWhite);
                 qToLittleEndian(quint16(std::lround(v)), out + (at + c) * 2);
             }
@@ -218,17 +245,17 @@ QByteArray makeDng(const SceneSpec &spec)
         { 32406, 10000 }, { -15372, 10000 }, { -4986, 10000 },
         { -9689, 10000 }, { 18758, 10000 }, { 415, 10000 },
         { 557, 10000 }, { -2040, 10000 }, { 10570, 10000 } };
-    QList<TiffEntry> ifd0 = cameraEntries(spec);
-    ifd0 << longEntry(254, 0) << longEntry(256, quint32(spec.width)) << longEntry(257, quint32(spec.height))
-         << shortEntry(259, { 1 }) << longEntry(273, 8) << longEntry(278, quint32(spec.height))
+    QList<TiffEntry> ifd0 = cameraEntries(scene);
+    ifd0 << longEntry(254, 0) << longEntry(256, quint32(scene.width)) << longEntry(257, quint32(scene.height))
+         << shortEntry(259, { 1 }) << longEntry(273, 8) << longEntry(278, quint32(scene.height))
          << longEntry(279, quint32(pixels.size())) << shortEntry(284, { 1 })
          << TiffEntry { 50706, 1, 4, QByteArray("\x01\x04\x00\x00", 4) }
-         << asciiEntry(50708, QStringLiteral("Orvanta ") + spec.model)
+         << asciiEntry(50708, QStringLiteral("Orvanta ") + scene.model)
          << longEntry(50714, 0) << longEntry(50717, quint32(kRawWhite))
          << rationalEntry(50721, 10, xyzToSrgb)
          << rationalEntry(50728, 5, { { 1, 1 }, { 1, 1 }, { 1, 1 } })
          << shortEntry(50778, { 21 });
-    if (spec.bayer)
+    if (scene.bayer)
         ifd0 << shortEntry(258, { 16 }) << shortEntry(262, { 32803 }) << shortEntry(277, { 1 })
              << shortEntry(33421, { 2, 2 }) << TiffEntry { 33422, 1, 4, QByteArray("\x00\x01\x01\x02", 4) };
     else
@@ -236,25 +263,25 @@ QByteArray makeDng(const SceneSpec &spec)
     return buildTiff(ifd0, {}, pixels);
 }
 
-QByteArray makeJpeg(const SceneSpec &spec)
+QByteArray makeJpeg(const SampleScene &scene)
 {
-    QByteArray rgb(qsizetype(spec.width) * spec.height * 3, '\0');
-    for (int y = 0; y < spec.height; ++y)
-        for (int x = 0; x < spec.width; ++x) {
+    QByteArray rgb(qsizetype(scene.width) * scene.height * 3, '\0');
+    for (int y = 0; y < scene.height; ++y)
+        for (int x = 0; x < scene.width; ++x) {
             float lin[3];
-            sceneRadiance(spec, x, y, lin);
+            sceneRadiance(scene, x, y, lin);
             for (int c = 0; c < 3; ++c) {
                 const double l = std::clamp(double(lin[c]), 0.0, 1.0);
                 const double e = l <= 0.0031308 ? 12.92 * l : 1.055 * std::pow(l, 1 / 2.4) - 0.055;
-                rgb[(qsizetype(y) * spec.width + x) * 3 + c] = char(std::lround(e * 255));
+                rgb[(qsizetype(y) * scene.width + x) * 3 + c] = char(std::lround(e * 255));
             }
         }
-    const QByteArray jpeg = encodeJpeg(reinterpret_cast<const uchar *>(rgb.constData()), spec.width,
-                                       spec.height, 3, spec.width * 3, 95);
-    QList<TiffEntry> ifd0 = cameraEntries(spec);
-    if (spec.exifRating)
-        ifd0 << shortEntry(18246, { quint16(*spec.exifRating) });
-    const QByteArray tiff = buildTiff(ifd0, { asciiEntry(36867, spec.dateTimeOriginal) }, {});
+    const QByteArray jpeg = encodeJpeg(reinterpret_cast<const uchar *>(rgb.constData()), scene.width,
+                                       scene.height, 3, scene.width * 3, 95);
+    QList<TiffEntry> ifd0 = cameraEntries(scene);
+    if (scene.exifRating)
+        ifd0 << shortEntry(18246, { quint16(*scene.exifRating) });
+    const QByteArray tiff = buildTiff(ifd0, { asciiEntry(36867, scene.dateTimeOriginal) }, {});
     const QByteArray app1 = QByteArray("Exif\0\0", 6) + tiff;
     QByteArray segment("\xff\xe1", 2);
     segment += char((app1.size() + 2) >> 8);
@@ -262,13 +289,13 @@ QByteArray makeJpeg(const SceneSpec &spec)
     return jpeg.left(2) + segment + app1 + jpeg.mid(2);
 }
 
-bool writePair(const QString &dir, const QString &stem, const SceneSpec &spec)
+bool writePair(const QString &dir, const QString &stem, const SampleScene &scene)
 {
     QDir().mkpath(dir);
     QFile raw(dir + QLatin1Char('/') + stem + QStringLiteral(".DNG"));
     QFile jpg(dir + QLatin1Char('/') + stem + QStringLiteral(".JPG"));
-    return raw.open(QIODevice::WriteOnly) && raw.write(makeDng(spec)) > 0 && jpg.open(QIODevice::WriteOnly)
-        && jpg.write(makeJpeg(spec)) > 0;
+    return raw.open(QIODevice::WriteOnly) && raw.write(makeDng(scene)) > 0 && jpg.open(QIODevice::WriteOnly)
+        && jpg.write(makeJpeg(scene)) > 0;
 }
 
 } // namespace orvanta::samples

@@ -14,7 +14,7 @@
 
 namespace orvanta::samples {
 
-struct SceneSpec
+struct SampleScene
 {
     int width = 240;  // as stored (sensor orientation)
     int height = 160;
@@ -28,21 +28,22 @@ struct SceneSpec
 };
 
 // The bright "sun" the RAW holds above white (about 2.6 stops), in stored pixels.
-QRect sunRect(const SceneSpec &spec);
+QRect sunRect(const SampleScene &scene);
 // A region the RAW clips as well (above its white level).
-QRect blownRect(const SceneSpec &spec);
-// A patch of skin on the drawn face's cheek (with `face`).
-QRect cheekRect(const SceneSpec &spec);
+QRect blownRect(const SampleScene &scene);
+// A patch of skin on the drawn face's cheek (with `face`), white on
+// transparent, in stored pixels. The face is drawn upright as displayed.
+QImage cheekMask(const SampleScene &scene);
 // A dark region with no highlight.
-QRect shadowRect(const SceneSpec &spec);
+QRect shadowRect(const SampleScene &scene);
 
 // Scene radiance, linear, 1.0 = the JPG's white.
-void sceneRadiance(const SceneSpec &spec, int x, int y, float rgb[3]);
+void sceneRadiance(const SampleScene &scene, int x, int y, float rgb[3]);
 
-QByteArray makeDng(const SceneSpec &spec);
-QByteArray makeJpeg(const SceneSpec &spec);
+QByteArray makeDng(const SampleScene &scene);
+QByteArray makeJpeg(const SampleScene &scene);
 
 // Writes <dir>/<stem>.DNG and <dir>/<stem>.JPG.
-bool writePair(const QString &dir, const QString &stem, const SceneSpec &spec = {});
+bool writePair(const QString &dir, const QString &stem, const SampleScene &scene = {});
 
 } // namespace orvanta::samples

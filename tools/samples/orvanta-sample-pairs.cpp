@@ -20,25 +20,25 @@ int main(int argc, char *argv[])
         return 1;
     }
     const int count = args.size() > 2 ? args[2].toInt() : 4;
-    SceneSpec spec;
-    spec.bayer = true;
+    SampleScene scene;
+    scene.bayer = true;
     if (args.size() > 4) {
-        spec.width = args[3].toInt() & ~1;
-        spec.height = args[4].toInt() & ~1;
+        scene.width = args[3].toInt() & ~1;
+        scene.height = args[4].toInt() & ~1;
     } else {
-        spec.width = 1536;
-        spec.height = 1024;
+        scene.width = 1536;
+        scene.height = 1024;
     }
-    if (count < 1 || spec.width < 64 || spec.height < 64) {
+    if (count < 1 || scene.width < 64 || scene.height < 64) {
         std::fputs("orvanta-sample-pairs: COUNT >= 1, WIDTH and HEIGHT >= 64\n", stderr);
         return 1;
     }
     for (int i = 0; i < count; ++i) {
-        spec.face = i % 2 == 1;
-        spec.orientation = i % 4 == 3 ? 6 : 1;
-        spec.exifRating = i % 5 + 1;
+        scene.face = i % 2 == 1;
+        scene.orientation = i % 4 == 3 ? 6 : 1;
+        scene.exifRating = i % 5 + 1;
         const QString stem = u"SAMPLE_%1"_s.arg(i + 1, 4, 10, QLatin1Char('0'));
-        if (!writePair(args[1], stem, spec)) {
+        if (!writePair(args[1], stem, scene)) {
             std::fprintf(stderr, "orvanta-sample-pairs: cannot write %s\n", qPrintable(args[1]));
             return 2;
         }
