@@ -19,6 +19,11 @@ namespace orvanta::exiv {
 namespace {
 
 std::mutex s_xmpMutex;
+// exiv2 0.27 does not promise that two threads may parse files at the same
+// time (its image factory and XMP toolkit keep process-wide state), so every
+// read through this adapter is serialised. A read takes milliseconds; the thumbnail loader and
+// the metadata readers never notice the wait.
+std::mutex s_readMutex;
 
 void lockXmp(void *, bool lock)
 {
@@ -155,6 +160,7 @@ void initializeExiv2()
 std::optional<ExifTags> readTags(const QString &path)
 {
     initializeExiv2();
+    const std::lock_guard lock(s_readMutex);
     try {
         const auto image = openImage(path);
         if (!image)
@@ -170,6 +176,7 @@ std::optional<ExifTags> readTags(const QString &path)
 std::optional<EmbeddedPreview> embeddedPreview(const QString &path, int minLongSide)
 {
     initializeExiv2();
+    const std::lock_guard lock(s_readMutex);
     try {
         const auto image = openImage(path);
         if (!image)

@@ -432,8 +432,19 @@ private slots:
         QCOMPARE(int(filesUnder(m_dest).size()), finished);
     }
 
+    void terminateStopsAtOnceWithoutPartialFiles_data()
+    {
+        QTest::addColumn<bool>("interruptFirst");
+        QTest::addColumn<int>("exitStatus");
+        QTest::newRow("terminate alone is a failure") << false << 143;
+        // The application escalates a user's stop this way; it stays a cancellation.
+        QTest::newRow("terminate after an interrupt is a cancellation") << true << 130;
+    }
+
     void terminateStopsAtOnceWithoutPartialFiles()
     {
+        QFETCH(bool, interruptFirst);
+        QFETCH(int, exitStatus);
         SampleScene big;
         big.width = 1800;
         big.height = 1200;
@@ -442,8 +453,10 @@ private slots:
         EngineProcess engine(runArgs({ u"-w"_s, u"1"_s }));
         engine.start();
         QTRY_VERIFY_WITH_TIMEOUT(!engine.events(u"item_start"_s).isEmpty(), 60000);
+        if (interruptFirst)
+            ::kill(pid_t(engine.pid()), SIGINT);
         ::kill(pid_t(engine.pid()), SIGTERM);
-        QCOMPARE(engine.run(), 143);
+        QCOMPARE(engine.run(), exitStatus);
         QVERIFY(engine.events(u"batch_done"_s).isEmpty());
         for (const QString &file : filesUnder(m_dest))
             QVERIFY2(!file.endsWith(u".part"_s), qPrintable(file));

@@ -5,7 +5,7 @@
 #include "OutputNaming.h"
 #include "SystemLoad.h"
 
-#include "ExifTagsLocked.h"
+#include "media/ExivAdapter.h"
 #include "media/ExivAdapter.h"
 
 #include <QDateTime>
@@ -37,7 +37,7 @@ constexpr qint64 kCanaryMinimumBytes = 512ll << 20;
 NamingFacts factsFor(const PhotoPair &pair, const QString &profileId)
 {
     NamingFacts facts { pair.stem, profileId, {}, {}, pair.rating.value_or(0) };
-    const auto tags = readTagsLocked(pair.jpgPath);
+    const auto tags = exiv::readTags(pair.jpgPath);
     if (tags && tags->dateTimeOriginal && tags->dateTimeOriginal->size() >= 10)
         facts.date = tags->dateTimeOriginal->left(10).replace(u':', u'-');
     if (facts.date.isEmpty())
@@ -157,6 +157,14 @@ void BatchRunner::terminateNow()
     m_terminating = true;
     for (const QString &path : std::as_const(m_temps))
         QFile::remove(path);
+    // A terminate that follows an interrupt is the application escalating a
+    // stop the user asked for: the items in flight are abandoned, but the
+    // run still ends as a cancellation rather than as a failure.
+    if (g_interrupt) {
+        m_log.line(u"⚠️ Interrupted: items in flight abandoned, partial files removed"_s);
+        std::fflush(stdout);
+        ::_exit(ExitInterrupted);
+    }
     m_log.line(u"⚠️ Terminated: partial files removed"_s);
     std::fflush(stdout);
     ::_exit(ExitTerminated);
@@ -245,7 +253,10 @@ void BatchRunner::workerLoop(int workerId)
         const int i = m_next++;
         if (i >= m_pending.size())
             return;
-        processPair(m_pending[i], i + 1);
+        // Read-only access: the list still shares its data with the scan
+        // result, and a non-const operator[] would detach it from several
+        // workers at once.
+        processPair(std::as_const(m_pending).at(i), i + 1);
     }
 }
 

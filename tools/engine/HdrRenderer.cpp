@@ -6,7 +6,7 @@
 #include "hdr/UltraHdrDecoder.h"
 #include "hdr/UltraHdrWriter.h"
 #include "media/ExifOrientation.h"
-#include "ExifTagsLocked.h"
+#include "media/ExivAdapter.h"
 #include "media/ExivAdapter.h"
 
 #include <QFile>
@@ -288,7 +288,7 @@ RenderResult renderPair(const RenderRequest &request)
     const QImage work = scale > 1 ? decodeJpeg(jpgBytes, scale, result.error) : full;
     if (work.isNull())
         return result;
-    const auto tags = readTagsLocked(request.jpgPath);
+    const auto tags = exiv::readTags(request.jpgPath);
     const int orientation = tags && tags->orientation ? *tags->orientation : 1;
 
     RawDevelopment raw = developRaw(request.rawPath, work.size(), orientation);
