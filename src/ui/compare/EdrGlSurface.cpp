@@ -111,6 +111,7 @@ bool differsOnlyInSplit(const EdrFrameState &a, const EdrFrameState &b)
 
 EdrGlSurface::~EdrGlSurface()
 {
+    disconnect(m_contextGone);
     if (context() && isValid()) {
         makeCurrent();
         releaseGl();
@@ -143,7 +144,8 @@ void EdrGlSurface::setPictures(const QImage &sdr, const QImage &hdr)
 void EdrGlSurface::initializeGL()
 {
     initializeOpenGLFunctions();
-    connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, [this] {
+    disconnect(m_contextGone);
+    m_contextGone = connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, [this] {
         // The pictures went with the context; the next pair brings new ones.
         makeCurrent();
         releaseGl();

@@ -85,6 +85,9 @@ private:
 
     StateSource m_source;
     std::unique_ptr<QOpenGLShaderProgram> m_program;
+    // Cut in the destructor: QOpenGLWidget destroys the context after this
+    // class is gone, and the handler must not run on the remains.
+    QMetaObject::Connection m_contextGone;
     std::unique_ptr<QOpenGLVertexArrayObject> m_vao;
     unsigned m_sdrTexture = 0;
     unsigned m_hdrTexture = 0;
