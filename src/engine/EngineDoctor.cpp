@@ -38,6 +38,14 @@ EngineDoctorQuery::EngineDoctorQuery(QObject *parent)
 {
 }
 
+EngineDoctorQuery::~EngineDoctorQuery()
+{
+    if (m_process->state() != QProcess::NotRunning) {
+        m_process->kill();
+        m_process->waitForFinished(1000);
+    }
+}
+
 EngineDoctorQuery *EngineDoctorQuery::start(const QString &enginePath, QObject *parent)
 {
     const QFileInfo info(enginePath);

@@ -25,6 +25,9 @@ public:
     // Starts a query when `enginePath` is an executable named "orvanta_engine"
     // (engines of other names are not known to answer); null otherwise.
     static EngineDoctorQuery *start(const QString &enginePath, QObject *parent);
+    // A query still running when its owner goes (the application quitting)
+    // ends its engine rather than leaving it behind.
+    ~EngineDoctorQuery() override;
 
 signals:
     // Only for a well-formed report; a failed or silent engine sends nothing.

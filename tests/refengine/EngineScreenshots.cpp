@@ -149,8 +149,7 @@ bool shootCompare(AppViewModel &model, HistoryView &history, const QString &out)
         qWarning("the compare window did not load the pair");
         return false;
     }
-    // Room for the toolbar and the inspector side by side with the picture.
-    view->resize(1600, 1000);
+    // The window opens at its own size and makes room for the inspector itself.
     CompareState state = view->state();
     state.isInspectorPresented = true;
     view->setState(state);

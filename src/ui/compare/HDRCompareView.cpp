@@ -19,6 +19,9 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSlider>
 #include <QToolButton>
@@ -137,8 +140,18 @@ void HDRCompareView::buildLayout()
         m_inspector = m_provider->createInspector(m_model, this);
         m_histogram = m_provider->createHistogram(m_model, m_viewer);
     }
-    if (m_inspector)
-        root->addWidget(m_inspector);
+    if (m_inspector) {
+        auto *pane = new QScrollArea(this);
+        pane->setObjectName(u"inspectorPane"_s);
+        pane->setFrameShape(QFrame::NoFrame);
+        pane->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        pane->setWidgetResizable(true);
+        pane->setWidget(m_inspector);
+        pane->setFixedWidth(m_inspector->sizeHint().width()
+                            + pane->verticalScrollBar()->sizeHint().width());
+        m_inspectorPane = pane;
+        root->addWidget(pane);
+    }
     m_toolbar->inspector->setVisible(m_inspector != nullptr);
     m_toolbar->histogram->setVisible(m_histogram != nullptr);
 }
@@ -301,8 +314,12 @@ void HDRCompareView::syncVisibility()
     m_toolbar->setVisible(!clean);
     m_banner->setVisible(!clean && !(headroom > kBannerHeadroom));
     m_footer->setVisible(!clean);
-    if (m_inspector)
-        m_inspector->setVisible(!clean && s.isInspectorPresented);
+    if (m_inspectorPane) {
+        const bool wasShown = m_inspectorPane->isVisible();
+        m_inspectorPane->setVisible(!clean && s.isInspectorPresented);
+        if (!wasShown && m_inspectorPane->isVisible())
+            makeRoomForInspector();
+    }
     if (m_histogram)
         m_histogram->setVisible(!clean && s.isHistogramPresented);
     m_sdrLabel->setVisible(!clean && s.compareMode != EDRCompareMode::HdrOnly);
@@ -359,6 +376,20 @@ bool HDRCompareView::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_viewer && event->type() == QEvent::Resize)
         placeOverlays();
     return QWidget::eventFilter(watched, event);
+}
+
+// The panel takes its width from the picture; a window too narrow for the
+// toolbar beside the panel grows, as far as its screen allows.
+void HDRCompareView::makeRoomForInspector()
+{
+    const int needed = m_toolbar->sizeHint().width() + m_inspectorPane->width();
+    if (width() >= needed || !isWindow())
+        return;
+    int target = needed;
+    if (const QScreen *shown = screen())
+        target = std::min(target, shown->availableGeometry().width());
+    if (target > width())
+        resize(target, height());
 }
 
 } // namespace orvanta

@@ -81,6 +81,7 @@ private:
     void sync();
     void syncControls();
     void syncVisibility();
+    void makeRoomForInspector();
     void placeOverlays();
     void showReadout(const std::optional<EdrPixelReadout> &readout);
     QLabel *overlayLabel(const QString &name);
@@ -109,6 +110,7 @@ private:
     QLabel *m_notice = nullptr;
     QLabel *m_readout = nullptr;
     QWidget *m_inspector = nullptr;
+    QWidget *m_inspectorPane = nullptr; // scrolls the inspector when it is taller than the window
     QWidget *m_histogram = nullptr;
     FileManager *m_fileManager = nullptr;
 };
