@@ -8,6 +8,7 @@
 
 #include "app/AppMenus.h"
 #include "app/ComparePanels.h"
+#include "common/ScreenshotSupport.h"
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
 #include "i18n/LocalizationService.h"
@@ -33,23 +34,13 @@
 using namespace orvanta;
 using namespace Qt::StringLiterals;
 
-namespace {
+using test::waitFor;
 
-bool waitFor(const std::function<bool()> &condition, int ms)
-{
-    QDeadlineTimer deadline(ms);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
-        QThread::msleep(10);
-    }
-    return true;
-}
+namespace {
 
 void settle()
 {
-    waitFor([] { return false; }, 300);
+    test::pumpEvents(300);
 }
 
 constexpr int kPairs = 10;

@@ -7,6 +7,7 @@
 // The running and console states drive a real batch through the scriptable
 // test engine; the console state shows it with the console drawer open.
 #include "app/AppMenus.h"
+#include "common/ScreenshotSupport.h"
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
 #include "i18n/LocalizationService.h"
@@ -28,26 +29,13 @@
 using namespace orvanta;
 using namespace Qt::StringLiterals;
 
-namespace {
+using test::waitFor;
 
-bool waitFor(const std::function<bool()> &condition, int ms)
-{
-    QDeadlineTimer deadline(ms);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
-        QThread::msleep(10);
-    }
-    return true;
-}
+namespace {
 
 void settle()
 {
-    for (int i = 0; i < 10; ++i) {
-        QCoreApplication::processEvents();
-        QThread::msleep(20);
-    }
+    test::pumpEvents(200);
 }
 
 QString eventLine(const QString &json)

@@ -4,6 +4,7 @@
 //
 //   orvanta_history_screenshot --shot history|inspector|histogram-luma|histogram-rgb
 //                              --lang en|de|fr|es|ja|zh-Hans|zh-Hant --out FILE.png
+#include "common/ScreenshotSupport.h"
 #include "ui/history/HistoryViewFixtures.h"
 
 #include "core/AppViewModel.h"
@@ -36,24 +37,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool waitFor(const std::function<bool()> &condition, int ms)
-{
-    QDeadlineTimer deadline(ms);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
-        QThread::msleep(10);
-    }
-    return true;
-}
-
 void settle()
 {
-    for (int i = 0; i < 15; ++i) {
-        QCoreApplication::processEvents();
-        QThread::msleep(20);
-    }
+    test::pumpEvents(300);
 }
 
 // A small landscape: sky, sun, two mountain ridges and water, in a hue of its own.
