@@ -103,6 +103,19 @@ void addSymbolRow(QVBoxLayout *layout, const QString &symbol, const QString &key
     layout->addLayout(row);
 }
 
+// A section of label/value rows under its header: returns the grid to fill.
+QGridLayout *rowSection(QWidget *section, const QString &symbol, const QString &title)
+{
+    auto *layout = new QVBoxLayout(section);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(sectionHeader(symbol, title, section));
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(12);
+    grid->setColumnStretch(1, 1);
+    layout->addLayout(grid);
+    return grid;
+}
+
 } // namespace
 
 InspectorView::InspectorView(AppViewModel &model, QWidget *parent)
@@ -261,12 +274,7 @@ QWidget *InspectorView::buildExposureSection()
 QWidget *InspectorView::buildHdrRows()
 {
     auto *section = new QWidget(this);
-    auto *layout = new QVBoxLayout(section);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(sectionHeader(u"sun.max.fill"_s, m_model.t("inspector_sec_hdr"), section));
-    auto *grid = new QGridLayout;
-    grid->setHorizontalSpacing(12);
-    grid->setColumnStretch(1, 1);
+    QGridLayout *grid = rowSection(section, u"sun.max.fill"_s, m_model.t("inspector_sec_hdr"));
     // Rows whose value the history does not have are left out, not shown empty.
     if (m_record.peakStops) {
         const double stops = *m_record.peakStops;
@@ -284,23 +292,16 @@ QWidget *InspectorView::buildHdrRows()
                formatPrintf(u"%.3f%%"_s, {*m_record.rawClipPct}), section);
     }
     addRow(grid, m_model.t("inspector_engine_version"), u"inspector_engine_version"_s, u"V30 Cython Native"_s, section);
-    layout->addLayout(grid);
     return section;
 }
 
 QWidget *InspectorView::buildFileSection()
 {
     auto *section = new QWidget(this);
-    auto *layout = new QVBoxLayout(section);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(sectionHeader(u"display"_s, m_model.t("inspector_sec_file_display"), section));
-    auto *grid = new QGridLayout;
-    grid->setHorizontalSpacing(12);
-    grid->setColumnStretch(1, 1);
+    QGridLayout *grid = rowSection(section, u"display"_s, m_model.t("inspector_sec_file_display"));
     addRow(grid, m_model.t("inspector_resolution"), u"inspector_resolution"_s, m_metadata.resolutionString(), section);
     addRow(grid, m_model.t("inspector_filesize"), u"inspector_filesize"_s, m_metadata.fileSizeString(), section);
     addRow(grid, m_model.t("inspector_display_cap"), u"inspector_display_cap"_s, displayText(), section);
-    layout->addLayout(grid);
     return section;
 }
 
