@@ -13,7 +13,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         return 0;
     if (!block.metadata->isValid())
         __builtin_trap();
-    const orvanta::IsoBlock again = orvanta::parseIsoBlock(orvanta::serializeIsoBlock(*block.metadata));
+    const orvanta::IsoBlock again
+        = orvanta::parseIsoBlock(orvanta::serializeIsoBlock(*block.metadata));
     if (!again.metadata || again.metadata->channelCount != block.metadata->channelCount)
         __builtin_trap();
     return 0;

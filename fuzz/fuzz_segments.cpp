@@ -13,7 +13,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         __builtin_trap();
     orvanta::exifOrientation(bytes, stream);
     const orvanta::UltraHdrLayout layout = orvanta::inspectUltraHdr(bytes);
-    if (layout.gainMap && (layout.gainMap->start < layout.primary.end || layout.gainMap->end > bytes.size()))
+    if (layout.gainMap
+        && (layout.gainMap->start < layout.primary.end || layout.gainMap->end > bytes.size()))
         __builtin_trap();
     return 0;
 }

@@ -6,10 +6,11 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    const orvanta::XmpPacket packet = orvanta::parseXmp(
-        QByteArrayView(reinterpret_cast<const char *>(data), qsizetype(size)));
+    const orvanta::XmpPacket packet
+        = orvanta::parseXmp(QByteArrayView(reinterpret_cast<const char *>(data), qsizetype(size)));
     QString why;
-    const std::optional<orvanta::GainMapMetadata> metadata = orvanta::gainMapMetadataFromXmp(packet, &why);
+    const std::optional<orvanta::GainMapMetadata> metadata
+        = orvanta::gainMapMetadataFromXmp(packet, &why);
     if (metadata && !metadata->isValid())
         __builtin_trap(); // only validated values leave the reader
     return 0;

@@ -30,7 +30,8 @@ QImage picture(int w, int h, QImage::Format format, float boost)
     QImage image(w, h, format);
     for (int y = 0; y < h; ++y)
         for (int x = 0; x < w; ++x)
-            image.setPixelColor(x, y, QColor::fromRgbF(float(x) / w * boost, float(y) / h * boost, 0.5f * boost));
+            image.setPixelColor(
+                x, y, QColor::fromRgbF(float(x) / w * boost, float(y) / h * boost, 0.5f * boost));
     return image;
 }
 
@@ -47,7 +48,8 @@ int main(int argc, char *argv[])
     const QImage hdr = picture(24, 16, QImage::Format_RGBA32FPx4, 3.0f);
     int n = 0;
     for (const bool multi : { false, true }) {
-        for (const auto &[xmp, iso] : { std::pair { true, true }, std::pair { false, true }, std::pair { true, false } }) {
+        for (const auto &[xmp, iso] :
+             { std::pair { true, true }, std::pair { false, true }, std::pair { true, false } }) {
             UltraHdrEncodeOptions options;
             options.multiChannel = multi;
             options.writeXmp = xmp;
@@ -65,6 +67,7 @@ int main(int argc, char *argv[])
     write(dir, QStringLiteral("iso"), n, isoVersionBlock());
     write(dir, QStringLiteral("mpf"), 0, buildMpf(1498, 883, 775));
     const QImage rgb = sdr.convertToFormat(QImage::Format_RGB888);
-    write(dir, QStringLiteral("decode"), n, encodeJpeg(rgb.constBits(), rgb.width(), rgb.height(), 3, rgb.bytesPerLine(), 80));
+    write(dir, QStringLiteral("decode"), n,
+          encodeJpeg(rgb.constBits(), rgb.width(), rgb.height(), 3, rgb.bytesPerLine(), 80));
     return 0;
 }

@@ -2,7 +2,8 @@
 // dragging the divider across the picture, and panning at 5x. Each frame is
 // one input event followed by a synchronous repaint that waits for the GPU.
 // Run under a real X server:
-//   xvfb-run -a -s "-screen 0 1920x1080x24" build/bench/compare/bench_compareviewer [WIDTH HEIGHT] [FRAMES]
+//   xvfb-run -a -s "-screen 0 1920x1080x24" build/bench/compare/bench_compareviewer [WIDTH HEIGHT]
+//   [FRAMES]
 // defaults 6000 4000 120
 #include "../../tests/ui/compare/CompareScene.h"
 #include "core/AppViewModel.h"
@@ -88,7 +89,8 @@ QImage enlarged(const QImage &small, int width, int height, float scale = 1.0f)
 {
     QImage image(width, height, QImage::Format_RGBA16FPx4);
     for (int y = 0; y < height; ++y) {
-        const auto *in = reinterpret_cast<const qfloat16 *>(small.constScanLine(std::min(y / 4, small.height() - 1)));
+        const auto *in = reinterpret_cast<const qfloat16 *>(
+            small.constScanLine(std::min(y / 4, small.height() - 1)));
         auto *out = reinterpret_cast<qfloat16 *>(image.scanLine(y));
         for (int x = 0; x < width; ++x) {
             const qfloat16 *p = in + 4 * std::min(x / 4, small.width() - 1);
@@ -106,9 +108,10 @@ void report(const char *what, const std::vector<double> &ms)
     const Figures f = figures(ms);
     const Figures p = figures(g_paintMs);
     const Figures c = figures(g_cpuMs);
-    std::printf("%-26s %3zu frames  wall median %6.2f  p90 %6.2f  worst %6.2f ms | drawing median %6.2f ms"
-                " | CPU per frame median %6.2f ms\n",
-                what, ms.size(), f.median, f.p90, f.worst, p.median, c.median);
+    std::printf(
+        "%-26s %3zu frames  wall median %6.2f  p90 %6.2f  worst %6.2f ms | drawing median %6.2f ms"
+        " | CPU per frame median %6.2f ms\n",
+        what, ms.size(), f.median, f.p90, f.worst, p.median, c.median);
 }
 
 } // namespace
@@ -146,11 +149,13 @@ int main(int argc, char *argv[])
     QElapsedTimer timer;
     timer.start();
     EdrPicturePair pair;
-    pair.hdr = enlarged(test::sceneHdr(width / 4, height / 4, QImage::Format_RGBA16FPx4), width, height);
-    pair.sdr = enlarged(test::sceneHdr(width / 4, height / 4, QImage::Format_RGBA16FPx4), width, height, 0.9f);
+    pair.hdr
+        = enlarged(test::sceneHdr(width / 4, height / 4, QImage::Format_RGBA16FPx4), width, height);
+    pair.sdr = enlarged(test::sceneHdr(width / 4, height / 4, QImage::Format_RGBA16FPx4), width,
+                        height, 0.9f);
     pair.imageSize = QSizeF(width, height);
-    std::printf("pair %dx%d (%.1f MP) generated in %.0f ms\n", width, height, width * double(height) / 1e6,
-                timer.nsecsElapsed() / 1e6);
+    std::printf("pair %dx%d (%.1f MP) generated in %.0f ms\n", width, height,
+                width * double(height) / 1e6, timer.nsecsElapsed() / 1e6);
     QSignalSpy uploaded(viewer->surface(), &EdrGlSurface::picturesUploaded);
     timer.restart();
     viewer->setPictures(pair);
@@ -167,22 +172,24 @@ int main(int argc, char *argv[])
     std::vector<QPointF> divider;
     for (int i = 0; i < frames; ++i) {
         const double t = 0.5 - 0.5 * std::cos(2.0 * M_PI * i / frames);
-        divider.emplace_back(QPointF(area.width() * (0.5 + 0.4 * (t * 2.0 - 1.0)), area.height() * 0.5).toPoint());
+        divider.emplace_back(
+            QPointF(area.width() * (0.5 + 0.4 * (t * 2.0 - 1.0)), area.height() * 0.5).toPoint());
     }
     divider.front() = QPointF(area.width() * 0.5, area.height() * 0.5);
     report("divider drag (fit)", timedDrag(viewer, divider));
 
     // Zoom to 5x, then pan in a circle starting away from the divider.
     const QPointF centre(QPoint(area.width() / 4, area.height() / 2));
-    QNativeGestureEvent pinch(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2, centre,
-                              centre, viewer->mapToGlobal(centre), 4.0, {});
+    QNativeGestureEvent pinch(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
+                              centre, centre, viewer->mapToGlobal(centre), 4.0, {});
     QApplication::sendEvent(viewer, &pinch);
     std::printf("zoom %.1fx\n", viewer->model().zoomScale());
     std::vector<QPointF> pan;
     for (int i = 0; i < frames; ++i) {
         const double a = 2.0 * M_PI * i / frames;
         // Whole points, as a mouse reports them.
-        pan.emplace_back((centre + QPointF(120.0 * std::sin(a), 90.0 * (1.0 - std::cos(a)))).toPoint());
+        pan.emplace_back(
+            (centre + QPointF(120.0 * std::sin(a), 90.0 * (1.0 - std::cos(a)))).toPoint());
     }
     report("pan at 5x", timedDrag(viewer, pan));
 

@@ -55,7 +55,8 @@ QImage makeHdr(const QByteArray &primary)
     for (int y = 0; y < hdr.height(); ++y) {
         auto *p = reinterpret_cast<qfloat16 *>(hdr.scanLine(y));
         for (int x = 0; x < hdr.width(); ++x) {
-            const float luma = 0.2126f * float(p[4 * x]) + 0.7152f * float(p[4 * x + 1]) + 0.0722f * float(p[4 * x + 2]);
+            const float luma = 0.2126f * float(p[4 * x]) + 0.7152f * float(p[4 * x + 1])
+                + 0.0722f * float(p[4 * x + 2]);
             const float boost = std::exp2(3.0f * std::clamp((luma - 0.4f) / 0.6f, 0.0f, 1.0f));
             for (int c = 0; c < 3; ++c)
                 p[4 * x + c] = qfloat16(float(p[4 * x + c]) * boost);
@@ -99,8 +100,8 @@ int main(int argc, char *argv[])
     const int runs = args.size() > 3 ? args[3].toInt() : 5;
     QTemporaryDir dir;
 
-    std::printf("picture %d x %d (%.1f MP), %d runs each, median, %d threads\n", w, h, w * h / 1e6, runs,
-                QThread::idealThreadCount());
+    std::printf("picture %d x %d (%.1f MP), %d runs each, median, %d threads\n", w, h, w * h / 1e6,
+                runs, QThread::idealThreadCount());
     const QImage sdr = makeSdr(w, h);
     const QByteArray primary = encodeJpeg(sdr.constBits(), w, h, 3, sdr.bytesPerLine(), 90);
     const QImage hdr = makeHdr(primary);
@@ -109,7 +110,8 @@ int main(int argc, char *argv[])
     options.mapScale = 4;
     options.mapQuality = 90;
     UltraHdrEncodeResult encoded;
-    const double encodeMs = timeMs(runs, [&] { encoded = encodeUltraHdr(QByteArrayView(primary), hdr, options); });
+    const double encodeMs
+        = timeMs(runs, [&] { encoded = encodeUltraHdr(QByteArrayView(primary), hdr, options); });
     if (!encoded.error.isEmpty()) {
         std::fprintf(stderr, "encode failed: %s\n", qPrintable(encoded.error));
         return 1;
@@ -134,17 +136,19 @@ int main(int argc, char *argv[])
     if (!djpeg.isEmpty()) {
         djpegMs = timeMs(runs, [&] {
             QProcess process;
-            process.start(djpeg, { QStringLiteral("-outfile"), QStringLiteral("/dev/null"), primaryPath });
+            process.start(djpeg,
+                          { QStringLiteral("-outfile"), QStringLiteral("/dev/null"), primaryPath });
             process.waitForFinished(-1);
         });
     }
     std::printf("encode (gain map from 24 MP HDR)   %8.1f ms\n", encodeMs);
-    std::printf("decode to half floats, map applied %8.1f ms%s\n", decodeMs, applied ? "" : "  (MAP NOT APPLIED)");
+    std::printf("decode to half floats, map applied %8.1f ms%s\n", decodeMs,
+                applied ? "" : "  (MAP NOT APPLIED)");
     std::printf("decode to half floats, SDR only    %8.1f ms\n", sdrMs);
     std::printf("histogram from file                %8.1f ms\n", histogramMs);
     if (djpegMs > 0)
-        std::printf("djpeg primary -> /dev/null         %8.1f ms   decode / djpeg = %.2fx\n", djpegMs,
-                    decodeMs / djpegMs);
+        std::printf("djpeg primary -> /dev/null         %8.1f ms   decode / djpeg = %.2fx\n",
+                    djpegMs, decodeMs / djpegMs);
     else
         std::printf("djpeg not found: run scripts/install-bench-deps.sh\n");
     return 0;

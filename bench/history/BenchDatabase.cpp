@@ -51,7 +51,7 @@ bool generate(const QString &path, int rows, bool indexed)
     const QDateTime start(QDate(2023, 1, 1), QTime(0, 0), Qt::UTC);
     qint64 seconds = 0;
     for (int i = 0; i < rows; ++i) {
-        static const char *const prefixes[] = {"DSC", "IMG_", "_MG_", "P"};
+        static const char *const prefixes[] = { "DSC", "IMG_", "_MG_", "P" };
         const QByteArray stem = QByteArray(prefixes[random.bounded(4)])
             + QByteArray::number(random.bounded(100000)).rightJustified(5, '0');
         const QByteArray fingerprint

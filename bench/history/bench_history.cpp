@@ -113,7 +113,7 @@ QList<double> shellTimes(const QString &shell, const QString &db, const QString 
     for (int r = 0; r < runs; ++r)
         script += statements.join(u'\n') + u'\n';
     QProcess process;
-    process.start(shell, {u"-readonly"_s, db});
+    process.start(shell, { u"-readonly"_s, db });
     process.write(script.toUtf8());
     process.closeWriteChannel();
     process.waitForFinished(-1);
@@ -158,8 +158,8 @@ void benchStatements(const Options &options, const QString &db, const QString &s
         const QString column = columnFor(field);
         const QList<double> theirs
             = shellTimes(shell, db, options.search,
-                         {sql.stats1, sql.stats2, sql.count, sql.page(column, false, 80, 0),
-                          sql.page(column, false, 50, 80)},
+                         { sql.stats1, sql.stats2, sql.count, sql.page(column, false, 80, 0),
+                           sql.page(column, false, 50, 80) },
                          options.runs);
         std::printf(" sort %s (descending), search \"%s\":\n", qPrintable(rawValue(field)),
                     qPrintable(options.search));
@@ -209,7 +209,7 @@ void benchModel(const Options &options, const QString &dataHome)
                 longestStallNs / 1e6);
     // One changed value per request, so each request is exactly one refresh.
     for (HistorySortField field : allHistorySortFields()) {
-        for (bool flip : {false, true}) {
+        for (bool flip : { false, true }) {
             if (!flip && model.historySortField() == field)
                 continue; // already sorted by it: setting it again asks for nothing
             const double wall = waitForRefresh([&] {
@@ -238,11 +238,11 @@ int main(int argc, char *argv[])
 
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOption({u"rows"_s, u"Rows in the generated table."_s, u"n"_s, u"1000000"_s});
-    parser.addOption({u"dir"_s, u"Where the databases are kept between runs."_s, u"path"_s,
-                      QDir::tempPath() + u"/orvanta-bench-history"_s});
-    parser.addOption({u"runs"_s, u"Runs per statement (the median is shown)."_s, u"n"_s, u"5"_s});
-    parser.addOption({u"search"_s, u"Stem search text."_s, u"text"_s, u"DSC1"_s});
+    parser.addOption({ u"rows"_s, u"Rows in the generated table."_s, u"n"_s, u"1000000"_s });
+    parser.addOption({ u"dir"_s, u"Where the databases are kept between runs."_s, u"path"_s,
+                       QDir::tempPath() + u"/orvanta-bench-history"_s });
+    parser.addOption({ u"runs"_s, u"Runs per statement (the median is shown)."_s, u"n"_s, u"5"_s });
+    parser.addOption({ u"search"_s, u"Stem search text."_s, u"text"_s, u"DSC1"_s });
     parser.process(app);
     Options options;
     options.rows = parser.value(u"rows"_s).toInt();
@@ -258,7 +258,7 @@ int main(int argc, char *argv[])
     std::printf("SQLite %s, %d rows, median of %d runs\n", sqlite3_libversion(), options.rows,
                 options.runs);
 
-    for (bool indexed : {false, true}) {
+    for (bool indexed : { false, true }) {
         const QString dataHome = options.dir + (indexed ? u"/indexed"_s : u"/bare"_s);
         const QString db = dataHome + u"/Orvanta/pipeline_state.db"_s;
         QDir().mkpath(QFileInfo(db).absolutePath());

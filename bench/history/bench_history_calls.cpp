@@ -14,9 +14,8 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <vector>
-
 #include <sqlite3.h>
+#include <vector>
 
 using namespace orvanta;
 
@@ -42,8 +41,7 @@ double rawFigures(const QByteArray &path)
            "SELECT processed_at FROM processed_files ORDER BY processed_at DESC LIMIT 1" }) {
         sqlite3_stmt *statement = nullptr;
         sqlite3_prepare_v2(db, sql, -1, &statement, nullptr);
-        while (sqlite3_step(statement) == SQLITE_ROW) {
-        }
+        while (sqlite3_step(statement) == SQLITE_ROW) { }
         sqlite3_finalize(statement);
     }
     sqlite3_close(db);

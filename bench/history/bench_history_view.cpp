@@ -97,8 +97,8 @@ void benchSearch(const QString &dataHome, int rows)
     std::printf("  %-12s %10s %14s %12s\n", "text", "matches", "page in model", "painted");
     QList<double> times;
     // Each keystroke changes the matches, so each one ends in a new first page.
-    for (const QString &text : {u"1"_s, u"12"_s, u"123"_s, u"1234"_s, u"12345"_s, u"1234"_s, u"123"_s,
-                                u"12"_s, u"1"_s, u""_s}) {
+    for (const QString &text : { u"1"_s, u"12"_s, u"123"_s, u"1234"_s, u"12345"_s, u"1234"_s,
+                                 u"123"_s, u"12"_s, u"1"_s, u""_s }) {
         watch.armed = watch.painted = false;
         timer.start();
         if (text.size() > search->text().size())
@@ -129,7 +129,8 @@ bool writeScrollDatabase(const QString &db, const QString &photoDir, int rows, i
         QPainter painter(&image);
         painter.fillRect(0, 1250, 3000, 750, QColor::fromHsv(i * 13 % 360, 120, 90));
         for (int k = 0; k < 40; ++k)
-            painter.fillRect((k * 173 + i * 31) % 2900, (k * 97) % 1900, 60, 60, QColor::fromHsv(k * 9 % 360, 200, 230));
+            painter.fillRect((k * 173 + i * 31) % 2900, (k * 97) % 1900, 60, 60,
+                             QColor::fromHsv(k * 9 % 360, 200, 230));
         painter.end();
         image.save(photoDir + u"/P%1.jpg"_s.arg(i), "JPG", 90);
     }
@@ -138,14 +139,17 @@ bool writeScrollDatabase(const QString &db, const QString &photoDir, int rows, i
     sqlite3 *handle = nullptr;
     if (sqlite3_open(QFile::encodeName(db).constData(), &handle) != SQLITE_OK)
         return false;
-    sqlite3_exec(handle, "CREATE TABLE processed_files (fingerprint TEXT PRIMARY KEY NOT NULL, stem TEXT NOT NULL,"
-                         " raw_path TEXT, jpg_path TEXT, output_path TEXT, status TEXT NOT NULL, peak_stops REAL,"
-                         " num_faces INTEGER, raw_clip_pct REAL, processed_at TEXT NOT NULL, duration_sec REAL,"
-                         " error_message TEXT, rating INTEGER); BEGIN;",
-                 nullptr, nullptr, nullptr);
+    sqlite3_exec(
+        handle,
+        "CREATE TABLE processed_files (fingerprint TEXT PRIMARY KEY NOT NULL, stem TEXT NOT NULL,"
+        " raw_path TEXT, jpg_path TEXT, output_path TEXT, status TEXT NOT NULL, peak_stops REAL,"
+        " num_faces INTEGER, raw_clip_pct REAL, processed_at TEXT NOT NULL, duration_sec REAL,"
+        " error_message TEXT, rating INTEGER); BEGIN;",
+        nullptr, nullptr, nullptr);
     sqlite3_stmt *insert = nullptr;
-    sqlite3_prepare_v2(handle, "INSERT INTO processed_files VALUES (?,?,NULL,?,?,'SUCCESS',?,?,0.01,?,5.5,NULL,3)",
-                       -1, &insert, nullptr);
+    sqlite3_prepare_v2(
+        handle, "INSERT INTO processed_files VALUES (?,?,NULL,?,?,'SUCCESS',?,?,0.01,?,5.5,NULL,3)",
+        -1, &insert, nullptr);
     for (int i = 0; i < rows; ++i) {
         const QByteArray fp = "fp" + QByteArray::number(i);
         const QByteArray stem = "DSC" + QByteArray::number(10000 + i);
@@ -174,7 +178,7 @@ void benchScroll(const QString &dataHome, int step, bool metadataColumns)
     qputenv("XDG_DATA_HOME", QFile::encodeName(dataHome));
     AppViewModel model;
     if (!metadataColumns) // only what the record itself carries: no file is read for a cell
-        model.setVisibleColumns({ListColumn::PeakStops, ListColumn::Faces, ListColumn::Duration});
+        model.setVisibleColumns({ ListColumn::PeakStops, ListColumn::Faces, ListColumn::Duration });
     HistoryView view(model);
     view.resize(1180, 800);
     view.show();
@@ -185,8 +189,9 @@ void benchScroll(const QString &dataHome, int step, bool metadataColumns)
     while (waitUntil([&] { return !model.isLoadingMore(); }) && model.hasMoreHistory())
         table->fetchMore({});
     waitUntil([&] { return !model.isLoadingMore(); });
-    std::printf("\n== scrolling %lld loaded rows, %d rows per frame, %s ==\n", qint64(table->rowCount()), step,
-                metadataColumns ? "default columns (metadata read per row)" : "record columns only");
+    std::printf(
+        "\n== scrolling %lld loaded rows, %d rows per frame, %s ==\n", qint64(table->rowCount()),
+        step, metadataColumns ? "default columns (metadata read per row)" : "record columns only");
     std::printf("  paged in through fetchMore in %.0f ms\n", loading.nsecsElapsed() / 1e6);
     QTableView *tableView = view.tableView();
     QScrollBar *bar = tableView->verticalScrollBar();
@@ -200,8 +205,9 @@ void benchScroll(const QString &dataHome, int step, bool metadataColumns)
         tableView->viewport()->repaint();
         frames << frame.nsecsElapsed() / 1e6;
     }
-    std::printf("  frames %lld: median %.2f ms, p95 %.2f ms, p99 %.2f ms, max %.2f ms\n", frames.size(),
-                percentile(frames, 0.5), percentile(frames, 0.95), percentile(frames, 0.99), percentile(frames, 1.0));
+    std::printf("  frames %lld: median %.2f ms, p95 %.2f ms, p99 %.2f ms, max %.2f ms\n",
+                frames.size(), percentile(frames, 0.5), percentile(frames, 0.95),
+                percentile(frames, 0.99), percentile(frames, 1.0));
     std::printf("  thumbnails decoded %d, requests cancelled by scrolling %d\n",
                 ThumbnailManager::shared().decodeCount(), view.mediaStore()->cancelledCount());
 }
@@ -216,12 +222,13 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOption({u"rows"_s, u"Rows of the search database."_s, u"n"_s, u"1000000"_s});
-    parser.addOption({u"dir"_s, u"Where the databases are kept between runs."_s, u"path"_s,
-                      QDir::tempPath() + u"/orvanta-bench-history"_s});
-    parser.addOption({u"scroll-rows"_s, u"Rows loaded for the scroll."_s, u"n"_s, u"10000"_s});
-    parser.addOption({u"skip-search"_s, u"Only the scroll."_s});
-    parser.addOption({u"step"_s, u"Rows scrolled per frame (a comma-separated list runs each)."_s, u"n"_s, u"8,40"_s});
+    parser.addOption({ u"rows"_s, u"Rows of the search database."_s, u"n"_s, u"1000000"_s });
+    parser.addOption({ u"dir"_s, u"Where the databases are kept between runs."_s, u"path"_s,
+                       QDir::tempPath() + u"/orvanta-bench-history"_s });
+    parser.addOption({ u"scroll-rows"_s, u"Rows loaded for the scroll."_s, u"n"_s, u"10000"_s });
+    parser.addOption({ u"skip-search"_s, u"Only the scroll."_s });
+    parser.addOption({ u"step"_s, u"Rows scrolled per frame (a comma-separated list runs each)."_s,
+                       u"n"_s, u"8,40"_s });
     parser.process(app);
     const int rows = parser.value(u"rows"_s).toInt();
     const QString dir = parser.value(u"dir"_s);
@@ -229,7 +236,8 @@ int main(int argc, char *argv[])
     const QString bare = dir + u"/bare"_s;
     const QString db = bare + u"/Orvanta/pipeline_state.db"_s;
     QDir().mkpath(QFileInfo(db).absolutePath());
-    if (!parser.isSet(u"skip-search"_s) && (!QFile::exists(db) || HistoryService(db).fetchCount() != rows)) {
+    if (!parser.isSet(u"skip-search"_s)
+        && (!QFile::exists(db) || HistoryService(db).fetchCount() != rows)) {
         std::printf("generating %s ...\n", qPrintable(db));
         std::fflush(stdout);
         if (!bench::generate(db, rows, false))
@@ -245,7 +253,7 @@ int main(int argc, char *argv[])
         if (!writeScrollDatabase(scrollDb, scrollHome + u"/photos"_s, scrollRows, 200))
             return 1;
     }
-    for (bool metadata : {true, false}) {
+    for (bool metadata : { true, false }) {
         for (const QString &step : parser.value(u"step"_s).split(u','))
             benchScroll(scrollHome, step.toInt(), metadata);
     }

@@ -27,7 +27,7 @@ namespace {
 
 double cpuMs()
 {
-    rusage usage{};
+    rusage usage {};
     getrusage(RUSAGE_SELF, &usage);
     return double(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1e3
         + double(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e3;
@@ -35,7 +35,7 @@ double cpuMs()
 
 long peakRssKiB()
 {
-    rusage usage{};
+    rusage usage {};
     getrusage(RUSAGE_SELF, &usage);
     return usage.ru_maxrss;
 }
@@ -102,14 +102,15 @@ Timing runTool(const QString &program, const QStringList &arguments, int iterati
     double total = 0, cpu = 0;
     for (int i = -1; i < iterations; ++i) { // one warm-up run
         QProcess process;
-        process.start(QStringLiteral("/usr/bin/time"),
-                      QStringList{QStringLiteral("-f"), QStringLiteral("maxrss=%M cpu=%U+%S"), program}
-                          + arguments);
+        process.start(
+            QStringLiteral("/usr/bin/time"),
+            QStringList { QStringLiteral("-f"), QStringLiteral("maxrss=%M cpu=%U+%S"), program }
+                + arguments);
         timer.start();
         if (!process.waitForFinished(120000) || process.exitCode() != 0) {
             std::fprintf(stderr, "%s failed: %s\n", qPrintable(program),
                          process.readAllStandardError().constData());
-            return {-1, -1};
+            return { -1, -1 };
         }
         const double elapsed = double(timer.nsecsElapsed()) / 1e6;
         if (i >= 0)
@@ -148,13 +149,15 @@ int main(int argc, char *argv[])
     if (args.size() == 3 && args[1] == QLatin1String("--generate"))
         return generate(args[2]);
 
-    const QString folder = args.size() > 1 ? args[1] : QDir::tempPath() + QStringLiteral("/orvanta-bench");
+    const QString folder
+        = args.size() > 1 ? args[1] : QDir::tempPath() + QStringLiteral("/orvanta-bench");
     const int iterations = args.size() > 2 ? std::max(1, args[2].toInt()) : 20;
     QDir().mkpath(folder);
     const QString photo = folder + QStringLiteral("/photo-24mp-q92.jpg");
     if (!QFileInfo::exists(photo)) {
         std::printf("generating %s ...\n", qPrintable(photo));
-        if (QProcess::execute(app.applicationFilePath(), {QStringLiteral("--generate"), photo}) != 0)
+        if (QProcess::execute(app.applicationFilePath(), { QStringLiteral("--generate"), photo })
+            != 0)
             return 1;
     }
     std::printf("file: %s (%.1f MB), %d iterations, 76-pixel thumbnails\n\n", qPrintable(photo),
@@ -180,25 +183,28 @@ int main(int argc, char *argv[])
     ours.cpuMsPerImage = (cpuMs() - cpuStart) / iterations;
     ours.peakKiB = peakRssKiB();
     print("orvanta ThumbnailDecoder (in process)", ours);
-    std::printf("%-44s %6.1f MiB above the %0.1f MiB before decoding (%dx%d)\n",
-                "  loader memory", double(ours.peakKiB - baseline) / 1024.0,
-                double(baseline) / 1024.0, size.width(), size.height());
+    std::printf("%-44s %6.1f MiB above the %0.1f MiB before decoding (%dx%d)\n", "  loader memory",
+                double(ours.peakKiB - baseline) / 1024.0, double(baseline) / 1024.0, size.width(),
+                size.height());
 
     const QString out = folder + QStringLiteral("/thumb.jpg");
     const QString vips = QStandardPaths::findExecutable(QStringLiteral("vipsthumbnail"));
     const QString convert = QStringLiteral("/usr/bin/convert");
     print("vipsthumbnail -s 76 (one process per image)",
-          vips.isEmpty() ? Timing{-1, -1}
-                         : runTool(vips, {photo, QStringLiteral("-s"), QStringLiteral("76"),
-                                          QStringLiteral("-o"), out},
+          vips.isEmpty() ? Timing { -1, -1 }
+                         : runTool(vips,
+                                   { photo, QStringLiteral("-s"), QStringLiteral("76"),
+                                     QStringLiteral("-o"), out },
                                    iterations));
     // vips started once for many files: its start-up cost spread out.
     if (!vips.isEmpty()) {
         QStringList many;
         for (int i = 0; i < 10; ++i)
             many.append(photo);
-        Timing batch = runTool(vips, many + QStringList{QStringLiteral("-s"), QStringLiteral("76"),
-                                                        QStringLiteral("-o"), out},
+        Timing batch = runTool(vips,
+                               many
+                                   + QStringList { QStringLiteral("-s"), QStringLiteral("76"),
+                                                   QStringLiteral("-o"), out },
                                std::max(1, iterations / 10));
         if (batch.msPerImage > 0) {
             batch.msPerImage /= 10;
@@ -207,9 +213,9 @@ int main(int argc, char *argv[])
         print("vipsthumbnail -s 76 (10 images per process)", batch);
     }
     print("convert -thumbnail 76x76",
-          QFileInfo::exists(convert)
-              ? runTool(convert, {photo, QStringLiteral("-thumbnail"), QStringLiteral("76x76"), out},
-                        std::max(1, iterations / 4))
-              : Timing{-1, -1});
+          QFileInfo::exists(convert) ? runTool(
+              convert, { photo, QStringLiteral("-thumbnail"), QStringLiteral("76x76"), out },
+              std::max(1, iterations / 4))
+                                     : Timing { -1, -1 });
     return 0;
 }

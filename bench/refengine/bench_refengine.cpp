@@ -45,8 +45,9 @@ Run runEngine(const QString &home, const QString &source, const QString &dest, i
         unsetenv("XDG_STATE_HOME");
         unsetenv("XDG_CONFIG_HOME");
         freopen("/dev/null", "w", stdout);
-        execl(ORVANTA_ENGINE_PATH, "orvanta_engine", "run", "-s", s.constData(), "-d", d.constData(),
-              "--profile-id", "default", "-w", w.constData(), "--no-throttle", nullptr);
+        execl(ORVANTA_ENGINE_PATH, "orvanta_engine", "run", "-s", s.constData(), "-d",
+              d.constData(), "--profile-id", "default", "-w", w.constData(), "--no-throttle",
+              nullptr);
         _exit(127);
     }
     Run run;
@@ -85,13 +86,14 @@ int main(int argc, char *argv[])
     ::sync();
     double load[3] = {};
     getloadavg(load, 3);
-    std::printf("load average before the runs: %.2f (the machine's other work shares the cores)\n", load[0]);
-    std::printf("%-8s %10s %12s %14s %12s %8s\n", "workers", "seconds", "s per pair", "CPU s per pair",
-                "peak MiB", "status");
+    std::printf("load average before the runs: %.2f (the machine's other work shares the cores)\n",
+                load[0]);
+    std::printf("%-8s %10s %12s %14s %12s %8s\n", "workers", "seconds", "s per pair",
+                "CPU s per pair", "peak MiB", "status");
     for (int workers : { 1, 2 }) {
         const Run run = runEngine(dir.path(), source, dest, workers);
-        std::printf("%-8d %10.2f %12.2f %14.2f %12.0f %8d\n", workers, run.seconds, run.seconds / pairs,
-                    run.cpuSeconds / pairs, run.peakKiB / 1024.0, run.status);
+        std::printf("%-8d %10.2f %12.2f %14.2f %12.0f %8d\n", workers, run.seconds,
+                    run.seconds / pairs, run.cpuSeconds / pairs, run.peakKiB / 1024.0, run.status);
     }
     return 0;
 }

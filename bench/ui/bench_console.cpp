@@ -25,10 +25,14 @@ namespace {
 QString engineLine(long i)
 {
     switch (i % 4) {
-    case 0: return u"[09:41:%1] worker-%2 DSC%3 gain map +2.41st"_s.arg(i % 60).arg(i % 8).arg(i);
-    case 1: return u"✅ SUCCESS DSC%1 → DSC%1_hdr.jpg"_s.arg(i);
-    case 2: return u"   detail line %1"_s.arg(i);
-    default: return u"⚠️ WARN DSC%1 has no JPG partner, skipped"_s.arg(i);
+    case 0:
+        return u"[09:41:%1] worker-%2 DSC%3 gain map +2.41st"_s.arg(i % 60).arg(i % 8).arg(i);
+    case 1:
+        return u"✅ SUCCESS DSC%1 → DSC%1_hdr.jpg"_s.arg(i);
+    case 2:
+        return u"   detail line %1"_s.arg(i);
+    default:
+        return u"⚠️ WARN DSC%1 has no JPG partner, skipped"_s.arg(i);
     }
 }
 
@@ -95,9 +99,10 @@ int main(int argc, char *argv[])
         if (!qEnvironmentVariableIsSet("BENCH_CONSOLE_ONLY")) // for profiling the console alone
             bestReset = std::min(bestReset, timeResetModel(lines));
     }
-    std::printf("%ld appends to a full 1000-line console, each repainted (best of %d)\n", lines, repeats);
-    std::printf("  ConsoleLogView        %8.3f s  %9.0f lines/s  %7.1f us/line\n", best, lines / best,
-                best / lines * 1e6);
+    std::printf("%ld appends to a full 1000-line console, each repainted (best of %d)\n", lines,
+                repeats);
+    std::printf("  ConsoleLogView        %8.3f s  %9.0f lines/s  %7.1f us/line\n", best,
+                lines / best, best / lines * 1e6);
     std::printf("  reset QStringListModel %7.3f s  %9.0f lines/s  %7.1f us/line\n", bestReset,
                 lines / bestReset, bestReset / lines * 1e6);
     return 0;

@@ -18,13 +18,20 @@ namespace {
 const char *titleKey(Command command)
 {
     switch (command) {
-    case Command::OpenSettings: return "menu_settings";
-    case Command::SelectSourceFolder: return "menu_open_source";
-    case Command::SelectDestFolder: return "menu_open_dest";
-    case Command::StartBatchPipeline: return "menu_start_pipeline";
-    case Command::StopPipeline: return "menu_stop_pipeline";
-    case Command::RefreshHistory: return "menu_refresh_history";
-    case Command::OpenDonateView: return "menu_sponsor";
+    case Command::OpenSettings:
+        return "menu_settings";
+    case Command::SelectSourceFolder:
+        return "menu_open_source";
+    case Command::SelectDestFolder:
+        return "menu_open_dest";
+    case Command::StartBatchPipeline:
+        return "menu_start_pipeline";
+    case Command::StopPipeline:
+        return "menu_stop_pipeline";
+    case Command::RefreshHistory:
+        return "menu_refresh_history";
+    case Command::OpenDonateView:
+        return "menu_sponsor";
     }
     return "";
 }
@@ -43,7 +50,8 @@ AppMenus::AppMenus(AppViewModel &model, QMainWindow &window, Updater *updater)
     m_checkUpdates->setEnabled(m_updater && m_updater->canCheckForUpdates());
     if (m_updater) {
         connect(m_checkUpdates, &QAction::triggered, m_updater, &Updater::checkForUpdates);
-        connect(m_updater, &Updater::canCheckForUpdatesChanged, m_checkUpdates, &QAction::setEnabled);
+        connect(m_updater, &Updater::canCheckForUpdatesChanged, m_checkUpdates,
+                &QAction::setEnabled);
     }
     addCommand(m_appMenu, Command::OpenDonateView, {});
     m_appMenu->addSeparator();
@@ -64,7 +72,8 @@ AppMenus::AppMenus(AppViewModel &model, QMainWindow &window, Updater *updater)
     addCommand(m_pipelineMenu, Command::StartBatchPipeline, QKeySequence(Qt::CTRL | Qt::Key_R));
     addCommand(m_pipelineMenu, Command::StopPipeline, QKeySequence(Qt::CTRL | Qt::Key_Period));
     m_pipelineMenu->addSeparator();
-    addCommand(m_pipelineMenu, Command::RefreshHistory, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_H));
+    addCommand(m_pipelineMenu, Command::RefreshHistory,
+               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_H));
 
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &AppMenus::retranslate);
     retranslate();
@@ -79,8 +88,9 @@ QAction *AppMenus::addCommand(QMenu *menu, Command command, const QKeySequence &
     action->setShortcutContext(Qt::WindowShortcut);
     if (command == Command::OpenSettings)
         action->setMenuRole(QAction::PreferencesRole);
-    connect(action, &QAction::triggered, this, [command] { CommandDispatcher::shared().post(command); });
-    m_actions.append({command, action});
+    connect(action, &QAction::triggered, this,
+            [command] { CommandDispatcher::shared().post(command); });
+    m_actions.append({ command, action });
     return action;
 }
 

@@ -79,8 +79,8 @@ void AppViewModel::handleDroppedURLs(const QList<QUrl> &urls)
         setSelectedTab(0);
         updateVolumeInfo();
         checkEnvironment();
-        appendLog(u"📥 "_s + t("drop_success_folder", {folder}));
-        setStatus(u"drop_success_folder"_s, {QFileInfo(folder).fileName()});
+        appendLog(u"📥 "_s + t("drop_success_folder", { folder }));
+        setStatus(u"drop_success_folder"_s, { QFileInfo(folder).fileName() });
         return;
     }
 
@@ -100,7 +100,7 @@ void AppViewModel::handleDroppedURLs(const QList<QUrl> &urls)
     setSelectedTab(0);
     updateVolumeInfo();
     checkEnvironment();
-    const FormatArgs args{qint64(stems.size()), joined};
+    const FormatArgs args { qint64(stems.size()), joined };
     appendLog(u"📥 "_s + t("drop_success_photos", args));
     setStatus(u"drop_success_photos"_s, args);
 }

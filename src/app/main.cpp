@@ -33,16 +33,16 @@ int main(int argc, char *argv[])
     auto *history = new orvanta::HistoryView(model);
     auto &compare = orvanta::HDRCompareWindowManager::shared();
     compare.setPanelProvider(std::make_unique<orvanta::HistoryComparePanels>());
-    history->setCompareOpener(
-        [&model, &compare](const orvanta::PhotoRecord &record,
-                           const QList<orvanta::PhotoRecord> &list) {
-            compare.open(model, record, list);
-        });
+    history->setCompareOpener([&model, &compare](const orvanta::PhotoRecord &record,
+                                                 const QList<orvanta::PhotoRecord> &list) {
+        compare.open(model, record, list);
+    });
     window.setHistoryView(history);
 
-    orvanta::Updater updater({QUrl(QStringLiteral(ORVANTA_UPDATE_FEED_URL)),
-                              QByteArrayLiteral(ORVANTA_UPDATE_PUBLIC_KEY),
-                              QStringLiteral(ORVANTA_BUILD_NUMBER), QStringLiteral(ORVANTA_VERSION)});
+    orvanta::Updater updater({ QUrl(QStringLiteral(ORVANTA_UPDATE_FEED_URL)),
+                               QByteArrayLiteral(ORVANTA_UPDATE_PUBLIC_KEY),
+                               QStringLiteral(ORVANTA_BUILD_NUMBER),
+                               QStringLiteral(ORVANTA_VERSION) });
     orvanta::AppMenus menus(model, window, &updater);
     orvanta::UpdateAnnouncer announcer(updater, &window);
     window.setSettingsFactory([&updater](orvanta::AppViewModel &m, QWidget *parent) -> QDialog * {

@@ -34,69 +34,115 @@ struct RecipeImport;
 class AppViewModel : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(orvanta::AppLanguage currentLanguage READ currentLanguage WRITE setCurrentLanguage NOTIFY currentLanguageChanged)
+    Q_PROPERTY(orvanta::AppLanguage currentLanguage READ currentLanguage WRITE setCurrentLanguage
+                   NOTIFY currentLanguageChanged)
     Q_PROPERTY(QString sourceDir READ sourceDir WRITE setSourceDir NOTIFY sourceDirChanged)
     Q_PROPERTY(QString destDir READ destDir WRITE setDestDir NOTIFY destDirChanged)
     Q_PROPERTY(QString targetStem READ targetStem WRITE setTargetStem NOTIFY targetStemChanged)
-    Q_PROPERTY(bool forceReprocess READ forceReprocess WRITE setForceReprocess NOTIFY forceReprocessChanged)
-    Q_PROPERTY(bool enableBacklitFill READ enableBacklitFill WRITE setEnableBacklitFill NOTIFY enableBacklitFillChanged)
+    Q_PROPERTY(bool forceReprocess READ forceReprocess WRITE setForceReprocess NOTIFY
+                   forceReprocessChanged)
+    Q_PROPERTY(bool enableBacklitFill READ enableBacklitFill WRITE setEnableBacklitFill NOTIFY
+                   enableBacklitFillChanged)
     Q_PROPERTY(bool dryRunMode READ dryRunMode WRITE setDryRunMode NOTIFY dryRunModeChanged)
     Q_PROPERTY(qint64 minRating READ minRating WRITE setMinRating NOTIFY minRatingChanged)
-    Q_PROPERTY(QString exportNamingTemplate READ exportNamingTemplate WRITE setExportNamingTemplate NOTIFY exportNamingTemplateChanged)
-    Q_PROPERTY(QString exportSubfolderRule READ exportSubfolderRule WRITE setExportSubfolderRule NOTIFY exportSubfolderRuleChanged)
+    Q_PROPERTY(QString exportNamingTemplate READ exportNamingTemplate WRITE setExportNamingTemplate
+                   NOTIFY exportNamingTemplateChanged)
+    Q_PROPERTY(QString exportSubfolderRule READ exportSubfolderRule WRITE setExportSubfolderRule
+                   NOTIFY exportSubfolderRuleChanged)
     Q_PROPERTY(QString volumeName READ volumeName WRITE setVolumeName NOTIFY volumeNameChanged)
-    Q_PROPERTY(double volumeFreeGB READ volumeFreeGB WRITE setVolumeFreeGB NOTIFY volumeFreeGBChanged)
-    Q_PROPERTY(bool volumeIsExternal READ volumeIsExternal WRITE setVolumeIsExternal NOTIFY volumeIsExternalChanged)
+    Q_PROPERTY(
+        double volumeFreeGB READ volumeFreeGB WRITE setVolumeFreeGB NOTIFY volumeFreeGBChanged)
+    Q_PROPERTY(bool volumeIsExternal READ volumeIsExternal WRITE setVolumeIsExternal NOTIFY
+                   volumeIsExternalChanged)
     Q_PROPERTY(bool isVolumeSafe READ isVolumeSafe WRITE setIsVolumeSafe NOTIFY isVolumeSafeChanged)
-    Q_PROPERTY(bool isEnvironmentHealthy READ isEnvironmentHealthy WRITE setIsEnvironmentHealthy NOTIFY isEnvironmentHealthyChanged)
-    Q_PROPERTY(QString missingDependencyMessage READ missingDependencyMessage WRITE setMissingDependencyMessage NOTIFY missingDependencyMessageChanged)
-    Q_PROPERTY(qint64 selectedWorkers READ selectedWorkers WRITE setSelectedWorkers NOTIFY selectedWorkersChanged)
-    Q_PROPERTY(bool memoryThrottleEnabled READ memoryThrottleEnabled WRITE setMemoryThrottleEnabled NOTIFY memoryThrottleEnabledChanged)
+    Q_PROPERTY(bool isEnvironmentHealthy READ isEnvironmentHealthy WRITE setIsEnvironmentHealthy
+                   NOTIFY isEnvironmentHealthyChanged)
+    Q_PROPERTY(QString missingDependencyMessage READ missingDependencyMessage WRITE
+                   setMissingDependencyMessage NOTIFY missingDependencyMessageChanged)
+    Q_PROPERTY(qint64 selectedWorkers READ selectedWorkers WRITE setSelectedWorkers NOTIFY
+                   selectedWorkersChanged)
+    Q_PROPERTY(bool memoryThrottleEnabled READ memoryThrottleEnabled WRITE setMemoryThrottleEnabled
+                   NOTIFY memoryThrottleEnabledChanged)
     Q_PROPERTY(bool enableCanary READ enableCanary WRITE setEnableCanary NOTIFY enableCanaryChanged)
-    Q_PROPERTY(bool exportDebugMasks READ exportDebugMasks WRITE setExportDebugMasks NOTIFY exportDebugMasksChanged)
-    Q_PROPERTY(bool notificationSoundEnabled READ notificationSoundEnabled WRITE setNotificationSoundEnabled NOTIFY notificationSoundEnabledChanged)
-    Q_PROPERTY(orvanta::StyleProfile selectedProfile READ selectedProfile WRITE setSelectedProfile NOTIFY selectedProfileChanged)
-    Q_PROPERTY(double customMidTarget READ customMidTarget WRITE setCustomMidTarget NOTIFY customMidTargetChanged)
-    Q_PROPERTY(double customPowerMid READ customPowerMid WRITE setCustomPowerMid NOTIFY customPowerMidChanged)
-    Q_PROPERTY(double customPowerHi READ customPowerHi WRITE setCustomPowerHi NOTIFY customPowerHiChanged)
-    Q_PROPERTY(double customChromaBoost READ customChromaBoost WRITE setCustomChromaBoost NOTIFY customChromaBoostChanged)
-    Q_PROPERTY(double customSkinDamp READ customSkinDamp WRITE setCustomSkinDamp NOTIFY customSkinDampChanged)
-    Q_PROPERTY(QList<orvanta::UserRecipe> userRecipes READ userRecipes WRITE setUserRecipes NOTIFY userRecipesChanged)
-    Q_PROPERTY(QUuid activeRecipeId READ activeRecipeId WRITE setActiveRecipeId NOTIFY activeRecipeIdChanged)
-    Q_PROPERTY(bool isShowingSettings READ isShowingSettings WRITE setIsShowingSettings NOTIFY isShowingSettingsChanged)
-    Q_PROPERTY(bool isShowingDonateSheet READ isShowingDonateSheet WRITE setIsShowingDonateSheet NOTIFY isShowingDonateSheetChanged)
+    Q_PROPERTY(bool exportDebugMasks READ exportDebugMasks WRITE setExportDebugMasks NOTIFY
+                   exportDebugMasksChanged)
+    Q_PROPERTY(bool notificationSoundEnabled READ notificationSoundEnabled WRITE
+                   setNotificationSoundEnabled NOTIFY notificationSoundEnabledChanged)
+    Q_PROPERTY(orvanta::StyleProfile selectedProfile READ selectedProfile WRITE setSelectedProfile
+                   NOTIFY selectedProfileChanged)
+    Q_PROPERTY(double customMidTarget READ customMidTarget WRITE setCustomMidTarget NOTIFY
+                   customMidTargetChanged)
+    Q_PROPERTY(double customPowerMid READ customPowerMid WRITE setCustomPowerMid NOTIFY
+                   customPowerMidChanged)
+    Q_PROPERTY(
+        double customPowerHi READ customPowerHi WRITE setCustomPowerHi NOTIFY customPowerHiChanged)
+    Q_PROPERTY(double customChromaBoost READ customChromaBoost WRITE setCustomChromaBoost NOTIFY
+                   customChromaBoostChanged)
+    Q_PROPERTY(double customSkinDamp READ customSkinDamp WRITE setCustomSkinDamp NOTIFY
+                   customSkinDampChanged)
+    Q_PROPERTY(QList<orvanta::UserRecipe> userRecipes READ userRecipes WRITE setUserRecipes NOTIFY
+                   userRecipesChanged)
+    Q_PROPERTY(QUuid activeRecipeId READ activeRecipeId WRITE setActiveRecipeId NOTIFY
+                   activeRecipeIdChanged)
+    Q_PROPERTY(bool isShowingSettings READ isShowingSettings WRITE setIsShowingSettings NOTIFY
+                   isShowingSettingsChanged)
+    Q_PROPERTY(bool isShowingDonateSheet READ isShowingDonateSheet WRITE setIsShowingDonateSheet
+                   NOTIFY isShowingDonateSheetChanged)
     Q_PROPERTY(qint64 selectedTab READ selectedTab WRITE setSelectedTab NOTIFY selectedTabChanged)
-    Q_PROPERTY(bool isConsoleDrawerExpanded READ isConsoleDrawerExpanded WRITE setIsConsoleDrawerExpanded NOTIFY isConsoleDrawerExpandedChanged)
+    Q_PROPERTY(bool isConsoleDrawerExpanded READ isConsoleDrawerExpanded WRITE
+                   setIsConsoleDrawerExpanded NOTIFY isConsoleDrawerExpandedChanged)
     Q_PROPERTY(double ramTotalGB READ ramTotalGB WRITE setRamTotalGB NOTIFY ramTotalGBChanged)
-    Q_PROPERTY(QString memoryPressureDesc READ memoryPressureDesc WRITE setMemoryPressureDesc NOTIFY memoryPressureDescChanged)
+    Q_PROPERTY(QString memoryPressureDesc READ memoryPressureDesc WRITE setMemoryPressureDesc NOTIFY
+                   memoryPressureDescChanged)
     Q_PROPERTY(bool isRunning READ isRunning WRITE setIsRunning NOTIFY isRunningChanged)
     Q_PROPERTY(bool isStopping READ isStopping WRITE setIsStopping NOTIFY isStoppingChanged)
-    Q_PROPERTY(QString statusMessage READ statusMessage WRITE setStatusMessage NOTIFY statusMessageChanged)
+    Q_PROPERTY(
+        QString statusMessage READ statusMessage WRITE setStatusMessage NOTIFY statusMessageChanged)
     Q_PROPERTY(qint64 scanPairs READ scanPairs WRITE setScanPairs NOTIFY scanPairsChanged)
     Q_PROPERTY(qint64 scanOrphans READ scanOrphans WRITE setScanOrphans NOTIFY scanOrphansChanged)
     Q_PROPERTY(qint64 scanSkipped READ scanSkipped WRITE setScanSkipped NOTIFY scanSkippedChanged)
     Q_PROPERTY(qint64 scanPending READ scanPending WRITE setScanPending NOTIFY scanPendingChanged)
-    Q_PROPERTY(qint64 currentIndex READ currentIndex WRITE setCurrentIndex NOTIFY currentIndexChanged)
-    Q_PROPERTY(qint64 totalPending READ totalPending WRITE setTotalPending NOTIFY totalPendingChanged)
+    Q_PROPERTY(
+        qint64 currentIndex READ currentIndex WRITE setCurrentIndex NOTIFY currentIndexChanged)
+    Q_PROPERTY(
+        qint64 totalPending READ totalPending WRITE setTotalPending NOTIFY totalPendingChanged)
     Q_PROPERTY(QString currentStem READ currentStem WRITE setCurrentStem NOTIFY currentStemChanged)
-    Q_PROPERTY(qint64 currentFaces READ currentFaces WRITE setCurrentFaces NOTIFY currentFacesChanged)
-    Q_PROPERTY(double currentPeakStops READ currentPeakStops WRITE setCurrentPeakStops NOTIFY currentPeakStopsChanged)
-    Q_PROPERTY(double currentBayerClip READ currentBayerClip WRITE setCurrentBayerClip NOTIFY currentBayerClipChanged)
-    Q_PROPERTY(double currentDuration READ currentDuration WRITE setCurrentDuration NOTIFY currentDurationChanged)
-    Q_PROPERTY(double progressFraction READ progressFraction WRITE setProgressFraction NOTIFY progressFractionChanged)
-    Q_PROPERTY(qint64 batchElapsedSeconds READ batchElapsedSeconds WRITE setBatchElapsedSeconds NOTIFY batchElapsedSecondsChanged)
-    Q_PROPERTY(QStringList consoleLogs READ consoleLogs WRITE setConsoleLogs NOTIFY consoleLogsChanged)
-    Q_PROPERTY(orvanta::DashboardStats historyStats READ historyStats WRITE setHistoryStats NOTIFY historyStatsChanged)
-    Q_PROPERTY(QList<orvanta::PhotoRecord> historyRecords READ historyRecords WRITE setHistoryRecords NOTIFY historyRecordsChanged)
-    Q_PROPERTY(QString historySearchText READ historySearchText WRITE setHistorySearchText NOTIFY historySearchTextChanged)
-    Q_PROPERTY(orvanta::HistoryStatusFilter historyStatusFilter READ historyStatusFilter WRITE setHistoryStatusFilter NOTIFY historyStatusFilterChanged)
-    Q_PROPERTY(orvanta::HistorySortField historySortField READ historySortField WRITE setHistorySortField NOTIFY historySortFieldChanged)
-    Q_PROPERTY(bool historySortAscending READ historySortAscending WRITE setHistorySortAscending NOTIFY historySortAscendingChanged)
-    Q_PROPERTY(QSet<QString> selectedRecordIds READ selectedRecordIds WRITE setSelectedRecordIds NOTIFY selectedRecordIdsChanged)
-    Q_PROPERTY(orvanta::ListColumnSet visibleColumns READ visibleColumns WRITE setVisibleColumns NOTIFY visibleColumnsChanged)
-    Q_PROPERTY(bool hasMoreHistory READ hasMoreHistory WRITE setHasMoreHistory NOTIFY hasMoreHistoryChanged)
-    Q_PROPERTY(bool isLoadingMore READ isLoadingMore WRITE setIsLoadingMore NOTIFY isLoadingMoreChanged)
-    Q_PROPERTY(qint64 totalFilteredCount READ totalFilteredCount WRITE setTotalFilteredCount NOTIFY totalFilteredCountChanged)
+    Q_PROPERTY(
+        qint64 currentFaces READ currentFaces WRITE setCurrentFaces NOTIFY currentFacesChanged)
+    Q_PROPERTY(double currentPeakStops READ currentPeakStops WRITE setCurrentPeakStops NOTIFY
+                   currentPeakStopsChanged)
+    Q_PROPERTY(double currentBayerClip READ currentBayerClip WRITE setCurrentBayerClip NOTIFY
+                   currentBayerClipChanged)
+    Q_PROPERTY(double currentDuration READ currentDuration WRITE setCurrentDuration NOTIFY
+                   currentDurationChanged)
+    Q_PROPERTY(double progressFraction READ progressFraction WRITE setProgressFraction NOTIFY
+                   progressFractionChanged)
+    Q_PROPERTY(qint64 batchElapsedSeconds READ batchElapsedSeconds WRITE setBatchElapsedSeconds
+                   NOTIFY batchElapsedSecondsChanged)
+    Q_PROPERTY(
+        QStringList consoleLogs READ consoleLogs WRITE setConsoleLogs NOTIFY consoleLogsChanged)
+    Q_PROPERTY(orvanta::DashboardStats historyStats READ historyStats WRITE setHistoryStats NOTIFY
+                   historyStatsChanged)
+    Q_PROPERTY(QList<orvanta::PhotoRecord> historyRecords READ historyRecords WRITE
+                   setHistoryRecords NOTIFY historyRecordsChanged)
+    Q_PROPERTY(QString historySearchText READ historySearchText WRITE setHistorySearchText NOTIFY
+                   historySearchTextChanged)
+    Q_PROPERTY(orvanta::HistoryStatusFilter historyStatusFilter READ historyStatusFilter WRITE
+                   setHistoryStatusFilter NOTIFY historyStatusFilterChanged)
+    Q_PROPERTY(orvanta::HistorySortField historySortField READ historySortField WRITE
+                   setHistorySortField NOTIFY historySortFieldChanged)
+    Q_PROPERTY(bool historySortAscending READ historySortAscending WRITE setHistorySortAscending
+                   NOTIFY historySortAscendingChanged)
+    Q_PROPERTY(QSet<QString> selectedRecordIds READ selectedRecordIds WRITE setSelectedRecordIds
+                   NOTIFY selectedRecordIdsChanged)
+    Q_PROPERTY(orvanta::ListColumnSet visibleColumns READ visibleColumns WRITE setVisibleColumns
+                   NOTIFY visibleColumnsChanged)
+    Q_PROPERTY(bool hasMoreHistory READ hasMoreHistory WRITE setHasMoreHistory NOTIFY
+                   hasMoreHistoryChanged)
+    Q_PROPERTY(
+        bool isLoadingMore READ isLoadingMore WRITE setIsLoadingMore NOTIFY isLoadingMoreChanged)
+    Q_PROPERTY(qint64 totalFilteredCount READ totalFilteredCount WRITE setTotalFilteredCount NOTIFY
+                   totalFilteredCountChanged)
 
 public:
     // Runs the whole start-up sequence: configuration, recipes, probes,
@@ -381,8 +427,7 @@ Q_SIGNALS:
     void totalFilteredCountChanged();
 
 private:
-    template <typename T, typename Signal>
-    bool assign(T &member, const T &value, Signal changed)
+    template<typename T, typename Signal> bool assign(T &member, const T &value, Signal changed)
     {
         if (member == value)
             return false;

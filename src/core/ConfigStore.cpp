@@ -26,9 +26,9 @@ QString ConfigStore::primaryPath() const
 
 QStringList ConfigStore::legacyPaths() const
 {
-    return {m_homeDir + u"/.config/pemvira/config.json"_s,
-            m_homeDir + u"/.config/dravik/config.json"_s,
-            m_homeDir + u"/.config/tarne/config.json"_s};
+    return { m_homeDir + u"/.config/pemvira/config.json"_s,
+             m_homeDir + u"/.config/dravik/config.json"_s,
+             m_homeDir + u"/.config/tarne/config.json"_s };
 }
 
 QString ConfigStore::configPath() const
@@ -51,7 +51,7 @@ std::optional<QJsonObject> ConfigStore::read() const
     QFile file(configPath());
     if (!file.exists() || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    QJsonParseError error{};
+    QJsonParseError error {};
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
     if (error.error != QJsonParseError::NoError || !document.isObject())
         return std::nullopt;

@@ -74,10 +74,11 @@ void AppViewModel::checkEnvironment()
     qDeleteAll(findChildren<EngineDoctorQuery *>(Qt::FindDirectChildrenOnly));
     const QString engine = resolveEngineBinary(EngineLocatorContext::system());
     if (auto *query = EngineDoctorQuery::start(engine, this)) {
-        connect(query, &EngineDoctorQuery::answered, this, [this](const QStringList &engineMissing) {
-            setIsEnvironmentHealthy(engineMissing.isEmpty());
-            setMissingDependencyMessage(engineMissing.join(u", "_s));
-        });
+        connect(query, &EngineDoctorQuery::answered, this,
+                [this](const QStringList &engineMissing) {
+                    setIsEnvironmentHealthy(engineMissing.isEmpty());
+                    setMissingDependencyMessage(engineMissing.join(u", "_s));
+                });
     }
 }
 

@@ -21,18 +21,21 @@ Rgba zebraFilter(Rgba display, Rgba hdrReference, int x, int y, float threshold,
 {
     if (enabled < 0.5f)
         return display;
-    const float luma = 0.2126f * hdrReference.r + 0.7152f * hdrReference.g + 0.0722f * hdrReference.b;
+    const float luma
+        = 0.2126f * hdrReference.r + 0.7152f * hdrReference.g + 0.0722f * hdrReference.b;
     if (!(luma >= threshold))
         return display;
     const int phase = ((x + y) % 16 + 16) % 16;
     return phase < 8 ? Rgba { 1.0f, 0.82f, 0.0f, 1.0f } : Rgba { 0.06f, 0.06f, 0.06f, 1.0f };
 }
 
-Rgba shadowZebraFilter(Rgba display, Rgba hdrReference, int x, int y, float threshold, float enabled)
+Rgba shadowZebraFilter(Rgba display, Rgba hdrReference, int x, int y, float threshold,
+                       float enabled)
 {
     if (enabled < 0.5f)
         return display;
-    const float luma = 0.2126f * hdrReference.r + 0.7152f * hdrReference.g + 0.0722f * hdrReference.b;
+    const float luma
+        = 0.2126f * hdrReference.r + 0.7152f * hdrReference.g + 0.0722f * hdrReference.b;
     if (!(luma < threshold))
         return display;
     const int phase = ((x - y) % 16 + 16) % 16;

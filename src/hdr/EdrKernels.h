@@ -25,7 +25,8 @@ Rgba zebraFilter(Rgba display, Rgba hdrReference, int x, int y, float threshold,
 
 // Shadow stripes: blue (0.1, 0.45, 1) or near-black on the other diagonal,
 // 8 pixels wide, where the HDR reference's luminance lies below `threshold`.
-Rgba shadowZebraFilter(Rgba display, Rgba hdrReference, int x, int y, float threshold, float enabled);
+Rgba shadowZebraFilter(Rgba display, Rgba hdrReference, int x, int y, float threshold,
+                       float enabled);
 
 // GLSL ES 3.0 / GLSL 3.30 function bodies with the same arithmetic.
 QString filmicRollOffGlsl();

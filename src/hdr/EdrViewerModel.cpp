@@ -91,7 +91,8 @@ EdrViewerModel::Effects EdrViewerModel::mouseDown(QPointF point, int clickCount,
     }
     m_lastDragLocation = point;
     const double clickX = point.x() * viewport.contentsScale;
-    if (std::abs(clickX - edr::splitX(viewport.drawable.width(), m_splitPosition)) < edr::kDividerGrabPixels) {
+    if (std::abs(clickX - edr::splitX(viewport.drawable.width(), m_splitPosition))
+        < edr::kDividerGrabPixels) {
         m_draggingSplit = true;
         m_panningImage = false;
         return NoEffect;

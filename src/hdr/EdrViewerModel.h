@@ -23,7 +23,7 @@ inline constexpr double kMaxZoom = 5.0;
 inline constexpr double kMinSplit = 0.01;
 inline constexpr double kMaxSplit = 0.99;
 inline constexpr double kDividerGrabPixels = 40.0; // in drawable pixels
-inline constexpr double kSdrHeadroomLimit = 1.05;  // at or below: an SDR display
+inline constexpr double kSdrHeadroomLimit = 1.05; // at or below: an SDR display
 
 double fitScale(QSizeF drawable, QSizeF image);
 // Where the picture lies in the drawable (y up), scaled by fit × zoom and
@@ -47,7 +47,7 @@ class EdrViewerModel
 public:
     enum Effect {
         NoEffect = 0,
-        Render = 1,       // draw a new frame
+        Render = 1, // draw a new frame
         SplitChanged = 2, // tell the owner the new divider position
     };
     Q_DECLARE_FLAGS(Effects, Effect)
@@ -55,10 +55,10 @@ public:
     // What the input rules need to know about the view at the time of an event.
     struct Viewport
     {
-        QSizeF bounds;              // view size in points
+        QSizeF bounds; // view size in points
         double contentsScale = 1.0; // drawable pixels per point
-        QSizeF drawable;            // in pixels
-        QSizeF image;               // picture size in pixels
+        QSizeF drawable; // in pixels
+        QSizeF image; // picture size in pixels
     };
 
     double splitPosition() const { return m_splitPosition; }
@@ -68,7 +68,7 @@ public:
     bool isPanningImage() const { return m_panningImage; }
 
     void setSplitPosition(double position); // from the owner, clamped
-    void resetView();                       // zoom 1, no pan (a new picture was loaded)
+    void resetView(); // zoom 1, no pan (a new picture was loaded)
 
     Effects mouseDown(QPointF point, int clickCount, const Viewport &viewport);
     Effects mouseDragged(QPointF point, const Viewport &viewport);

@@ -27,16 +27,20 @@ const QList<EDRCompareMode> &allCompareModes()
 
 const QList<SDRToneMapMode> &allToneMapModes()
 {
-    static const QList<SDRToneMapMode> modes { SDRToneMapMode::Natural, SDRToneMapMode::FilmicRollOff };
+    static const QList<SDRToneMapMode> modes { SDRToneMapMode::Natural,
+                                               SDRToneMapMode::FilmicRollOff };
     return modes;
 }
 
 QString titleKey(EDRCompareMode mode)
 {
     switch (mode) {
-    case EDRCompareMode::HdrOnly: return u"edr_mode_hdr"_s;
-    case EDRCompareMode::SdrOnly: return u"edr_mode_sdr"_s;
-    case EDRCompareMode::Split: break;
+    case EDRCompareMode::HdrOnly:
+        return u"edr_mode_hdr"_s;
+    case EDRCompareMode::SdrOnly:
+        return u"edr_mode_sdr"_s;
+    case EDRCompareMode::Split:
+        break;
     }
     return u"edr_mode_split"_s;
 }
@@ -48,15 +52,19 @@ QString titleKey(SDRToneMapMode mode)
 
 QString hintKey(SDRToneMapMode mode)
 {
-    return mode == SDRToneMapMode::FilmicRollOff ? u"sdr_mode_filmic_hint"_s : u"sdr_mode_natural_hint"_s;
+    return mode == SDRToneMapMode::FilmicRollOff ? u"sdr_mode_filmic_hint"_s
+                                                 : u"sdr_mode_natural_hint"_s;
 }
 
 EDRCompareMode nextCompareMode(EDRCompareMode mode)
 {
     switch (mode) {
-    case EDRCompareMode::Split: return EDRCompareMode::HdrOnly;
-    case EDRCompareMode::HdrOnly: return EDRCompareMode::SdrOnly;
-    case EDRCompareMode::SdrOnly: break;
+    case EDRCompareMode::Split:
+        return EDRCompareMode::HdrOnly;
+    case EDRCompareMode::HdrOnly:
+        return EDRCompareMode::SdrOnly;
+    case EDRCompareMode::SdrOnly:
+        break;
     }
     return EDRCompareMode::Split;
 }

@@ -19,7 +19,7 @@ const QList<SDRToneMapMode> &allToneMapModes();
 
 QString titleKey(EDRCompareMode mode); // "edr_mode_split", ...
 QString titleKey(SDRToneMapMode mode); // "sdr_mode_natural", "sdr_mode_filmic"
-QString hintKey(SDRToneMapMode mode);  // "sdr_mode_natural_hint", "sdr_mode_filmic_hint"
+QString hintKey(SDRToneMapMode mode); // "sdr_mode_natural_hint", "sdr_mode_filmic_hint"
 
 // Space in the compare window: split → HDR only → SDR only → split.
 EDRCompareMode nextCompareMode(EDRCompareMode mode);

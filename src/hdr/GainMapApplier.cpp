@@ -94,7 +94,8 @@ void GainMapApplier::convertRow(const std::uint8_t *rgb, int y, float *out, floa
             const float v = scratch[m_x0[x]] + (scratch[m_x1[x]] - scratch[m_x0[x]]) * f;
             const float gain = lut[0][int(v * toIndex + 0.5f)];
             for (int c = 0; c < 3; ++c) {
-                const float hdr = (m_linear[rgb[3 * x + c]] + m_offsetSdr[c]) * gain - m_offsetHdr[c];
+                const float hdr
+                    = (m_linear[rgb[3 * x + c]] + m_offsetSdr[c]) * gain - m_offsetHdr[c];
                 out[4 * x + c] = std::min(std::max(hdr, 0.0f), kHalfMax);
             }
             out[4 * x + 3] = 1.0f;

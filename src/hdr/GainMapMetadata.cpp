@@ -38,7 +38,8 @@ QString GainMapMetadata::validationError() const
             return QStringLiteral("gain map max is below gain map min");
         if (!isFiniteIn(ch.gamma, 1e-6, 1e6) || ch.gamma <= 0.0)
             return QStringLiteral("gamma must be positive");
-        if (!isFiniteIn(ch.offsetSdr, 0.0, kMaxOffset) || !isFiniteIn(ch.offsetHdr, 0.0, kMaxOffset))
+        if (!isFiniteIn(ch.offsetSdr, 0.0, kMaxOffset)
+            || !isFiniteIn(ch.offsetHdr, 0.0, kMaxOffset))
             return QStringLiteral("offsets must lie between 0 and 16");
     }
     if (!isFiniteIn(hdrCapacityMinLog2, 0.0, kMaxLog2Magnitude)

@@ -11,7 +11,7 @@ namespace orvanta {
 
 enum class GainMapMetadataSource {
     Iso21496, // the binary ISO 21496-1 block of the gain map image
-    Xmp,      // the hdrgm properties of the gain map image's XMP
+    Xmp, // the hdrgm properties of the gain map image's XMP
 };
 
 QString sourceName(GainMapMetadataSource source); // "iso21496-1" or "xmp"

@@ -17,7 +17,8 @@ namespace {
 #ifdef ORVANTA_HAVE_F16C_PATH
 // Compiled for F16C alone and only called after the CPU said it has it, so
 // the rest of the program keeps running on CPUs without it.
-__attribute__((target("avx,f16c"))) void convertF16c(quint16 *dst, const float *src, qsizetype count)
+__attribute__((target("avx,f16c"))) void convertF16c(quint16 *dst, const float *src,
+                                                     qsizetype count)
 {
     qsizetype i = 0;
     for (; i + 8 <= count; i += 8) {

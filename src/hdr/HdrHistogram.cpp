@@ -26,14 +26,22 @@ constexpr int kRenditionSize = 512;
 QImage oriented(const QImage &image, int orientation)
 {
     switch (orientation) {
-    case 2: return image.mirrored(true, false);
-    case 3: return image.transformed(QTransform().rotate(180));
-    case 4: return image.mirrored(false, true);
-    case 5: return image.transformed(QTransform().rotate(90)).mirrored(true, false);
-    case 6: return image.transformed(QTransform().rotate(90));
-    case 7: return image.transformed(QTransform().rotate(-90)).mirrored(true, false);
-    case 8: return image.transformed(QTransform().rotate(-90));
-    default: return image;
+    case 2:
+        return image.mirrored(true, false);
+    case 3:
+        return image.transformed(QTransform().rotate(180));
+    case 4:
+        return image.mirrored(false, true);
+    case 5:
+        return image.transformed(QTransform().rotate(90)).mirrored(true, false);
+    case 6:
+        return image.transformed(QTransform().rotate(90));
+    case 7:
+        return image.transformed(QTransform().rotate(-90)).mirrored(true, false);
+    case 8:
+        return image.transformed(QTransform().rotate(-90));
+    default:
+        return image;
     }
 }
 
@@ -41,7 +49,8 @@ QImage fitted(const QImage &image)
 {
     if (image.isNull() || std::max(image.width(), image.height()) <= kRenditionSize)
         return image;
-    return image.scaled(kRenditionSize, kRenditionSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    return image.scaled(kRenditionSize, kRenditionSize, Qt::KeepAspectRatio,
+                        Qt::SmoothTransformation);
 }
 
 // JPEG through libjpeg's DCT scaling: only as many pixels as the rendition needs.
@@ -62,7 +71,8 @@ QImage jpegRendition(const QByteArray &bytes)
     if (!decoder.open(QByteArrayView(bytes).first(stream.end), options))
         return {};
     QImage image(decoder.width(), decoder.height(), QImage::Format_RGBA8888);
-    if (image.isNull() || decoder.readRows(image.bits(), image.bytesPerLine(), image.height()) != image.height())
+    if (image.isNull()
+        || decoder.readRows(image.bits(), image.bytesPerLine(), image.height()) != image.height())
         return {};
     return oriented(fitted(image), exifOrientation(bytes, stream));
 }
@@ -76,7 +86,8 @@ QString rawValue(HistogramChannelMode mode)
 
 const QList<HistogramChannelMode> &allHistogramChannelModes()
 {
-    static const QList<HistogramChannelMode> modes { HistogramChannelMode::Luma, HistogramChannelMode::Rgb };
+    static const QList<HistogramChannelMode> modes { HistogramChannelMode::Luma,
+                                                     HistogramChannelMode::Rgb };
     return modes;
 }
 
@@ -106,7 +117,8 @@ HistogramCounts countHistogram(const QImage &rgba, std::optional<double> peakSto
     for (int y = 0; y < image.height(); ++y) {
         const uchar *p = image.constScanLine(y);
         for (int x = 0; x < image.width(); ++x, p += 4) {
-            const float luma = (0.2126f * float(p[0]) + 0.7152f * float(p[1]) + 0.0722f * float(p[2])) / 255.0f;
+            const float luma
+                = (0.2126f * float(p[0]) + 0.7152f * float(p[1]) + 0.0722f * float(p[2])) / 255.0f;
             ++counts.luma[histogramBin(luma, peak)];
             ++counts.red[channelBin[p[0]]];
             ++counts.green[channelBin[p[1]]];
@@ -161,7 +173,8 @@ QImage histogramRendition(const QString &path)
     return image.isNull() ? QImage() : image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
 }
 
-std::optional<HDRHistogramData> computeHistogram(const QString &path, std::optional<double> peakStops)
+std::optional<HDRHistogramData> computeHistogram(const QString &path,
+                                                 std::optional<double> peakStops)
 {
     const QImage image = histogramRendition(path);
     if (image.isNull())
@@ -204,7 +217,8 @@ HistogramCurve histogramCurve(const QList<float> &bins, QSizeF size)
     const double step = size.width() / double(n - 1);
     QList<QPointF> points(n);
     for (qsizetype i = 0; i < n; ++i)
-        points[i] = QPointF(double(i) * step, size.height() - std::min(double(bins[i]), 1.0) * size.height());
+        points[i] = QPointF(double(i) * step,
+                            size.height() - std::min(double(bins[i]), 1.0) * size.height());
     curve.stroke.moveTo(points[0]);
     for (qsizetype i = 0; i + 1 < n; ++i) {
         const QPointF &p0 = points[std::max<qsizetype>(i - 1, 0)];

@@ -22,11 +22,11 @@ namespace orvanta {
 struct HDRHistogramData
 {
     static constexpr int binCount = 256;
-    QList<float> lumaBins;  // each 0...1; all four empty before the first computation
+    QList<float> lumaBins; // each 0...1; all four empty before the first computation
     QList<float> redBins;
     QList<float> greenBins;
     QList<float> blueBins;
-    float peakLuma = 0.0f;      // reserved, always 0
+    float peakLuma = 0.0f; // reserved, always 0
     float edrPixelRatio = 0.0f; // reserved, always 0
 
     bool isEmpty() const { return lumaBins.isEmpty(); }
@@ -58,7 +58,8 @@ QList<float> postProcess(const std::array<qint64, 256> &counts);
 // The picture the histogram is taken from: long side at most 512 pixels,
 // oriented as displayed, RGBA8888 premultiplied. Null when the file cannot be read.
 QImage histogramRendition(const QString &path);
-std::optional<HDRHistogramData> computeHistogram(const QString &path, std::optional<double> peakStops);
+std::optional<HDRHistogramData> computeHistogram(const QString &path,
+                                                 std::optional<double> peakStops);
 
 // Runs computeHistogram on the global thread pool and calls `done` on the
 // main thread, unless `receiver` is gone by then. A file that cannot be read

@@ -93,7 +93,8 @@ IsoBlock rejected(const char *why)
 
 enum class Rounding { Nearest, Down, Up };
 
-std::pair<qint64, quint32> toFraction(double value, bool isSigned, Rounding rounding = Rounding::Nearest)
+std::pair<qint64, quint32> toFraction(double value, bool isSigned,
+                                      Rounding rounding = Rounding::Nearest)
 {
     // The largest power-of-two denominator (up to 2^24) that keeps the
     // numerator in range, so typical values round-trip exactly.

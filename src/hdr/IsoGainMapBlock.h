@@ -17,7 +17,7 @@ struct IsoBlock
 {
     bool versionOnly = false; // the 4-byte block a primary image carries
     std::optional<GainMapMetadata> metadata; // set for a full block that parsed and validated
-    QString error;            // why the block was rejected
+    QString error; // why the block was rejected
 };
 
 // `payload` follows the "urn:iso:std:iso:ts:21496:-1\0" signature.

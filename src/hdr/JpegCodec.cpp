@@ -4,7 +4,6 @@
 #include <csetjmp>
 #include <cstdio>
 #include <cstdlib>
-
 #include <jpeglib.h>
 
 namespace orvanta {
@@ -28,7 +27,9 @@ void onError(j_common_ptr cinfo)
     std::longjmp(err->jump, 1);
 }
 
-void onOutputMessage(j_common_ptr) { } // warnings are counted, never printed
+void onOutputMessage(j_common_ptr)
+{
+} // warnings are counted, never printed
 
 void installErrorManager(ErrorManager &err)
 {
@@ -186,7 +187,8 @@ bool compress(EncodeState &s, const unsigned char *pixels, int width, int height
     }
     jpeg_start_compress(&s.cinfo, TRUE);
     while (s.cinfo.next_scanline < s.cinfo.image_height) {
-        JSAMPROW row = const_cast<unsigned char *>(pixels + qsizetype(s.cinfo.next_scanline) * stride);
+        JSAMPROW row
+            = const_cast<unsigned char *>(pixels + qsizetype(s.cinfo.next_scanline) * stride);
         jpeg_write_scanlines(&s.cinfo, &row, 1);
     }
     jpeg_finish_compress(&s.cinfo);

@@ -15,16 +15,16 @@ class JpegDecoder
 {
 public:
     enum class Output {
-        Rgb,    // 3 bytes a pixel, whatever the stream holds
-        Rgba,   // 4 bytes a pixel, alpha 255
+        Rgb, // 3 bytes a pixel, whatever the stream holds
+        Rgba, // 4 bytes a pixel, alpha 255
         Native, // 1 byte a pixel for a grayscale stream, else 3
     };
     struct Options
     {
         Output output = Output::Rgb;
-        int scaleDenominator = 1;      // 1, 2, 4 or 8: libjpeg's DCT scaling
-        bool fast = false;             // faster, slightly less exact IDCT and upsampling
-        qint64 maxPixels = 1ll << 28;  // refuse larger frames before allocating anything
+        int scaleDenominator = 1; // 1, 2, 4 or 8: libjpeg's DCT scaling
+        bool fast = false; // faster, slightly less exact IDCT and upsampling
+        qint64 maxPixels = 1ll << 28; // refuse larger frames before allocating anything
     };
 
     JpegDecoder();
@@ -34,7 +34,7 @@ public:
 
     // Reads the header and starts decompression. `data` must outlive the decoder.
     bool open(QByteArrayView data, const Options &options);
-    int width() const;      // of the output (after scaling)
+    int width() const; // of the output (after scaling)
     int height() const;
     int components() const; // bytes per output pixel
     int rowsRead() const;

@@ -105,8 +105,8 @@ JpegStream walkJpeg(QByteArrayView data, qsizetype start)
     return stream;
 }
 
-QList<QByteArrayView> findAppPayloads(QByteArrayView data, const JpegStream &stream,
-                                      quint8 marker, QByteArrayView signature)
+QList<QByteArrayView> findAppPayloads(QByteArrayView data, const JpegStream &stream, quint8 marker,
+                                      QByteArrayView signature)
 {
     QList<QByteArrayView> found;
     for (const JpegSegment &segment : stream.segments) {

@@ -13,19 +13,19 @@ namespace orvanta {
 
 struct JpegSegment
 {
-    quint8 marker = 0;          // second byte of the marker (0xE1 for APP1, ...)
-    qsizetype offset = 0;       // of the 0xFF that starts the marker
+    quint8 marker = 0; // second byte of the marker (0xE1 for APP1, ...)
+    qsizetype offset = 0; // of the 0xFF that starts the marker
     qsizetype payloadOffset = 0; // first byte after the two length bytes
-    qsizetype payloadSize = 0;   // length field minus 2
+    qsizetype payloadSize = 0; // length field minus 2
 };
 
 struct JpegStream
 {
-    qsizetype start = 0;          // offset of SOI
-    qsizetype end = 0;            // one past EOI, or the buffer's end when incomplete
-    bool complete = false;        // an EOI was found
-    QList<JpegSegment> segments;  // every segment with a length field, in file order
-    int width = 0;                // from the frame header, 0 when none was seen
+    qsizetype start = 0; // offset of SOI
+    qsizetype end = 0; // one past EOI, or the buffer's end when incomplete
+    bool complete = false; // an EOI was found
+    QList<JpegSegment> segments; // every segment with a length field, in file order
+    int width = 0; // from the frame header, 0 when none was seen
     int height = 0;
     int components = 0;
 
@@ -45,8 +45,8 @@ JpegStream walkJpeg(QByteArrayView data, qsizetype start = 0);
 // `signature`, with the signature cut off; empty view when there is none.
 QByteArrayView findAppPayload(QByteArrayView data, const JpegStream &stream, quint8 marker,
                               QByteArrayView signature);
-QList<QByteArrayView> findAppPayloads(QByteArrayView data, const JpegStream &stream,
-                                      quint8 marker, QByteArrayView signature);
+QList<QByteArrayView> findAppPayloads(QByteArrayView data, const JpegStream &stream, quint8 marker,
+                                      QByteArrayView signature);
 
 // The EXIF orientation (1...8) of the stream's Exif APP1, 1 when absent or unreadable.
 int exifOrientation(QByteArrayView data, const JpegStream &stream);
@@ -78,10 +78,10 @@ inline constexpr quint8 APP0 = 0xE0;
 inline constexpr quint8 APP1 = 0xE1;
 inline constexpr quint8 APP2 = 0xE2;
 // Payload signatures, with the terminating NUL(s) the file stores.
-QByteArrayView xmp();  // "http://ns.adobe.com/xap/1.0/\0"
+QByteArrayView xmp(); // "http://ns.adobe.com/xap/1.0/\0"
 QByteArrayView exif(); // "Exif\0\0"
-QByteArrayView mpf();  // "MPF\0"
-QByteArrayView iso();  // "urn:iso:std:iso:ts:21496:-1\0"
+QByteArrayView mpf(); // "MPF\0"
+QByteArrayView iso(); // "urn:iso:std:iso:ts:21496:-1\0"
 } // namespace jpeg
 
 } // namespace orvanta

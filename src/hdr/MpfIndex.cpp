@@ -76,8 +76,8 @@ MpfIndex parseMpf(QByteArrayView payload)
     MpfIndex index;
     for (quint32 i = 0; i < imageCount; ++i) {
         const char *e = p + entriesOffset + quint64(i) * 16;
-        index.entries.append({ readU32(e, bigEndian), readU32(e + 4, bigEndian),
-                               readU32(e + 8, bigEndian) });
+        index.entries.append(
+            { readU32(e, bigEndian), readU32(e + 4, bigEndian), readU32(e + 8, bigEndian) });
     }
     if (index.entries.first().offset != 0)
         return rejected("MPF first image offset is not 0");
@@ -103,7 +103,7 @@ QByteArray buildMpf(quint32 primarySize, quint32 secondSize, quint32 secondOffse
     appendU16(out, kTypeUndefined);
     appendU32(out, 32);
     appendU32(out, 50); // entry array after the IFD and its next-IFD link
-    appendU32(out, 0);  // no attribute IFD
+    appendU32(out, 0); // no attribute IFD
     appendU32(out, 0x00030000); // baseline MP primary image
     appendU32(out, primarySize);
     appendU32(out, 0);

@@ -1,7 +1,6 @@
 #include "PortableFloatMap.h"
 
 #include <QtCore/qfloat16.h>
-
 #include <QtEndian>
 
 #include <cctype>
@@ -63,7 +62,8 @@ QImage readPortableFloatMap(QByteArrayView bytes, QString *error)
         for (int x = 0; x < width; ++x) {
             for (int c = 0; c < 3; ++c) {
                 const char *p = in + (qint64(x) * channels + (channels == 3 ? c : 0)) * 4;
-                const quint32 bits = littleEndian ? qFromLittleEndian<quint32>(p) : qFromBigEndian<quint32>(p);
+                const quint32 bits
+                    = littleEndian ? qFromLittleEndian<quint32>(p) : qFromBigEndian<quint32>(p);
                 std::memcpy(&out[4 * x + c], &bits, 4);
             }
             out[4 * x + 3] = 1.0f;
@@ -77,8 +77,8 @@ QByteArray writePortableFloatMap(const QImage &input)
     if (input.isNull())
         return {};
     const QImage image = input.convertToFormat(QImage::Format_RGBA32FPx4);
-    QByteArray out = "PF\n" + QByteArray::number(image.width()) + ' ' + QByteArray::number(image.height())
-        + "\n-1.0\n";
+    QByteArray out = "PF\n" + QByteArray::number(image.width()) + ' '
+        + QByteArray::number(image.height()) + "\n-1.0\n";
     const qsizetype header = out.size();
     out.resize(header + qsizetype(image.width()) * image.height() * 12);
     char *dst = out.data() + header;

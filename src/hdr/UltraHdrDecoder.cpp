@@ -35,14 +35,22 @@ OrientedRow orientedRow(int orientation, int y, int srcW, int srcH, qsizetype pi
 {
     auto at = [pitch](qsizetype dx, qsizetype dy) { return dy * pitch + dx; };
     switch (orientation) {
-    case 2: return { at(srcW - 1, y), -1 };
-    case 3: return { at(srcW - 1, srcH - 1 - y), -1 };
-    case 4: return { at(0, srcH - 1 - y), 1 };
-    case 5: return { at(y, 0), pitch };
-    case 6: return { at(srcH - 1 - y, 0), pitch };
-    case 7: return { at(srcH - 1 - y, srcW - 1), -pitch };
-    case 8: return { at(y, srcW - 1), -pitch };
-    default: return { at(0, y), 1 };
+    case 2:
+        return { at(srcW - 1, y), -1 };
+    case 3:
+        return { at(srcW - 1, srcH - 1 - y), -1 };
+    case 4:
+        return { at(0, srcH - 1 - y), 1 };
+    case 5:
+        return { at(y, 0), pitch };
+    case 6:
+        return { at(srcH - 1 - y, 0), pitch };
+    case 7:
+        return { at(srcH - 1 - y, srcW - 1), -pitch };
+    case 8:
+        return { at(y, srcW - 1), -pitch };
+    default:
+        return { at(0, y), 1 };
     }
 }
 
@@ -75,17 +83,26 @@ public:
     }
     void giveFree(Band *band)
     {
-        { std::lock_guard lock(m_mutex); m_free.push_back(band); }
+        {
+            std::lock_guard lock(m_mutex);
+            m_free.push_back(band);
+        }
         m_changed.notify_all();
     }
     void push(Band *band)
     {
-        { std::lock_guard lock(m_mutex); m_ready.push_back(band); }
+        {
+            std::lock_guard lock(m_mutex);
+            m_ready.push_back(band);
+        }
         m_changed.notify_all();
     }
     void finish()
     {
-        { std::lock_guard lock(m_mutex); m_finished = true; }
+        {
+            std::lock_guard lock(m_mutex);
+            m_finished = true;
+        }
         m_changed.notify_all();
     }
     // A band waiting to be converted if more than `backlog` are, without blocking.
@@ -121,8 +138,8 @@ private:
 struct RowWriter
 {
     const GainMapApplier &applier;
-    uchar *bits;        // the output's pixels, taken once before any thread starts
-    qsizetype pitch;    // output row length in pixels (8 bytes each)
+    uchar *bits; // the output's pixels, taken once before any thread starts
+    qsizetype pitch; // output row length in pixels (8 bytes each)
     int orientation;
     int srcW, srcH;
 
@@ -134,10 +151,12 @@ struct RowWriter
         auto *base = reinterpret_cast<quint64 *>(bits); // one RGBA half pixel = 8 bytes
         for (int r = 0; r < band.rows; ++r) {
             const int y = band.y0 + r;
-            applier.convertRow(band.rgb.data() + size_t(r) * srcW * 3, y, linear.data(), scratch.data());
+            applier.convertRow(band.rgb.data() + size_t(r) * srcW * 3, y, linear.data(),
+                               scratch.data());
             const OrientedRow row = orientedRow(orientation, y, srcW, srcH, pitch);
             if (row.step == 1) {
-                floatsToHalves(reinterpret_cast<quint16 *>(base + row.origin), linear.data(), srcW * 4);
+                floatsToHalves(reinterpret_cast<quint16 *>(base + row.origin), linear.data(),
+                               srcW * 4);
                 continue;
             }
             floatsToHalves(half.data(), linear.data(), srcW * 4);
@@ -242,7 +261,8 @@ UltraHdrDecodeResult decodeUltraHdr(QByteArrayView data, const UltraHdrDecodeOpt
         result.error = layout.error;
         return result;
     }
-    result.gainMapIssue = options.applyGainMap ? layout.gainMapIssue() : u"gain map not requested"_s;
+    result.gainMapIssue
+        = options.applyGainMap ? layout.gainMapIssue() : u"gain map not requested"_s;
 
     GainMapPlane map;
     if (options.applyGainMap && layout.isUltraHdr()) {
@@ -270,8 +290,10 @@ UltraHdrDecodeResult decodeUltraHdr(QByteArrayView data, const UltraHdrDecodeOpt
     const bool applyMap = result.weight > 0.0;
     const GainMapApplier applier(srcW, srcH, applyMap ? &*layout.metadata : nullptr, result.weight,
                                  applyMap ? &map : nullptr);
-    const RowWriter writer { applier, image.bits(), image.bytesPerLine() / 8, layout.orientation, srcW, srcH };
-    const int threads = options.threads > 0 ? options.threads : std::max(1, QThread::idealThreadCount());
+    const RowWriter writer { applier, image.bits(), image.bytesPerLine() / 8, layout.orientation,
+                             srcW,    srcH };
+    const int threads
+        = options.threads > 0 ? options.threads : std::max(1, QThread::idealThreadCount());
     const QString error = decodePrimary(decoder, writer, std::min(threads, 8));
     if (!error.isEmpty()) {
         result.error = error;

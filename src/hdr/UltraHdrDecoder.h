@@ -21,7 +21,7 @@ struct UltraHdrDecodeOptions
     double displayHeadroom = std::numeric_limits<double>::infinity();
     bool applyGainMap = true;
     qint64 maxPixels = 1ll << 28; // larger primaries or maps are refused
-    int threads = 0;              // 0: one per core
+    int threads = 0; // 0: one per core
 };
 
 struct UltraHdrDecodeResult
@@ -31,9 +31,9 @@ struct UltraHdrDecodeResult
     QImage image;
     UltraHdrLayout layout;
     bool gainMapApplied = false;
-    double weight = 0.0;  // how much of the map was applied (0...1)
+    double weight = 0.0; // how much of the map was applied (0...1)
     QString gainMapIssue; // why the map was not applied, when it was not
-    QString error;        // why there is no image at all
+    QString error; // why there is no image at all
 };
 
 UltraHdrDecodeResult decodeUltraHdr(QByteArrayView data, const UltraHdrDecodeOptions &options = {});

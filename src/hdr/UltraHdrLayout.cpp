@@ -46,8 +46,8 @@ void addMpfCandidates(QByteArrayView data, UltraHdrLayout &layout, QList<Candida
             const qint64 at = qint64(header) + entry.offset;
             const qint64 end = at + entry.size;
             if (at < layout.primary.end || end > data.size() || !startsImage(data, at)) {
-                layout.issues.append(u"MPF image %1 does not point at an image after the primary"_s
-                                         .arg(i + 1));
+                layout.issues.append(
+                    u"MPF image %1 does not point at an image after the primary"_s.arg(i + 1));
                 continue;
             }
             out.append({ qsizetype(at), qsizetype(end), GainMapLocator::Mpf });
@@ -73,7 +73,8 @@ void addContainerCandidate(QByteArrayView data, UltraHdrLayout &layout, QList<Ca
             break;
         if (item.semantic == u"GainMap") {
             if (startsImage(data, at))
-                out.append({ qsizetype(at), qsizetype(std::min<qint64>(at + item.length, data.size())),
+                out.append({ qsizetype(at),
+                             qsizetype(std::min<qint64>(at + item.length, data.size())),
                              GainMapLocator::Container });
             else
                 layout.issues.append(u"XMP container directory does not point at an image"_s);
@@ -167,7 +168,8 @@ UltraHdrLayout inspectUltraHdr(QByteArrayView data)
     }
     layout.orientation = exifOrientation(data, layout.primary);
     for (QByteArrayView payload : findAppPayloads(data, layout.primary, jpeg::APP2, jpeg::iso()))
-        layout.primaryHasIsoVersion = layout.primaryHasIsoVersion || parseIsoBlock(payload).versionOnly;
+        layout.primaryHasIsoVersion
+            = layout.primaryHasIsoVersion || parseIsoBlock(payload).versionOnly;
     if (!layout.primary.complete) {
         layout.issues.append(u"primary image is truncated"_s);
         return layout;
@@ -190,7 +192,8 @@ UltraHdrLayout inspectUltraHdr(QByteArrayView data)
         }
         ++layout.imagesAfterPrimary;
         bool carries = false;
-        std::optional<GainMapMetadata> metadata = gainMapMetadataOf(data, image, layout.issues, &carries);
+        std::optional<GainMapMetadata> metadata
+            = gainMapMetadataOf(data, image, layout.issues, &carries);
         if (!metadata)
             continue;
         layout.gainMap = image;

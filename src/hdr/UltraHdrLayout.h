@@ -18,25 +18,25 @@ namespace orvanta {
 
 enum class GainMapLocator {
     None,
-    Mpf,       // the MPF index of the primary
+    Mpf, // the MPF index of the primary
     Container, // the GContainer directory in the primary's XMP
-    Scan,      // the next complete JPEG after the primary
+    Scan, // the next complete JPEG after the primary
 };
 
 QString locatorName(GainMapLocator locator); // "none", "mpf", "container", "scan"
 
 struct UltraHdrLayout
 {
-    QString error;     // set when the buffer is not a JPEG at all
+    QString error; // set when the buffer is not a JPEG at all
     JpegStream primary;
     std::optional<JpegStream> gainMap;
     GainMapLocator locatedBy = GainMapLocator::None;
     std::optional<GainMapMetadata> metadata; // the values that will be applied
-    int orientation = 1;                     // EXIF orientation of the primary
-    QString primaryHdrgmVersion;             // hdrgm:Version of the primary XMP, if any
-    bool primaryHasIsoVersion = false;       // the primary carries the ISO version block
-    int imagesAfterPrimary = 0;              // complete JPEG streams seen after the primary
-    QStringList issues;                      // what was rejected on the way, in order
+    int orientation = 1; // EXIF orientation of the primary
+    QString primaryHdrgmVersion; // hdrgm:Version of the primary XMP, if any
+    bool primaryHasIsoVersion = false; // the primary carries the ISO version block
+    int imagesAfterPrimary = 0; // complete JPEG streams seen after the primary
+    QStringList issues; // what was rejected on the way, in order
 
     bool isJpeg() const { return error.isEmpty(); }
     bool isUltraHdr() const { return gainMap.has_value() && metadata.has_value(); }

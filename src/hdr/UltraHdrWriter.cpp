@@ -11,8 +11,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <cmath>
+#include <cstring>
 #include <vector>
 
 namespace orvanta {
@@ -55,7 +55,8 @@ bool decodeSdr(QByteArrayView jpegBytes, DecodedSdr &out, QString &error)
 // One row of the HDR picture as 4 floats a pixel.
 void hdrRow(const QImage &hdr, int y, std::vector<float> &row)
 {
-    if (hdr.format() == QImage::Format_RGBA16FPx4 || hdr.format() == QImage::Format_RGBA16FPx4_Premultiplied
+    if (hdr.format() == QImage::Format_RGBA16FPx4
+        || hdr.format() == QImage::Format_RGBA16FPx4_Premultiplied
         || hdr.format() == QImage::Format_RGBX16FPx4)
         qFloatFromFloat16(row.data(), reinterpret_cast<const qfloat16 *>(hdr.constScanLine(y)),
                           qsizetype(hdr.width()) * 4);
@@ -147,8 +148,9 @@ QByteArray encodeMap(const std::vector<float> &gains, int mapW, int mapH, int ch
         const double t = std::clamp((gains[i] - ch.minLog2) / (ch.maxLog2 - ch.minLog2), 0.0, 1.0);
         bytes[i] = std::uint8_t(std::floor(std::pow(t, ch.gamma) * 255.0 + 0.5));
     }
-        // Each channel of a multi-channel map is its own gain: no chroma subsampling.
-    return encodeJpeg(bytes.data(), mapW, mapH, channels, qsizetype(mapW) * channels, quality, true);
+    // Each channel of a multi-channel map is its own gain: no chroma subsampling.
+    return encodeJpeg(bytes.data(), mapW, mapH, channels, qsizetype(mapW) * channels, quality,
+                      true);
 }
 
 bool isDropped(QByteArrayView data, const JpegSegment &segment)
@@ -202,20 +204,23 @@ UltraHdrEncodeResult encodeFrom(QByteArrayView primary, const DecodedSdr &sdr, c
     UltraHdrEncodeResult result;
     if (hdrIn.width() != sdr.width || hdrIn.height() != sdr.height) {
         result.error = u"the HDR picture is %1×%2 but the SDR picture is %3×%4"_s.arg(hdrIn.width())
-                           .arg(hdrIn.height()).arg(sdr.width).arg(sdr.height);
+                           .arg(hdrIn.height())
+                           .arg(sdr.width)
+                           .arg(sdr.height);
         return result;
     }
     const QImage::Format f = hdrIn.format();
-    const bool direct = f == QImage::Format_RGBA16FPx4 || f == QImage::Format_RGBA16FPx4_Premultiplied
-        || f == QImage::Format_RGBX16FPx4 || f == QImage::Format_RGBA32FPx4
-        || f == QImage::Format_RGBA32FPx4_Premultiplied || f == QImage::Format_RGBX32FPx4;
+    const bool direct = f == QImage::Format_RGBA16FPx4
+        || f == QImage::Format_RGBA16FPx4_Premultiplied || f == QImage::Format_RGBX16FPx4
+        || f == QImage::Format_RGBA32FPx4 || f == QImage::Format_RGBA32FPx4_Premultiplied
+        || f == QImage::Format_RGBX32FPx4;
     const QImage hdr = direct ? hdrIn : hdrIn.convertToFormat(QImage::Format_RGBA32FPx4);
     const int scale = std::clamp(options.mapScale, 1, 128);
     const int channels = options.multiChannel ? 3 : 1;
     result.mapWidth = (sdr.width + scale - 1) / scale;
     result.mapHeight = (sdr.height + scale - 1) / scale;
-    const std::vector<float> gains = cellGains(sdr, hdr, result.mapWidth, result.mapHeight,
-                                               channels, options);
+    const std::vector<float> gains
+        = cellGains(sdr, hdr, result.mapWidth, result.mapHeight, channels, options);
     result.metadata = metadataFor(gains, channels, options);
     if (const QString why = result.metadata.validationError(); !why.isEmpty()) {
         result.error = u"gain map options invalid: "_s + why;

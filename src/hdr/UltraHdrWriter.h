@@ -18,9 +18,9 @@ namespace orvanta {
 
 struct UltraHdrEncodeOptions
 {
-    int mapScale = 4;        // the map is 1/scale of the picture on each side (rounded up)
-    int mapQuality = 90;     // JPEG quality of the gain map
-    int baseQuality = 95;    // JPEG quality of the primary when it is encoded here
+    int mapScale = 4; // the map is 1/scale of the picture on each side (rounded up)
+    int mapQuality = 90; // JPEG quality of the gain map
+    int baseQuality = 95; // JPEG quality of the primary when it is encoded here
     bool multiChannel = false; // one map per colour channel instead of one for luminance
     bool writeXmp = true;
     bool writeIso = true;
@@ -31,8 +31,8 @@ struct UltraHdrEncodeOptions
 
 struct UltraHdrEncodeResult
 {
-    QByteArray bytes;          // the file; empty on failure
-    GainMapMetadata metadata;  // exactly what a reader will get back
+    QByteArray bytes; // the file; empty on failure
+    GainMapMetadata metadata; // exactly what a reader will get back
     int mapWidth = 0;
     int mapHeight = 0;
     QString error;

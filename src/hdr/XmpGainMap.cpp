@@ -239,8 +239,8 @@ QByteArray gainMapXmp(const GainMapMetadata &m)
 {
     using Field = double GainMapChannel::*;
     const std::pair<const char16_t *, Field> fields[] = {
-        { u"GainMapMin", &GainMapChannel::minLog2 },   { u"GainMapMax", &GainMapChannel::maxLog2 },
-        { u"Gamma", &GainMapChannel::gamma },          { u"OffsetSDR", &GainMapChannel::offsetSdr },
+        { u"GainMapMin", &GainMapChannel::minLog2 },  { u"GainMapMax", &GainMapChannel::maxLog2 },
+        { u"Gamma", &GainMapChannel::gamma },         { u"OffsetSDR", &GainMapChannel::offsetSdr },
         { u"OffsetHDR", &GainMapChannel::offsetHdr },
     };
     QString attributes, elements;
@@ -265,7 +265,7 @@ QByteArray gainMapXmp(const GainMapMetadata &m)
   </rdf:Description>
  </rdf:RDF>
 </x:xmpmeta>)"_s.arg(attributes, number(m.hdrCapacityMinLog2), number(m.hdrCapacityMaxLog2),
-                   elements);
+                     elements);
     return xml.toUtf8();
 }
 

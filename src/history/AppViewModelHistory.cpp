@@ -19,7 +19,7 @@ namespace {
 // thread if the model still exists. The worker touches only what `work`
 // captured by value, never the model: the QPointer is only copied there and
 // read on the main thread, where the model is also destroyed.
-template <typename Work, typename Apply>
+template<typename Work, typename Apply>
 void runOffMainThread(AppViewModel *model, Work work, Apply apply)
 {
     QThreadPool::globalInstance()->start(

@@ -5,7 +5,7 @@ namespace orvanta {
 HistoryQuery makeHistoryQuery(const QString &searchText, HistoryStatusFilter filter,
                               HistorySortField sortField, bool sortAscending)
 {
-    return {searchText, statusText(filter), rawValue(sortField), sortAscending};
+    return { searchText, statusText(filter), rawValue(sortField), sortAscending };
 }
 
 bool HistoryRefreshResult::hasMore() const

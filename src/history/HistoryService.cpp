@@ -105,7 +105,7 @@ std::optional<double> optionalDouble(sqlite3_stmt *statement, int column)
 // or foreign database and is skipped.
 std::optional<PhotoRecord> readRecord(sqlite3_stmt *statement)
 {
-    for (int required : {0, 1, 5, 9}) {
+    for (int required : { 0, 1, 5, 9 }) {
         if (isNull(statement, required))
             return std::nullopt;
     }
@@ -208,7 +208,7 @@ QString HistoryService::defaultDbPath()
     // Earlier product names kept the database in their own folders. The
     // first one found is copied (never moved, so the old version keeps
     // working); failures are ignored and the current path is used anyway.
-    for (const auto legacyFolder : {"Pemvira"_L1, "Dravik"_L1, "Tarne"_L1}) {
+    for (const auto legacyFolder : { "Pemvira"_L1, "Dravik"_L1, "Tarne"_L1 }) {
         const QString legacy = base + u'/' + legacyFolder + u"/pipeline_state.db"_s;
         if (!QFileInfo::exists(legacy))
             continue;

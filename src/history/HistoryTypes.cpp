@@ -6,7 +6,7 @@ namespace orvanta {
 
 namespace {
 
-template <typename Enum, std::size_t N>
+template<typename Enum, std::size_t N>
 std::optional<Enum> fromRaw(QStringView raw, const char16_t *const (&names)[N])
 {
     for (std::size_t i = 0; i < N; ++i) {
@@ -16,8 +16,7 @@ std::optional<Enum> fromRaw(QStringView raw, const char16_t *const (&names)[N])
     return std::nullopt;
 }
 
-template <typename Enum, std::size_t N>
-QList<Enum> allOf(const char16_t *const (&)[N])
+template<typename Enum, std::size_t N> QList<Enum> allOf(const char16_t *const (&)[N])
 {
     QList<Enum> all;
     for (std::size_t i = 0; i < N; ++i)
@@ -25,11 +24,10 @@ QList<Enum> allOf(const char16_t *const (&)[N])
     return all;
 }
 
-constexpr const char16_t *kFilterNames[] = {u"all", u"success", u"failed"};
-constexpr const char16_t *kSortNames[] = {u"date", u"peakStops", u"faces", u"duration", u"stem"};
-constexpr const char16_t *kColumnNames[] = {u"peak_stops", u"exposure", u"camera_lens",
-                                            u"faces",      u"bayer_clip", u"duration",
-                                            u"file_size",  u"date"};
+constexpr const char16_t *kFilterNames[] = { u"all", u"success", u"failed" };
+constexpr const char16_t *kSortNames[] = { u"date", u"peakStops", u"faces", u"duration", u"stem" };
+constexpr const char16_t *kColumnNames[] = { u"peak_stops", u"exposure", u"camera_lens", u"faces",
+                                             u"bayer_clip", u"duration", u"file_size",   u"date" };
 
 } // namespace
 
@@ -101,8 +99,8 @@ const QList<ListColumn> &allListColumns()
 
 ListColumnSet defaultVisibleColumns()
 {
-    return {ListColumn::PeakStops, ListColumn::Exposure, ListColumn::CameraLens, ListColumn::Faces,
-            ListColumn::Duration};
+    return { ListColumn::PeakStops, ListColumn::Exposure, ListColumn::CameraLens, ListColumn::Faces,
+             ListColumn::Duration };
 }
 
 ListColumnSet normalizedColumnSet(ListColumnSet columns)

@@ -56,7 +56,16 @@ std::optional<HistorySortField> historySortFieldFromRawValue(QStringView raw);
 const QList<HistorySortField> &allHistorySortFields();
 
 // The optional columns of the history table, in header order.
-enum class ListColumn { PeakStops, Exposure, CameraLens, Faces, BayerClip, Duration, FileSize, Date };
+enum class ListColumn {
+    PeakStops,
+    Exposure,
+    CameraLens,
+    Faces,
+    BayerClip,
+    Duration,
+    FileSize,
+    Date
+};
 QString rawValue(ListColumn column);
 std::optional<ListColumn> listColumnFromRawValue(QStringView raw);
 QString titleKey(ListColumn column);

@@ -12,16 +12,16 @@ struct LanguageInfo
     const char16_t *name;
 };
 
-constexpr std::array<LanguageInfo, 8> kLanguages{{
-    {AppLanguage::System, u"system", u"跟随系统 / System Default"},
-    {AppLanguage::English, u"en", u"English"},
-    {AppLanguage::SimplifiedChinese, u"zh-Hans", u"简体中文"},
-    {AppLanguage::TraditionalChinese, u"zh-Hant", u"繁體中文"},
-    {AppLanguage::Japanese, u"ja", u"日本語"},
-    {AppLanguage::German, u"de", u"Deutsch"},
-    {AppLanguage::French, u"fr", u"Français"},
-    {AppLanguage::Spanish, u"es", u"Español"},
-}};
+constexpr std::array<LanguageInfo, 8> kLanguages { {
+    { AppLanguage::System, u"system", u"跟随系统 / System Default" },
+    { AppLanguage::English, u"en", u"English" },
+    { AppLanguage::SimplifiedChinese, u"zh-Hans", u"简体中文" },
+    { AppLanguage::TraditionalChinese, u"zh-Hant", u"繁體中文" },
+    { AppLanguage::Japanese, u"ja", u"日本語" },
+    { AppLanguage::German, u"de", u"Deutsch" },
+    { AppLanguage::French, u"fr", u"Français" },
+    { AppLanguage::Spanish, u"es", u"Español" },
+} };
 
 const LanguageInfo &info(AppLanguage language)
 {

@@ -19,8 +19,8 @@ constexpr int kMaxPrecision = 64;
 struct Directive
 {
     qsizetype begin = 0; // index of '%'
-    qsizetype end = 0;   // one past the conversion character
-    int position = 0;    // 1-based for %n$, 0 for sequential
+    qsizetype end = 0; // one past the conversion character
+    int position = 0; // 1-based for %n$, 0 for sequential
     bool leftAlign = false;
     bool plusSign = false;
     bool spaceSign = false;
@@ -52,7 +52,7 @@ int readNumber(const QString &s, qsizetype &i, int cap)
 // "%%"). Returns false when no complete directive stands there.
 bool parseDirective(const QString &s, qsizetype start, Directive &d)
 {
-    d = Directive{};
+    d = Directive {};
     d.begin = start;
     qsizetype i = start + 1;
 
@@ -186,10 +186,11 @@ QString formatInteger(const FormatArg &arg, Directive d)
 QString cLocaleReal(double value, char format, int precision)
 {
     const std::chars_format style = format == 'f' ? std::chars_format::fixed
-                                    : format == 'e' ? std::chars_format::scientific
-                                                    : std::chars_format::general;
+        : format == 'e'                           ? std::chars_format::scientific
+                                                  : std::chars_format::general;
     char buffer[512];
-    const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, value, style, precision);
+    const auto [end, error]
+        = std::to_chars(buffer, buffer + sizeof buffer, value, style, precision);
     if (error != std::errc())
         return QString::number(value, format, precision);
     return QString::fromLatin1(buffer, end - buffer);
@@ -243,9 +244,19 @@ QString formatString(const FormatArg &arg, const Directive &d)
 QString render(const FormatArg &arg, const Directive &d)
 {
     switch (d.conversion.unicode()) {
-    case 'd': case 'i': case 'u': case 'x': case 'X': case 'o':
+    case 'd':
+    case 'i':
+    case 'u':
+    case 'x':
+    case 'X':
+    case 'o':
         return formatInteger(arg, d);
-    case 'f': case 'F': case 'e': case 'E': case 'g': case 'G':
+    case 'f':
+    case 'F':
+    case 'e':
+    case 'E':
+    case 'g':
+    case 'G':
         return formatReal(arg, d);
     default:
         return formatString(arg, d);

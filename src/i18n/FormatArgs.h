@@ -15,16 +15,46 @@ namespace orvanta {
 class FormatArg
 {
 public:
-    FormatArg(int v) : m_value(qint64(v)) {}
-    FormatArg(unsigned v) : m_value(qint64(v)) {}
-    FormatArg(long v) : m_value(qint64(v)) {}
-    FormatArg(long long v) : m_value(qint64(v)) {}
-    FormatArg(unsigned long v) : m_value(qint64(v)) {}
-    FormatArg(unsigned long long v) : m_value(qint64(v)) {}
-    FormatArg(double v) : m_value(v) {}
-    FormatArg(float v) : m_value(double(v)) {}
-    FormatArg(const QString &v) : m_value(v) {}
-    FormatArg(const char *utf8) : m_value(QString::fromUtf8(utf8)) {}
+    FormatArg(int v)
+        : m_value(qint64(v))
+    {
+    }
+    FormatArg(unsigned v)
+        : m_value(qint64(v))
+    {
+    }
+    FormatArg(long v)
+        : m_value(qint64(v))
+    {
+    }
+    FormatArg(long long v)
+        : m_value(qint64(v))
+    {
+    }
+    FormatArg(unsigned long v)
+        : m_value(qint64(v))
+    {
+    }
+    FormatArg(unsigned long long v)
+        : m_value(qint64(v))
+    {
+    }
+    FormatArg(double v)
+        : m_value(v)
+    {
+    }
+    FormatArg(float v)
+        : m_value(double(v))
+    {
+    }
+    FormatArg(const QString &v)
+        : m_value(v)
+    {
+    }
+    FormatArg(const char *utf8)
+        : m_value(QString::fromUtf8(utf8))
+    {
+    }
     FormatArg(bool) = delete; // ambiguous in a text: say what it means first
 
     bool isInteger() const { return std::holds_alternative<qint64>(m_value); }

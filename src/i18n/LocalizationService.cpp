@@ -29,8 +29,8 @@ QSettings preferences()
 
 const QStringList &LocalizationService::tableCodes()
 {
-    static const QStringList codes{u"en"_s, u"zh-Hans"_s, u"zh-Hant"_s, u"ja"_s,
-                                   u"de"_s, u"fr"_s,      u"es"_s};
+    static const QStringList codes { u"en"_s, u"zh-Hans"_s, u"zh-Hant"_s, u"ja"_s,
+                                     u"de"_s, u"fr"_s,      u"es"_s };
     return codes;
 }
 
@@ -85,7 +85,7 @@ QString LocalizationService::resolve(AppLanguage language) const
 {
     if (language != AppLanguage::System)
         return rawValue(language);
-    return resolveSystemLanguage(m_preferredLanguages ? m_preferredLanguages() : QStringList{});
+    return resolveSystemLanguage(m_preferredLanguages ? m_preferredLanguages() : QStringList {});
 }
 
 QString LocalizationService::resolveSystemLanguage(const QStringList &preferredLanguages)
@@ -99,7 +99,7 @@ QString LocalizationService::resolveSystemLanguage(const QStringList &preferredL
         return u"zh-Hant"_s;
     if (first.startsWith(u"zh"))
         return u"zh-Hans"_s;
-    for (const char16_t *code : {u"ja", u"de", u"fr", u"es"}) {
+    for (const char16_t *code : { u"ja", u"de", u"fr", u"es" }) {
         if (first.startsWith(QStringView(code)))
             return QString::fromUtf16(code);
     }

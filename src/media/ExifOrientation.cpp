@@ -13,7 +13,9 @@ class TiffReader
 {
 public:
     TiffReader(const uchar *data, qsizetype size, bool bigEndian)
-        : m_data(data), m_size(size), m_bigEndian(bigEndian)
+        : m_data(data)
+        , m_size(size)
+        , m_bigEndian(bigEndian)
     {
     }
 
@@ -45,7 +47,7 @@ constexpr quint16 ShortType = 3;
 
 int orientationFromExifBlock(const uchar *data, qsizetype size)
 {
-    static const char header[] = {'E', 'x', 'i', 'f', 0, 0};
+    static const char header[] = { 'E', 'x', 'i', 'f', 0, 0 };
     if (!data || size < 6 + 8 || memcmp(data, header, 6) != 0)
         return 1;
     const uchar *tiff = data + 6;

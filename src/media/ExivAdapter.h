@@ -21,7 +21,7 @@ struct ExifTags
 {
     std::optional<int> pixelWidth;
     std::optional<int> pixelHeight;
-    std::optional<QString> make;     // untrimmed, cut at the first NUL
+    std::optional<QString> make; // untrimmed, cut at the first NUL
     std::optional<QString> model;
     std::optional<QString> lensModel;
     std::optional<QString> dateTime; // Exif.Image.DateTime
@@ -42,7 +42,7 @@ struct EmbeddedPreview
 {
     QByteArray data;
     QByteArray mimeType; // "image/jpeg", "image/tiff", ...
-    int width = 0;       // 0 when the container does not say
+    int width = 0; // 0 when the container does not say
     int height = 0;
     int orientation = 1; // the file's Exif orientation; previews carry none of their own
     bool largeEnough = false; // its longer side reaches the requested size

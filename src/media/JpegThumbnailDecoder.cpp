@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <csetjmp>
-
 #include <jpeglib.h>
 
 namespace orvanta {
@@ -40,7 +39,9 @@ struct ErrorManager
 
 // Warnings (a truncated scan, extraneous bytes) are not failures: libjpeg
 // fills what is missing and the thumbnail is still worth showing.
-void ignoreMessage(j_common_ptr) { }
+void ignoreMessage(j_common_ptr)
+{
+}
 
 // libjpeg reports errors by longjmp. Each step that can fail runs in its own
 // function holding only trivially destructible locals, so the jump never
@@ -58,8 +59,8 @@ bool readHeader(Session &s, int maxPixelSize)
     jpeg_save_markers(&s.cinfo, JPEG_APP0 + 1, 0xFFFF);
     if (jpeg_read_header(&s.cinfo, TRUE) != JPEG_HEADER_OK)
         return false;
-    s.cinfo.scale_num = unsigned(jpegScaleNumerator(int(s.cinfo.image_width),
-                                                    int(s.cinfo.image_height), maxPixelSize));
+    s.cinfo.scale_num = unsigned(
+        jpegScaleNumerator(int(s.cinfo.image_width), int(s.cinfo.image_height), maxPixelSize));
     s.cinfo.scale_denom = 8;
     s.cinfo.dct_method = JDCT_IFAST;
     s.cinfo.do_fancy_upsampling = FALSE;
@@ -154,7 +155,7 @@ public:
         m_session.cinfo.err = jpeg_std_error(&m_session.error.pub);
         m_session.error.pub.error_exit = exitOnError;
         m_session.error.pub.output_message = ignoreMessage;
-        m_session.error.pub.emit_message = [](j_common_ptr, int) { };
+        m_session.error.pub.emit_message = [](j_common_ptr, int) {};
         jpeg_create_decompress(&m_session.cinfo);
         m_session.cinfo.mem->max_memory_to_use = MaxDecoderMemory;
     }
@@ -169,7 +170,7 @@ public:
     }
 
 private:
-    Session m_session{};
+    Session m_session {};
 };
 
 } // namespace
@@ -195,7 +196,8 @@ QSize fitWithin(QSize size, int maxPixelSize)
     // the nearest pixel (QSize::scaled would truncate 106.7 to 106).
     const qint64 longer = std::max(size.width(), size.height());
     const qint64 shorter = std::min(size.width(), size.height());
-    const int scaledShorter = int(std::max<qint64>(1, (shorter * maxPixelSize + longer / 2) / longer));
+    const int scaledShorter
+        = int(std::max<qint64>(1, (shorter * maxPixelSize + longer / 2) / longer));
     return size.width() >= size.height() ? QSize(maxPixelSize, scaledShorter)
                                          : QSize(scaledShorter, maxPixelSize);
 }

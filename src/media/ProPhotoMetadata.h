@@ -14,10 +14,10 @@ struct ProPhotoMetadata
     std::optional<QString> cameraMake;
     std::optional<QString> cameraModel;
     std::optional<QString> lensModel;
-    std::optional<double> focalLength;     // mm
+    std::optional<double> focalLength; // mm
     std::optional<double> focalLength35mm; // mm, 35 mm film equivalent
-    std::optional<double> aperture;        // f-number
-    std::optional<double> shutterSpeed;    // seconds
+    std::optional<double> aperture; // f-number
+    std::optional<double> shutterSpeed; // seconds
     std::optional<int> iso;
     std::optional<double> exposureBias; // EV
     std::optional<QString> dateTimeOriginal; // as stored, never parsed
@@ -28,13 +28,13 @@ struct ProPhotoMetadata
 
     // Every number below is written with a point as the decimal separator,
     // whatever the locale; a missing or meaningless value shows as "—".
-    QString shutterSpeedString() const;  // "1/250s", "2.0s"
-    QString apertureString() const;      // "ƒ/2.8"
-    QString focalLengthString() const;   // "24 mm" (never the 35 mm figure)
-    QString isoString() const;           // "12800"
-    QString exposureBiasString() const;  // "+0.7 EV", "-0.7 EV", "0.0 EV" when absent
-    QString resolutionString() const;    // "6000 × 4000 (24.0 MP)"
-    QString fileSizeString() const;      // "23.84 MB" (mebibytes)
+    QString shutterSpeedString() const; // "1/250s", "2.0s"
+    QString apertureString() const; // "ƒ/2.8"
+    QString focalLengthString() const; // "24 mm" (never the 35 mm figure)
+    QString isoString() const; // "12800"
+    QString exposureBiasString() const; // "+0.7 EV", "-0.7 EV", "0.0 EV" when absent
+    QString resolutionString() const; // "6000 × 4000 (24.0 MP)"
+    QString fileSizeString() const; // "23.84 MB" (mebibytes)
 
     bool operator==(const ProPhotoMetadata &) const = default;
 };

@@ -7,7 +7,6 @@
 #include <QFile>
 
 #include <libraw/libraw.h>
-
 #include <memory>
 
 namespace orvanta {

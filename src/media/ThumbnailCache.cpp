@@ -41,7 +41,7 @@ bool ThumbnailCache::insert(const QString &key, const QImage &image)
     while (!m_order.empty()
            && (int(m_order.size()) >= m_countLimit || m_totalCost + cost > m_costLimit))
         eraseLocked(std::prev(m_order.end()));
-    m_order.push_front(Entry{key, image, cost});
+    m_order.push_front(Entry { key, image, cost });
     m_index.insert(key, m_order.begin());
     m_totalCost += cost;
     return true;

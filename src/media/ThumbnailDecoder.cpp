@@ -76,10 +76,9 @@ QImage decodeWithQt(const QString &path, int maxPixelSize)
 bool isRawFileName(const QString &path)
 {
     static const QSet<QString> suffixes = {
-        u"3fr"_s, u"arw"_s, u"cr2"_s, u"cr3"_s, u"crw"_s, u"dcr"_s, u"dng"_s, u"erf"_s,
-        u"iiq"_s, u"k25"_s, u"kdc"_s, u"mef"_s, u"mos"_s, u"mrw"_s, u"nef"_s, u"nrw"_s,
-        u"orf"_s, u"pef"_s, u"raf"_s, u"raw"_s, u"rw2"_s, u"rwl"_s, u"sr2"_s, u"srf"_s,
-        u"srw"_s, u"x3f"_s,
+        u"3fr"_s, u"arw"_s, u"cr2"_s, u"cr3"_s, u"crw"_s, u"dcr"_s, u"dng"_s, u"erf"_s, u"iiq"_s,
+        u"k25"_s, u"kdc"_s, u"mef"_s, u"mos"_s, u"mrw"_s, u"nef"_s, u"nrw"_s, u"orf"_s, u"pef"_s,
+        u"raf"_s, u"raw"_s, u"rw2"_s, u"rwl"_s, u"sr2"_s, u"srf"_s, u"srw"_s, u"x3f"_s,
     };
     return suffixes.contains(QFileInfo(path).suffix().toLower());
 }

@@ -30,7 +30,10 @@ struct Job
 // Shared between the manager (main thread) and the loader thread.
 struct ThumbnailManager::Loader
 {
-    explicit Loader(Decoder d) : decoder(std::move(d)) { }
+    explicit Loader(Decoder d)
+        : decoder(std::move(d))
+    {
+    }
 
     const Decoder decoder;
     ThumbnailCache cache;
@@ -90,7 +93,7 @@ ThumbnailManager::~ThumbnailManager()
 
 QString ThumbnailManager::chooseFile(const QString &targetPath, const QString &fallbackPath)
 {
-    for (const QString &path : {targetPath, fallbackPath}) {
+    for (const QString &path : { targetPath, fallbackPath }) {
         if (!path.isEmpty() && QFileInfo(path).isFile())
             return path;
     }
@@ -145,11 +148,11 @@ ThumbnailManager::Ticket ThumbnailManager::loadThumbnail(const QString &targetPa
     }
 
     const Ticket ticket = m_nextTicket++;
-    m_waiters.insert(ticket, Waiter{context, context != nullptr, std::move(completion)});
+    m_waiters.insert(ticket, Waiter { context, context != nullptr, std::move(completion) });
     bool startDrain = false;
     {
         const QMutexLocker lock(&m_loader->mutex);
-        m_loader->pending.push_back(Job{ticket, path, maxPixelSize, key});
+        m_loader->pending.push_back(Job { ticket, path, maxPixelSize, key });
         startDrain = !std::exchange(m_loader->draining, true);
     }
     if (startDrain) {

@@ -43,8 +43,8 @@ public:
     // Ticket 0. Otherwise the file is queued and `completion` later runs on
     // the main thread, unless `context` (when given) has been destroyed by
     // then or the ticket was cancelled. The decoded image is cached either way.
-    Ticket loadThumbnail(const QString &targetPath, const QString &fallbackPath,
-                         int maxPixelSize, QObject *context, Completion completion);
+    Ticket loadThumbnail(const QString &targetPath, const QString &fallbackPath, int maxPixelSize,
+                         QObject *context, Completion completion);
 
     // Drops the completion of a request whose row left the view. Returns true
     // when the file had not been decoded yet and now never will be.

@@ -11,7 +11,10 @@ class ThumbnailResult
 public:
     enum class Kind { Success, DecodeError, MissingOnDisk };
 
-    static ThumbnailResult success(QImage image) { return ThumbnailResult(Kind::Success, std::move(image)); }
+    static ThumbnailResult success(QImage image)
+    {
+        return ThumbnailResult(Kind::Success, std::move(image));
+    }
     static ThumbnailResult decodeError() { return ThumbnailResult(Kind::DecodeError, {}); }
     static ThumbnailResult missingOnDisk() { return ThumbnailResult(Kind::MissingOnDisk, {}); }
 
@@ -21,7 +24,11 @@ public:
     const QImage &image() const { return m_image; }
 
 private:
-    ThumbnailResult(Kind kind, QImage image) : m_kind(kind), m_image(std::move(image)) { }
+    ThumbnailResult(Kind kind, QImage image)
+        : m_kind(kind)
+        , m_image(std::move(image))
+    {
+    }
 
     Kind m_kind;
     QImage m_image;

@@ -1,7 +1,6 @@
 // The recipe half of AppViewModel: the list mirrors the recipe file, which
 // RecipeService re-reads before every change.
 #include "core/AppViewModel.h"
-
 #include "styles/RecipeService.h"
 
 namespace orvanta {

@@ -30,15 +30,15 @@ QString writeAtomically(const QString &path, const QByteArray &bytes)
 
 QJsonObject toJson(const UserRecipe &r)
 {
-    return QJsonObject{
-        {u"id"_s, r.id.toString(QUuid::WithoutBraces).toUpper()},
-        {u"name"_s, r.name},
-        {u"createdAt"_s, r.createdAt.toUTC().toString(Qt::ISODate)},
-        {u"midTarget"_s, r.midTarget},
-        {u"powerMid"_s, r.powerMid},
-        {u"powerHi"_s, r.powerHi},
-        {u"chromaBoost"_s, r.chromaBoost},
-        {u"skinDamp"_s, r.skinDamp},
+    return QJsonObject {
+        { u"id"_s, r.id.toString(QUuid::WithoutBraces).toUpper() },
+        { u"name"_s, r.name },
+        { u"createdAt"_s, r.createdAt.toUTC().toString(Qt::ISODate) },
+        { u"midTarget"_s, r.midTarget },
+        { u"powerMid"_s, r.powerMid },
+        { u"powerHi"_s, r.powerHi },
+        { u"chromaBoost"_s, r.chromaBoost },
+        { u"skinDamp"_s, r.skinDamp },
     };
 }
 
@@ -69,9 +69,9 @@ std::optional<UserRecipe> fromJson(const QJsonValue &value, QString *error)
     r.createdAt = r.createdAt.toUTC();
 
     const std::pair<const char16_t *, double *> numbers[] = {
-        {u"midTarget", &r.midTarget},     {u"powerMid", &r.powerMid},
-        {u"powerHi", &r.powerHi},         {u"chromaBoost", &r.chromaBoost},
-        {u"skinDamp", &r.skinDamp},
+        { u"midTarget", &r.midTarget }, { u"powerMid", &r.powerMid },
+        { u"powerHi", &r.powerHi },     { u"chromaBoost", &r.chromaBoost },
+        { u"skinDamp", &r.skinDamp },
     };
     for (const auto &[key, target] : numbers) {
         const QJsonValue v = o.value(QStringView(key));
@@ -113,8 +113,8 @@ QString RecipeService::primaryPath() const
 QStringList RecipeService::legacyPaths() const
 {
     // Recipes existed under two earlier names only.
-    return {m_homeDir + u"/.config/dravik/recipes.json"_s,
-            m_homeDir + u"/.config/tarne/recipes.json"_s};
+    return { m_homeDir + u"/.config/dravik/recipes.json"_s,
+             m_homeDir + u"/.config/tarne/recipes.json"_s };
 }
 
 QByteArray RecipeService::encode(const QList<UserRecipe> &recipes)
@@ -127,7 +127,7 @@ QByteArray RecipeService::encode(const QList<UserRecipe> &recipes)
 
 std::optional<QList<UserRecipe>> RecipeService::decode(const QByteArray &bytes, QString *error)
 {
-    QJsonParseError parse{};
+    QJsonParseError parse {};
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &parse);
     if (parse.error != QJsonParseError::NoError) {
         if (error)
@@ -151,8 +151,9 @@ std::optional<QList<UserRecipe>> RecipeService::decode(const QByteArray &bytes, 
 
 void RecipeService::sortNewestFirst(QList<UserRecipe> &recipes)
 {
-    std::stable_sort(recipes.begin(), recipes.end(),
-                     [](const UserRecipe &a, const UserRecipe &b) { return a.createdAt > b.createdAt; });
+    std::stable_sort(recipes.begin(), recipes.end(), [](const UserRecipe &a, const UserRecipe &b) {
+        return a.createdAt > b.createdAt;
+    });
 }
 
 QString RecipeService::trimmedName(const QString &name)
@@ -238,10 +239,10 @@ RecipeImport RecipeService::importRecipes(const QString &path) const
 
     result.recipes = loadRecipes();
     for (const UserRecipe &recipe : *imported) {
-        const bool known = std::any_of(result.recipes.cbegin(), result.recipes.cend(),
-                                       [&](const UserRecipe &r) {
-                                           return r.id == recipe.id || r.name == recipe.name;
-                                       });
+        const bool known
+            = std::any_of(result.recipes.cbegin(), result.recipes.cend(), [&](const UserRecipe &r) {
+                  return r.id == recipe.id || r.name == recipe.name;
+              });
         if (known)
             continue;
         result.recipes.append(recipe);

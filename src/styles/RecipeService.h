@@ -51,7 +51,8 @@ public:
     // The file format: a JSON array of objects with sorted keys.
     static QByteArray encode(const QList<UserRecipe> &recipes);
     // None when any recipe lacks a field or has one of the wrong type.
-    static std::optional<QList<UserRecipe>> decode(const QByteArray &bytes, QString *error = nullptr);
+    static std::optional<QList<UserRecipe>> decode(const QByteArray &bytes,
+                                                   QString *error = nullptr);
     static void sortNewestFirst(QList<UserRecipe> &recipes);
     // Trims spaces and tabs only, as names are compared.
     static QString trimmedName(const QString &name);

@@ -27,7 +27,7 @@ std::optional<StyleProfile> styleProfileFromRawValue(QStringView raw);
 const QList<StyleProfile> &allStyleProfiles(); // declaration order
 
 QString displayName(StyleProfile profile); // localized title
-QString subtitle(StyleProfile profile);    // localized description
+QString subtitle(StyleProfile profile); // localized description
 // Symbol name of the style ("sparkles", "film", ...): the key under which the
 // interface finds its icon.
 QString iconName(StyleProfile profile);
@@ -38,7 +38,7 @@ QList<std::pair<QString, QString>> parametersSummary(StyleProfile profile);
 // One of the five sliders of the custom style.
 struct FineTuningParameter
 {
-    const char *property;  // property name on AppViewModel
+    const char *property; // property name on AppViewModel
     const char *configKey; // key in config.json
     const char *engineFlag;
     double defaultValue;

@@ -8,7 +8,7 @@ QString UserRecipe::summaryDescription() const
 {
     return formatPrintf(QStringLiteral("Mid: %.2fst · P-Mid: %.2f · P-Hi: %.2f · Chroma: %.2f · "
                                        "Skin: %.2f"),
-                        {midTarget, powerMid, powerHi, chromaBoost, skinDamp});
+                        { midTarget, powerMid, powerHi, chromaBoost, skinDamp });
 }
 
 } // namespace orvanta

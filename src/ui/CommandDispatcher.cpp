@@ -6,13 +6,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr std::pair<Command, QStringView> kNames[] = {
-    {Command::OpenSettings, u"OpenOrvantaSettings"},
-    {Command::SelectSourceFolder, u"SelectSourceFolder"},
-    {Command::SelectDestFolder, u"SelectDestFolder"},
-    {Command::StartBatchPipeline, u"StartBatchPipeline"},
-    {Command::StopPipeline, u"StopPipeline"},
-    {Command::RefreshHistory, u"RefreshHistory"},
-    {Command::OpenDonateView, u"OpenDonateView"},
+    { Command::OpenSettings, u"OpenOrvantaSettings" },
+    { Command::SelectSourceFolder, u"SelectSourceFolder" },
+    { Command::SelectDestFolder, u"SelectDestFolder" },
+    { Command::StartBatchPipeline, u"StartBatchPipeline" },
+    { Command::StopPipeline, u"StopPipeline" },
+    { Command::RefreshHistory, u"RefreshHistory" },
+    { Command::OpenDonateView, u"OpenDonateView" },
 };
 } // namespace
 

@@ -10,13 +10,13 @@
 namespace orvanta {
 
 enum class Command {
-    OpenSettings,       // "OpenOrvantaSettings"
+    OpenSettings, // "OpenOrvantaSettings"
     SelectSourceFolder, // "SelectSourceFolder"
-    SelectDestFolder,   // "SelectDestFolder"
+    SelectDestFolder, // "SelectDestFolder"
     StartBatchPipeline, // "StartBatchPipeline"
-    StopPipeline,       // "StopPipeline"
-    RefreshHistory,     // "RefreshHistory"
-    OpenDonateView,     // "OpenDonateView"
+    StopPipeline, // "StopPipeline"
+    RefreshHistory, // "RefreshHistory"
+    OpenDonateView, // "OpenDonateView"
 };
 
 QString commandName(Command command);

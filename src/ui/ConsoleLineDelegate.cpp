@@ -22,12 +22,12 @@ std::pair<QString, QString> splitEmojiMarker(const QString &line)
     while (end < line.size() && line.at(end) != u' ') {
         const QChar c = line.at(end);
         if (c.unicode() < 0x2000 && !c.isSurrogate())
-            return {QString(), line};
+            return { QString(), line };
         ++end;
     }
     if (end == 0 || end == line.size())
-        return {QString(), line};
-    return {line.left(end), line.mid(end)};
+        return { QString(), line };
+    return { line.left(end), line.mid(end) };
 }
 
 ConsoleLineDelegate::ConsoleLineDelegate(QObject *parent)
@@ -39,11 +39,12 @@ QFont ConsoleLineDelegate::emojiFont(const QFont &base) const
 {
     QFont font(base);
     if (QFontDatabase::hasFamily(kEmojiFamily))
-        font.setFamilies({kEmojiFamily, base.family()});
+        font.setFamilies({ kEmojiFamily, base.family() });
     return font;
 }
 
-const QPixmap &ConsoleLineDelegate::markerPixmap(const QString &marker, const QFont &base, qreal dpr) const
+const QPixmap &ConsoleLineDelegate::markerPixmap(const QString &marker, const QFont &base,
+                                                 qreal dpr) const
 {
     const QString key = marker + u'|' + base.key() + u'|' + QString::number(dpr);
     auto it = m_markers.find(key);
@@ -93,7 +94,8 @@ void ConsoleLineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &o
     painter->restore();
 }
 
-QSize ConsoleLineDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+QSize ConsoleLineDelegate::sizeHint(const QStyleOptionViewItem &option,
+                                    const QModelIndex &index) const
 {
     QSize size = QStyledItemDelegate::sizeHint(option, index);
     // The colour emoji face is taller than the monospace one.

@@ -104,7 +104,7 @@ ConsoleLogView::ConsoleLogView(AppViewModel &model, QWidget *parent)
         if (m_autoScroll)
             m_list->scrollToBottom();
     });
-    for (auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+    for (auto signal : { &QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved })
         connect(m_logModel, signal, this, &ConsoleLogView::updateEmptyState);
     connect(m_logModel, &QAbstractItemModel::modelReset, this, &ConsoleLogView::updateEmptyState);
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &ConsoleLogView::retranslate);
@@ -137,7 +137,8 @@ void ConsoleLogView::setCopied(bool copied)
     m_isCopied = copied;
     m_copyButton->setIcon(icons::icon(copied ? u"checkmark"_s : u"doc.on.doc"_s,
                                       copied ? theme::kGreen : theme::kTextSecondary));
-    m_copyButton->setText(theme::literal(m_model.t(copied ? "console_copied" : "console_copy_all")));
+    m_copyButton->setText(
+        theme::literal(m_model.t(copied ? "console_copied" : "console_copy_all")));
 }
 
 void ConsoleLogView::retranslate()
@@ -152,7 +153,7 @@ void ConsoleLogView::retranslate()
 void ConsoleLogView::updateEmptyState()
 {
     m_stack->setCurrentWidget(m_logModel->rowCount() == 0 ? static_cast<QWidget *>(m_placeholder)
-                                                         : m_list);
+                                                          : m_list);
 }
 
 } // namespace orvanta

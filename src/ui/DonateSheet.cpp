@@ -24,7 +24,8 @@ DonateSheet::DonateSheet(AppViewModel &model, const QUrl &page, QWidget *parent)
     setFixedWidth(440);
 
     auto *heart = new QLabel(this);
-    heart->setPixmap(icons::pixmap(u"heart.fill"_s, QColor(0xff, 0x5a, 0x7a), 48, devicePixelRatioF()));
+    heart->setPixmap(
+        icons::pixmap(u"heart.fill"_s, QColor(0xff, 0x5a, 0x7a), 48, devicePixelRatioF()));
     heart->setAlignment(Qt::AlignHCenter);
     m_title = new QLabel(this);
     m_title->setProperty("role", u"cardTitle"_s);

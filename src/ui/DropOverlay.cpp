@@ -37,7 +37,7 @@ void DropOverlay::paintEvent(QPaintEvent *)
     QColor fill = theme::kAccent;
     fill.setAlphaF(0.08f);
     QPen dashed(theme::kAccent, 2, Qt::DashLine);
-    dashed.setDashPattern({6, 5});
+    dashed.setDashPattern({ 6, 5 });
     p.setPen(dashed);
     p.setBrush(fill);
     p.drawRoundedRect(frame, 22, 22);

@@ -34,12 +34,12 @@ void ElidedLabel::setText(const QString &text)
 
 QSize ElidedLabel::sizeHint() const
 {
-    return {fontMetrics().horizontalAdvance(m_text), fontMetrics().height()};
+    return { fontMetrics().horizontalAdvance(m_text), fontMetrics().height() };
 }
 
 QSize ElidedLabel::minimumSizeHint() const
 {
-    return {fontMetrics().averageCharWidth() * 6, fontMetrics().height()};
+    return { fontMetrics().averageCharWidth() * 6, fontMetrics().height() };
 }
 
 void ElidedLabel::paintEvent(QPaintEvent *)
@@ -80,8 +80,9 @@ FolderField::FolderField(bool dropTarget, QWidget *parent)
     updatePathDisplay();
 }
 
-void FolderField::setTexts(const QString &caption, const QString &placeholder, const QString &browse,
-                           const QString &browseHelp, const QString &dropHint)
+void FolderField::setTexts(const QString &caption, const QString &placeholder,
+                           const QString &browse, const QString &browseHelp,
+                           const QString &dropHint)
 {
     m_caption->setText(caption.toUpper());
     m_placeholder = placeholder;

@@ -94,16 +94,17 @@ FolderPickerBar::FolderPickerBar(AppViewModel &model, AppViewModel::FolderChoose
     connect(m_backlit, &QCheckBox::toggled, &m_model, &AppViewModel::setEnableBacklitFill);
     connect(m_force, &QCheckBox::toggled, &m_model, &AppViewModel::setForceReprocess);
     connect(m_dryRun, &QCheckBox::toggled, &m_model, &AppViewModel::setDryRunMode);
-    connect(m_rating, &QComboBox::activated, this, [this](int index) { m_model.setMinRating(index); });
+    connect(m_rating, &QComboBox::activated, this,
+            [this](int index) { m_model.setMinRating(index); });
     connect(m_stem, &QLineEdit::textEdited, &m_model, &AppViewModel::setTargetStem);
 
     for (auto signal :
-         {&AppViewModel::sourceDirChanged, &AppViewModel::destDirChanged,
-          &AppViewModel::selectedProfileChanged, &AppViewModel::enableBacklitFillChanged,
-          &AppViewModel::forceReprocessChanged, &AppViewModel::dryRunModeChanged,
-          &AppViewModel::minRatingChanged, &AppViewModel::targetStemChanged})
+         { &AppViewModel::sourceDirChanged, &AppViewModel::destDirChanged,
+           &AppViewModel::selectedProfileChanged, &AppViewModel::enableBacklitFillChanged,
+           &AppViewModel::forceReprocessChanged, &AppViewModel::dryRunModeChanged,
+           &AppViewModel::minRatingChanged, &AppViewModel::targetStemChanged })
         connect(&m_model, signal, this, &FolderPickerBar::syncFromModel);
-    for (auto signal : {&AppViewModel::isRunningChanged, &AppViewModel::isStoppingChanged})
+    for (auto signal : { &AppViewModel::isRunningChanged, &AppViewModel::isStoppingChanged })
         connect(&m_model, signal, this, &FolderPickerBar::updateRunButton);
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &FolderPickerBar::retranslate);
 
@@ -187,7 +188,8 @@ void FolderPickerBar::retranslate()
     m_styleTitle->setText(m_model.t("style_profile_title").toUpper());
     m_profile->clear();
     for (StyleProfile profile : allStyleProfiles())
-        m_profile->addItem(icons::icon(iconName(profile), accentColor(profile)), displayName(profile));
+        m_profile->addItem(icons::icon(iconName(profile), accentColor(profile)),
+                           displayName(profile));
 
     // The options have no caption of their own; the empty one keeps the
     // check boxes level with the other columns' controls.
@@ -216,7 +218,8 @@ void FolderPickerBar::retranslate()
     m_stemLabel->setText(stem.toUpper());
     m_stem->setPlaceholderText(m_model.t("opt_single_stem_placeholder"));
     // The example must stay readable: the layout gives the field its width.
-    m_stem->setMinimumWidth(m_stem->fontMetrics().horizontalAdvance(m_stem->placeholderText()) + 40);
+    m_stem->setMinimumWidth(m_stem->fontMetrics().horizontalAdvance(m_stem->placeholderText())
+                            + 40);
 
     syncFromModel();
     updateRunButton();

@@ -8,8 +8,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
-#include <QSvgRenderer>
 #include <QPainter>
+#include <QSvgRenderer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -79,7 +79,8 @@ HeaderBar::HeaderBar(AppViewModel &model, QWidget *parent)
     m_settings->setProperty("flat", true);
     m_settings->setIcon(icons::icon(u"gearshape"_s, theme::kTextSecondary));
     m_settings->setIconSize(QSize(18, 18));
-    connect(m_settings, &QToolButton::clicked, this, [this] { m_model.setIsShowingSettings(true); });
+    connect(m_settings, &QToolButton::clicked, this,
+            [this] { m_model.setIsShowingSettings(true); });
 
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(20, 14, 16, 10);
@@ -91,8 +92,8 @@ HeaderBar::HeaderBar(AppViewModel &model, QWidget *parent)
     layout->addWidget(m_language);
     layout->addWidget(m_settings);
 
-    for (auto signal : {&AppViewModel::isEnvironmentHealthyChanged,
-                        &AppViewModel::missingDependencyMessageChanged})
+    for (auto signal : { &AppViewModel::isEnvironmentHealthyChanged,
+                         &AppViewModel::missingDependencyMessageChanged })
         connect(&m_model, signal, this, &HeaderBar::updateEnvironment);
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &HeaderBar::retranslate);
     retranslate();
@@ -116,7 +117,8 @@ void HeaderBar::rebuildLanguageMenu()
     for (AppLanguage language : allAppLanguages()) {
         // The automatic entry has its own fixed name here; every language
         // keeps its own name whatever the interface language is.
-        const QString name = language == AppLanguage::System ? u"Auto (System)"_s : displayName(language);
+        const QString name
+            = language == AppLanguage::System ? u"Auto (System)"_s : displayName(language);
         QAction *action = m_languageMenu->addAction(theme::literal(name));
         action->setCheckable(true);
         action->setChecked(language == m_model.currentLanguage());
@@ -124,8 +126,9 @@ void HeaderBar::rebuildLanguageMenu()
         group->addAction(action);
         // Queued: the menu that holds this action is rebuilt by the switch.
         connect(action, &QAction::triggered, this, [this, language] {
-            QMetaObject::invokeMethod(this, [this, language] { m_model.setCurrentLanguage(language); },
-                                      Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                this, [this, language] { m_model.setCurrentLanguage(language); },
+                Qt::QueuedConnection);
         });
     }
 }
@@ -133,10 +136,9 @@ void HeaderBar::rebuildLanguageMenu()
 void HeaderBar::updateEnvironment()
 {
     const bool healthy = m_model.isEnvironmentHealthy();
-    m_envIcon->setPixmap(icons::pixmap(healthy ? u"checkmark.circle.fill"_s
-                                               : u"exclamationmark.triangle.fill"_s,
-                                       healthy ? theme::kGreen : theme::kOrange, 15,
-                                       devicePixelRatioF()));
+    m_envIcon->setPixmap(
+        icons::pixmap(healthy ? u"checkmark.circle.fill"_s : u"exclamationmark.triangle.fill"_s,
+                      healthy ? theme::kGreen : theme::kOrange, 15, devicePixelRatioF()));
     m_envText->setText(m_model.t(healthy ? "status_env_ready" : "status_env_missing"));
     QPalette pal = m_envText->palette();
     pal.setColor(QPalette::WindowText, healthy ? theme::kTextSecondary : theme::kOrange);

@@ -66,8 +66,8 @@ QPixmap pixmap(const QString &symbol, const QColor &color, int size, qreal dpr)
 QIcon icon(const QString &symbol, const QColor &color)
 {
     QIcon result;
-    for (int size : {16, 20, 24, 32, 48}) {
-        for (qreal dpr : {1.0, 2.0}) {
+    for (int size : { 16, 20, 24, 32, 48 }) {
+        for (qreal dpr : { 1.0, 2.0 }) {
             result.addPixmap(pixmap(symbol, color, size, dpr), QIcon::Normal);
             result.addPixmap(pixmap(symbol, theme::kTextTertiary, size, dpr), QIcon::Disabled);
         }

@@ -41,7 +41,8 @@ MainWindow::MainWindow(AppViewModel &model, QWidget *parent)
     central->setObjectName(u"mainContent"_s);
     m_header = new HeaderBar(model, central);
     m_folderBar = new FolderPickerBar(
-        model, [this](const QString &prompt, const QString &start) { return chooseFolder(prompt, start); },
+        model,
+        [this](const QString &prompt, const QString &start) { return chooseFolder(prompt, start); },
         central);
 
     m_pages = new QStackedWidget(central);
@@ -71,7 +72,7 @@ MainWindow::MainWindow(AppViewModel &model, QWidget *parent)
     m_drawerSplitter->addWidget(m_console);
     m_drawerSplitter->setStretchFactor(0, 1);
     m_drawerSplitter->setStretchFactor(1, 0);
-    m_drawerSplitter->setSizes({kDefaultHeight, kConsoleDefaultHeight});
+    m_drawerSplitter->setSizes({ kDefaultHeight, kConsoleDefaultHeight });
 
     auto *content = new QVBoxLayout;
     content->setContentsMargins(16, 4, 16, 10);
@@ -90,16 +91,21 @@ MainWindow::MainWindow(AppViewModel &model, QWidget *parent)
 
     m_overlay = new DropOverlay(this);
     m_donateSheet = new DonateSheet(model, m_donationPage, this);
-    connect(m_donateSheet, &QDialog::finished, this, [this] { m_model.setIsShowingDonateSheet(false); });
+    connect(m_donateSheet, &QDialog::finished, this,
+            [this] { m_model.setIsShowingDonateSheet(false); });
 
     connect(&m_model, &AppViewModel::selectedTabChanged, this, &MainWindow::updateTabs);
-    connect(&m_model, &AppViewModel::isConsoleDrawerExpandedChanged, this, &MainWindow::updateConsoleDrawer);
-    for (auto signal : {&AppViewModel::volumeNameChanged, &AppViewModel::volumeFreeGBChanged,
-                        &AppViewModel::isVolumeSafeChanged, &AppViewModel::statusMessageChanged})
+    connect(&m_model, &AppViewModel::isConsoleDrawerExpandedChanged, this,
+            &MainWindow::updateConsoleDrawer);
+    for (auto signal : { &AppViewModel::volumeNameChanged, &AppViewModel::volumeFreeGBChanged,
+                         &AppViewModel::isVolumeSafeChanged, &AppViewModel::statusMessageChanged })
         connect(&m_model, signal, this, &MainWindow::updateFooter);
-    connect(&m_model, &AppViewModel::historyStatsChanged, this, &MainWindow::updateHistoryPlaceholder);
-    connect(&m_model, &AppViewModel::isShowingSettingsChanged, this, &MainWindow::updateSettingsPresentation);
-    connect(&m_model, &AppViewModel::isShowingDonateSheetChanged, this, &MainWindow::updateDonatePresentation);
+    connect(&m_model, &AppViewModel::historyStatsChanged, this,
+            &MainWindow::updateHistoryPlaceholder);
+    connect(&m_model, &AppViewModel::isShowingSettingsChanged, this,
+            &MainWindow::updateSettingsPresentation);
+    connect(&m_model, &AppViewModel::isShowingDonateSheetChanged, this,
+            &MainWindow::updateDonatePresentation);
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &MainWindow::retranslate);
 
     retranslate();
@@ -115,7 +121,7 @@ QWidget *MainWindow::buildTabRow()
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 2, 0, 0);
     layout->setSpacing(6);
-    const QString symbols[2] = {u"bolt.fill"_s, u"photo.stack"_s};
+    const QString symbols[2] = { u"bolt.fill"_s, u"photo.stack"_s };
     for (int i = 0; i < 2; ++i) {
         auto *button = new QToolButton(row);
         button->setObjectName(i == 0 ? u"tabLive"_s : u"tabHistory"_s);
@@ -212,7 +218,8 @@ void MainWindow::setDonationPage(const QUrl &page)
     m_donationPage = page;
     delete m_donateSheet;
     m_donateSheet = new DonateSheet(m_model, page, this);
-    connect(m_donateSheet, &QDialog::finished, this, [this] { m_model.setIsShowingDonateSheet(false); });
+    connect(m_donateSheet, &QDialog::finished, this,
+            [this] { m_model.setIsShowingDonateSheet(false); });
 }
 
 void MainWindow::setFolderChooser(FolderChooser chooser)
@@ -235,10 +242,12 @@ void MainWindow::perform(Command command)
         m_model.setIsShowingSettings(true);
         break;
     case Command::SelectSourceFolder:
-        m_model.selectSourceFolder([this](const QString &p, const QString &s) { return chooseFolder(p, s); });
+        m_model.selectSourceFolder(
+            [this](const QString &p, const QString &s) { return chooseFolder(p, s); });
         break;
     case Command::SelectDestFolder:
-        m_model.selectDestFolder([this](const QString &p, const QString &s) { return chooseFolder(p, s); });
+        m_model.selectDestFolder(
+            [this](const QString &p, const QString &s) { return chooseFolder(p, s); });
         break;
     case Command::StartBatchPipeline:
         if (!m_model.isRunning())
@@ -272,8 +281,8 @@ void MainWindow::showEvent(QShowEvent *event)
     QMainWindow::showEvent(event);
     // Menu commands reach the window only while it is shown.
     if (!m_commandConnection)
-        m_commandConnection = connect(&CommandDispatcher::shared(), &CommandDispatcher::posted, this,
-                                      &MainWindow::perform);
+        m_commandConnection = connect(&CommandDispatcher::shared(), &CommandDispatcher::posted,
+                                      this, &MainWindow::perform);
 }
 
 void MainWindow::hideEvent(QHideEvent *event)
@@ -355,10 +364,12 @@ void MainWindow::updateConsoleDrawer()
 void MainWindow::updateFooter()
 {
     const bool safe = m_model.isVolumeSafe();
-    m_footerIcon->setPixmap(icons::pixmap(safe ? u"externaldrive.fill"_s : u"exclamationmark.triangle.fill"_s,
-                                          safe ? theme::kGreen : theme::kRed, 14, devicePixelRatioF()));
-    m_footerStorage->setText(safe ? m_model.t("footer_storage_safe", {m_model.volumeName(), m_model.volumeFreeGB()})
-                                  : m_model.t("log_volume_insufficient", {m_model.volumeName()}));
+    m_footerIcon->setPixmap(
+        icons::pixmap(safe ? u"externaldrive.fill"_s : u"exclamationmark.triangle.fill"_s,
+                      safe ? theme::kGreen : theme::kRed, 14, devicePixelRatioF()));
+    m_footerStorage->setText(
+        safe ? m_model.t("footer_storage_safe", { m_model.volumeName(), m_model.volumeFreeGB() })
+             : m_model.t("log_volume_insufficient", { m_model.volumeName() }));
     QPalette pal = m_footerStorage->palette();
     pal.setColor(QPalette::WindowText, safe ? theme::kTextSecondary : theme::kRed);
     m_footerStorage->setPalette(pal);
@@ -371,7 +382,7 @@ void MainWindow::updateHistoryPlaceholder()
     if (!m_historyPlaceholder)
         return;
     const qint64 total = m_model.historyStats().total;
-    m_historyPlaceholder->setText(total > 0 ? m_model.t("history_all_loaded", {total})
+    m_historyPlaceholder->setText(total > 0 ? m_model.t("history_all_loaded", { total })
                                             : m_model.t("history_empty"));
 }
 
@@ -394,7 +405,8 @@ void MainWindow::updateSettingsPresentation()
     }
     m_settingsDialog = m_settingsFactory(m_model, this);
     m_settingsDialog->setAttribute(Qt::WA_DeleteOnClose);
-    connect(m_settingsDialog, &QDialog::finished, this, [this] { m_model.setIsShowingSettings(false); });
+    connect(m_settingsDialog, &QDialog::finished, this,
+            [this] { m_model.setIsShowingSettings(false); });
     m_settingsDialog->open();
 }
 

@@ -19,10 +19,11 @@ QString progressLineText(const AppViewModel &model)
     if (model.totalPending() >= 1) {
         // Truncation toward zero: 0.999 is 99 %, never a premature 100 %.
         const auto percent = qint64(std::trunc(model.progressFraction() * 100.0));
-        return model.t("card_progress_ratio", {model.currentIndex(), model.totalPending(), percent});
+        return model.t("card_progress_ratio",
+                       { model.currentIndex(), model.totalPending(), percent });
     }
     if (model.scanPairs() >= 1)
-        return model.t("card_pairs_found", {model.scanPairs()});
+        return model.t("card_pairs_found", { model.scanPairs() });
     return QString();
 }
 
@@ -31,7 +32,7 @@ QString timeBadgeText(const AppViewModel &model)
     if (model.isRunning())
         return model.t("metric_elapsed") + u": "_s + formatElapsed(model.batchElapsedSeconds());
     if (model.currentDuration() > 0.0)
-        return model.t("metric_duration", {model.currentDuration()});
+        return model.t("metric_duration", { model.currentDuration() });
     return model.t("metric_elapsed") + u": 00:00"_s;
 }
 
@@ -42,7 +43,8 @@ std::optional<qint64> estimateRemainingSeconds(qint64 totalPending, double progr
         return std::nullopt;
     // Finished items (delivered or failed) are what the fraction counts; the
     // rounding absorbs the division that produced it.
-    const auto finished = qint64(std::llround(std::clamp(progressFraction, 0.0, 1.0) * double(totalPending)));
+    const auto finished
+        = qint64(std::llround(std::clamp(progressFraction, 0.0, 1.0) * double(totalPending)));
     if (finished < 2 || finished >= totalPending)
         return std::nullopt;
     const double average = double(elapsedSeconds) / double(finished);
@@ -57,10 +59,12 @@ QString timeLeftText(const AppViewModel &model)
                                                     model.batchElapsedSeconds());
     if (!remaining)
         return QString();
-    const auto finished = std::llround(std::clamp(model.progressFraction(), 0.0, 1.0) * double(model.totalPending()));
-    const double perPhoto = double(model.batchElapsedSeconds()) / double(std::max<qint64>(finished, 1));
-    return model.t("card_time_left", {formatElapsed(*remaining)}) + u"  ·  "_s
-           + model.t("metric_throughput_speed", {perPhoto});
+    const auto finished = std::llround(std::clamp(model.progressFraction(), 0.0, 1.0)
+                                       * double(model.totalPending()));
+    const double perPhoto
+        = double(model.batchElapsedSeconds()) / double(std::max<qint64>(finished, 1));
+    return model.t("card_time_left", { formatElapsed(*remaining) }) + u"  ·  "_s
+        + model.t("metric_throughput_speed", { perPhoto });
 }
 
 } // namespace orvanta

@@ -35,7 +35,7 @@ QSize MetricBadge::minimumSizeHint() const
 {
     // The card picks a row or a grid from the preferred widths; the badge
     // itself never forces the card wider than the page.
-    return {48, QWidget::minimumSizeHint().height()};
+    return { 48, QWidget::minimumSizeHint().height() };
 }
 
 void MetricBadge::setText(const QString &text)
@@ -166,13 +166,13 @@ TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
 
     const auto update = [this] { refresh(); };
     for (auto signal :
-         {&AppViewModel::isRunningChanged, &AppViewModel::currentStemChanged,
-          &AppViewModel::currentIndexChanged, &AppViewModel::totalPendingChanged,
-          &AppViewModel::progressFractionChanged, &AppViewModel::scanPairsChanged,
-          &AppViewModel::currentFacesChanged, &AppViewModel::currentPeakStopsChanged,
-          &AppViewModel::currentBayerClipChanged, &AppViewModel::currentDurationChanged,
-          &AppViewModel::batchElapsedSecondsChanged, &AppViewModel::historyStatsChanged,
-          &AppViewModel::wholeObjectChanged})
+         { &AppViewModel::isRunningChanged, &AppViewModel::currentStemChanged,
+           &AppViewModel::currentIndexChanged, &AppViewModel::totalPendingChanged,
+           &AppViewModel::progressFractionChanged, &AppViewModel::scanPairsChanged,
+           &AppViewModel::currentFacesChanged, &AppViewModel::currentPeakStopsChanged,
+           &AppViewModel::currentBayerClipChanged, &AppViewModel::currentDurationChanged,
+           &AppViewModel::batchElapsedSecondsChanged, &AppViewModel::historyStatsChanged,
+           &AppViewModel::wholeObjectChanged })
         connect(&m_model, signal, this, update);
     refresh();
 }
@@ -187,7 +187,7 @@ void TaskProgressCard::arrangeBadges(int columns)
     // One row of four keeps the card short beside an open console drawer;
     // two rows of two when the texts (long in some languages) need the room.
     m_badgeColumns = columns;
-    MetricBadge *all[] = {m_faces, m_peak, m_clip, m_time};
+    MetricBadge *all[] = { m_faces, m_peak, m_clip, m_time };
     for (MetricBadge *badge : all)
         m_badges->removeWidget(badge);
     for (int i = 0; i < 4; ++i) {
@@ -200,7 +200,7 @@ void TaskProgressCard::fitBadges()
 {
     // The columns share the width equally, so the widest text decides.
     int widest = 0;
-    for (const MetricBadge *badge : {m_faces, m_peak, m_clip, m_time})
+    for (const MetricBadge *badge : { m_faces, m_peak, m_clip, m_time })
         widest = std::max(widest, badge->sizeHint().width());
     const QMargins margins = layout()->contentsMargins();
     const int available = width() - margins.left() - margins.right();
@@ -222,7 +222,8 @@ QWidget *TaskProgressCard::buildTotalsRow()
     grid->setContentsMargins(0, 4, 0, 0);
     grid->setHorizontalSpacing(12);
     grid->setVerticalSpacing(2);
-    const QColor colours[4] = {theme::kTextPrimary, theme::kGreen, theme::kRed, theme::kTextPrimary};
+    const QColor colours[4]
+        = { theme::kTextPrimary, theme::kGreen, theme::kRed, theme::kTextPrimary };
     for (int i = 0; i < 4; ++i) {
         m_kpiValues[i] = label(row, u"kpiValue"_s);
         m_kpiValues[i]->setObjectName(u"kpiValue%1"_s.arg(i));
@@ -257,18 +258,18 @@ void TaskProgressCard::refresh()
     m_estimate->setText(estimate);
     m_estimate->setVisible(!estimate.isEmpty());
 
-    m_faces->setText(m.t("metric_faces", {m.currentFaces()}));
-    m_peak->setText(m.t("metric_peak_gain", {m.currentPeakStops()}));
-    m_clip->setText(m.t("metric_bayer_clip", {m.currentBayerClip()}));
+    m_faces->setText(m.t("metric_faces", { m.currentFaces() }));
+    m_peak->setText(m.t("metric_peak_gain", { m.currentPeakStops() }));
+    m_clip->setText(m.t("metric_bayer_clip", { m.currentBayerClip() }));
     m_time->setText(timeBadgeText(m));
     fitBadges();
 
     const DashboardStats &stats = m.historyStats();
-    const QString values[4] = {QString::number(stats.total), QString::number(stats.success),
-                               QString::number(stats.failed),
-                               QString::asprintf("%.1fs", stats.avgDurationSec)};
-    const char *keys[4] = {"kpi_total_processed", "kpi_success_delivered", "kpi_quarantine_failed",
-                           "kpi_avg_duration"};
+    const QString values[4]
+        = { QString::number(stats.total), QString::number(stats.success),
+            QString::number(stats.failed), QString::asprintf("%.1fs", stats.avgDurationSec) };
+    const char *keys[4] = { "kpi_total_processed", "kpi_success_delivered", "kpi_quarantine_failed",
+                            "kpi_avg_duration" };
     for (int i = 0; i < 4; ++i) {
         m_kpiValues[i]->setText(values[i]);
         m_kpiLabels[i]->setText(m.t(keys[i]));

@@ -15,7 +15,10 @@ QString css(const QColor &color)
 {
     if (color.alpha() == 255)
         return color.name(QColor::HexRgb);
-    return u"rgba(%1, %2, %3, %4)"_s.arg(color.red()).arg(color.green()).arg(color.blue()).arg(color.alpha());
+    return u"rgba(%1, %2, %3, %4)"_s.arg(color.red())
+        .arg(color.green())
+        .arg(color.blue())
+        .arg(color.alpha());
 }
 
 QString literal(QString text)
@@ -61,7 +64,7 @@ QPalette darkPalette()
     p.setColor(QPalette::Mid, kSurfaceRaised);
     p.setColor(QPalette::Dark, kSurfaceSunken);
     p.setColor(QPalette::Shadow, Qt::black);
-    for (auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    for (auto role : { QPalette::WindowText, QPalette::Text, QPalette::ButtonText })
         p.setColor(QPalette::Disabled, role, kTextTertiary);
     return p;
 }
@@ -179,7 +182,7 @@ void applyLanguageFont(const QString &languageCode)
     static const QString defaultFamily = QGuiApplication::font().family();
     QFont font = QGuiApplication::font();
     const QString family = fontFamilyFor(languageCode);
-    font.setFamilies({family.isEmpty() ? defaultFamily : family});
+    font.setFamilies({ family.isEmpty() ? defaultFamily : family });
     font.setPointSizeF(9.5);
     if (font != QGuiApplication::font())
         QApplication::setFont(font);

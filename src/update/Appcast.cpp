@@ -74,7 +74,8 @@ QList<AppcastItem> parseAppcast(const QByteArray &data, QString *error)
             sawChannel = true;
         else if (xml.name() == u"item") {
             AppcastItem item = readItem(xml);
-            if (!item.version.isEmpty() && item.downloadUrl.isValid() && !item.downloadUrl.isEmpty())
+            if (!item.version.isEmpty() && item.downloadUrl.isValid()
+                && !item.downloadUrl.isEmpty())
                 items << item;
         }
     }
@@ -142,8 +143,8 @@ bool decodeBase64(const QByteArray &text, unsigned char *out, size_t expected)
 {
     size_t written = 0;
     const QByteArray trimmed = text.trimmed();
-    if (sodium_base642bin(out, expected, trimmed.constData(), size_t(trimmed.size()), nullptr, &written,
-                          nullptr, sodium_base64_VARIANT_ORIGINAL)
+    if (sodium_base642bin(out, expected, trimmed.constData(), size_t(trimmed.size()), nullptr,
+                          &written, nullptr, sodium_base64_VARIANT_ORIGINAL)
         != 0)
         return false;
     return written == expected;
@@ -161,7 +162,8 @@ bool verifyEd25519(const QByteArray &data, const QByteArray &signatureBase64,
     if (!decodeBase64(signatureBase64, signature, sizeof signature)
         || !decodeBase64(publicKeyBase64, key, sizeof key))
         return false;
-    return crypto_sign_verify_detached(signature, reinterpret_cast<const unsigned char *>(data.constData()),
+    return crypto_sign_verify_detached(signature,
+                                       reinterpret_cast<const unsigned char *>(data.constData()),
                                        quint64(data.size()), key)
         == 0;
 }

@@ -14,12 +14,12 @@ namespace orvanta {
 struct AppcastItem
 {
     QString title;
-    QString version;      // the build number compared against ours
+    QString version; // the build number compared against ours
     QString shortVersion; // what people read ("2.3.1"); may be empty
-    QUrl downloadUrl;     // the enclosure
+    QUrl downloadUrl; // the enclosure
     qint64 length = 0;
     QByteArray edSignature; // base64, as written in the feed
-    QUrl link;              // the download or release page
+    QUrl link; // the download or release page
     QUrl releaseNotes;
 
     QString displayVersion() const { return shortVersion.isEmpty() ? version : shortVersion; }

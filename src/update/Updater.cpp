@@ -34,7 +34,8 @@ Updater::~Updater() = default;
 
 bool Updater::isConfigured() const
 {
-    return m_config.feedUrl.isValid() && !m_config.feedUrl.isEmpty() && !m_config.publicKey.isEmpty();
+    return m_config.feedUrl.isValid() && !m_config.feedUrl.isEmpty()
+        && !m_config.publicKey.isEmpty();
 }
 
 bool Updater::automaticallyChecksForUpdates() const
@@ -55,7 +56,8 @@ void Updater::setAutomaticallyChecksForUpdates(bool on)
 
 QString Updater::currentVersionString() const
 {
-    const QString version = m_config.currentShortVersion.isEmpty() ? u"1.0.0"_s : m_config.currentShortVersion;
+    const QString version
+        = m_config.currentShortVersion.isEmpty() ? u"1.0.0"_s : m_config.currentShortVersion;
     const QString build = m_config.currentBuild.isEmpty() ? u"1"_s : m_config.currentBuild;
     return version + u" (Build "_s + build + u")"_s;
 }
@@ -76,7 +78,8 @@ void Updater::start()
         scheduleNext();
 }
 
-qint64 Updater::secondsUntilDue(const QDateTime &lastCheck, const QDateTime &now, int intervalSeconds)
+qint64 Updater::secondsUntilDue(const QDateTime &lastCheck, const QDateTime &now,
+                                int intervalSeconds)
 {
     if (!lastCheck.isValid() || lastCheck > now)
         return 0;
@@ -88,7 +91,8 @@ void Updater::scheduleNext()
     if (!isConfigured())
         return;
     const QDateTime last = QSettings().value(QLatin1StringView(kLastCheckKey)).toDateTime();
-    const qint64 due = secondsUntilDue(last, QDateTime::currentDateTimeUtc(), m_config.checkIntervalSeconds);
+    const qint64 due
+        = secondsUntilDue(last, QDateTime::currentDateTimeUtc(), m_config.checkIntervalSeconds);
     // A few seconds' grace at start-up so the first check never competes with
     // loading the window.
     m_schedule->start(int(std::clamp<qint64>(due * 1000, 5000, qint64(INT_MAX))));
@@ -119,17 +123,20 @@ void Updater::onFeedFinished(QNetworkReply *reply)
 {
     reply->deleteLater();
     if (reply->error() != QNetworkReply::NoError)
-        return finish({UpdateCheckResult::Outcome::Failed, {}, reply->errorString()});
+        return finish({ UpdateCheckResult::Outcome::Failed, {}, reply->errorString() });
     const QByteArray body = reply->read(kMaxFeedBytes);
     QString parseError;
     const QList<AppcastItem> items = parseAppcast(body, &parseError);
     if (!parseError.isEmpty())
-        return finish({UpdateCheckResult::Outcome::Failed, {}, u"malformed update feed: "_s + parseError});
+        return finish(
+            { UpdateCheckResult::Outcome::Failed, {}, u"malformed update feed: "_s + parseError });
     const std::optional<AppcastItem> newest = newestItem(items);
     if (!newest || compareVersions(newest->version, m_config.currentBuild) <= 0)
-        return finish({UpdateCheckResult::Outcome::UpToDate, newest.value_or(AppcastItem{}), {}});
+        return finish(
+            { UpdateCheckResult::Outcome::UpToDate, newest.value_or(AppcastItem {}), {} });
     if (newest->edSignature.isEmpty())
-        return finish({UpdateCheckResult::Outcome::Failed, *newest, u"the update is not signed"_s});
+        return finish(
+            { UpdateCheckResult::Outcome::Failed, *newest, u"the update is not signed"_s });
 
     // An announcement is only made for a file that is really ours: fetch it
     // and check its signature before telling the user about it.
@@ -139,20 +146,23 @@ void Updater::onFeedFinished(QNetworkReply *reply)
             payload->abort();
     });
     const AppcastItem item = *newest;
-    connect(payload, &QNetworkReply::finished, this, [this, payload, item] { onPayloadFinished(payload, item); });
+    connect(payload, &QNetworkReply::finished, this,
+            [this, payload, item] { onPayloadFinished(payload, item); });
 }
 
 void Updater::onPayloadFinished(QNetworkReply *reply, const AppcastItem &item)
 {
     reply->deleteLater();
     if (reply->error() != QNetworkReply::NoError)
-        return finish({UpdateCheckResult::Outcome::Failed, item, reply->errorString()});
+        return finish({ UpdateCheckResult::Outcome::Failed, item, reply->errorString() });
     const QByteArray data = reply->readAll();
     if (item.length > 0 && data.size() != item.length)
-        return finish({UpdateCheckResult::Outcome::Failed, item, u"the update has the wrong size"_s});
+        return finish(
+            { UpdateCheckResult::Outcome::Failed, item, u"the update has the wrong size"_s });
     if (!verifyEd25519(data, item.edSignature, m_config.publicKey))
-        return finish({UpdateCheckResult::Outcome::Failed, item, u"the update's signature is not valid"_s});
-    finish({UpdateCheckResult::Outcome::UpdateAvailable, item, {}});
+        return finish(
+            { UpdateCheckResult::Outcome::Failed, item, u"the update's signature is not valid"_s });
+    finish({ UpdateCheckResult::Outcome::UpdateAvailable, item, {} });
 }
 
 void Updater::finish(UpdateCheckResult result)

@@ -19,9 +19,9 @@ namespace orvanta {
 
 struct UpdaterConfig
 {
-    QUrl feedUrl;             // empty: no updater
-    QByteArray publicKey;     // base64 Ed25519 key; empty: no updater
-    QString currentBuild;     // compared with the feed's versions
+    QUrl feedUrl; // empty: no updater
+    QByteArray publicKey; // base64 Ed25519 key; empty: no updater
+    QString currentBuild; // compared with the feed's versions
     QString currentShortVersion;
     int checkIntervalSeconds = 86400;
     int transferTimeoutMs = 30000;
@@ -31,12 +31,15 @@ struct UpdateCheckResult
 {
     enum class Outcome { UpToDate, UpdateAvailable, Failed };
     Outcome outcome = Outcome::Failed;
-    AppcastItem item;   // the newest item (UpdateAvailable)
-    QString error;      // why it failed (Failed), in English for the log
+    AppcastItem item; // the newest item (UpdateAvailable)
+    QString error; // why it failed (Failed), in English for the log
     bool userInitiated = false;
 
     // The page to open for an available update: its link, else its download.
-    QUrl pageUrl() const { return item.link.isValid() && !item.link.isEmpty() ? item.link : item.downloadUrl; }
+    QUrl pageUrl() const
+    {
+        return item.link.isValid() && !item.link.isEmpty() ? item.link : item.downloadUrl;
+    }
 };
 
 class Updater : public QObject
@@ -69,7 +72,8 @@ public:
     void start();
 
     // Seconds until the next automatic check is due, from the last check time.
-    static qint64 secondsUntilDue(const QDateTime &lastCheck, const QDateTime &now, int intervalSeconds);
+    static qint64 secondsUntilDue(const QDateTime &lastCheck, const QDateTime &now,
+                                  int intervalSeconds);
 
 Q_SIGNALS:
     void canCheckForUpdatesChanged(bool canCheck);

@@ -95,8 +95,8 @@ void AppViewModelTest::startsWithTheDocumentedDefaults()
     QCOMPARE(model.historyStatusFilter(), HistoryStatusFilter::All);
     QCOMPARE(model.historySortField(), HistorySortField::Date);
     QCOMPARE(model.visibleColumns(),
-             (ListColumnSet{ListColumn::PeakStops, ListColumn::Exposure, ListColumn::CameraLens,
-                            ListColumn::Faces, ListColumn::Duration}));
+             (ListColumnSet { ListColumn::PeakStops, ListColumn::Exposure, ListColumn::CameraLens,
+                              ListColumn::Faces, ListColumn::Duration }));
     QVERIFY(model.activeRecipeId().isNull());
     // The environment probe has run: the message names exactly what it found missing.
     QCOMPARE(model.missingDependencyMessage().isEmpty(), model.isEnvironmentHealthy());
@@ -130,16 +130,27 @@ void AppViewModelTest::loadsEveryManagedKey()
 {
     const QString source = makeDir(QStringLiteral("shoot/raw"));
     const QString dest = makeDir(QStringLiteral("shoot/out"));
-    QJsonObject o{
-        {QStringLiteral("source_dir"), source}, {QStringLiteral("dest_dir"), dest}, {QStringLiteral("workers"), 6},
-        {QStringLiteral("memory_throttle"), false}, {QStringLiteral("enable_canary"), false},
-        {QStringLiteral("export_debug_masks"), true}, {QStringLiteral("notification_sound"), false},
-        {QStringLiteral("min_rating"), 4}, {QStringLiteral("backlit_fill"), false}, {QStringLiteral("profile_id"), QStringLiteral("portrait_soft")},
-        {QStringLiteral("custom_mid_target"), 0.6}, {QStringLiteral("custom_power_mid"), 0.5}, {QStringLiteral("custom_power_hi"), 2.25},
-        {QStringLiteral("custom_chroma_boost"), 0.1}, {QStringLiteral("custom_skin_damp"), 0.9},
-        {QStringLiteral("export_naming_template"), QStringLiteral("{date}_{original}")},
-        {QStringLiteral("export_subfolder_rule"), QStringLiteral("by_date")},
-        {QStringLiteral("visible_columns"), QJsonArray{QStringLiteral("date"), QStringLiteral("faces"), QStringLiteral("faces")}}};
+    QJsonObject o {
+        { QStringLiteral("source_dir"), source },
+        { QStringLiteral("dest_dir"), dest },
+        { QStringLiteral("workers"), 6 },
+        { QStringLiteral("memory_throttle"), false },
+        { QStringLiteral("enable_canary"), false },
+        { QStringLiteral("export_debug_masks"), true },
+        { QStringLiteral("notification_sound"), false },
+        { QStringLiteral("min_rating"), 4 },
+        { QStringLiteral("backlit_fill"), false },
+        { QStringLiteral("profile_id"), QStringLiteral("portrait_soft") },
+        { QStringLiteral("custom_mid_target"), 0.6 },
+        { QStringLiteral("custom_power_mid"), 0.5 },
+        { QStringLiteral("custom_power_hi"), 2.25 },
+        { QStringLiteral("custom_chroma_boost"), 0.1 },
+        { QStringLiteral("custom_skin_damp"), 0.9 },
+        { QStringLiteral("export_naming_template"), QStringLiteral("{date}_{original}") },
+        { QStringLiteral("export_subfolder_rule"), QStringLiteral("by_date") },
+        { QStringLiteral("visible_columns"),
+          QJsonArray { QStringLiteral("date"), QStringLiteral("faces"), QStringLiteral("faces") } }
+    };
     writeConfig(QJsonDocument(o).toJson());
 
     AppViewModel model;
@@ -160,11 +171,12 @@ void AppViewModelTest::loadsEveryManagedKey()
     QCOMPARE(model.customSkinDamp(), 0.9);
     QCOMPARE(model.exportNamingTemplate(), QStringLiteral("{date}_{original}"));
     QCOMPARE(model.exportSubfolderRule(), QStringLiteral("by_date"));
-    QCOMPARE(model.visibleColumns(), (ListColumnSet{ListColumn::Faces, ListColumn::Date}));
+    QCOMPARE(model.visibleColumns(), (ListColumnSet { ListColumn::Faces, ListColumn::Date }));
 
     // What was loaded is what is written back.
     QJsonObject expected = o;
-    expected.insert(QStringLiteral("visible_columns"), QJsonArray{QStringLiteral("faces"), QStringLiteral("date")});
+    expected.insert(QStringLiteral("visible_columns"),
+                    QJsonArray { QStringLiteral("faces"), QStringLiteral("date") });
     QCOMPARE(readConfig(), expected);
 }
 
@@ -218,14 +230,14 @@ void AppViewModelTest::visibleColumnsDropUnknownNamesAndKeepDefaultsWhenNothingI
 {
     QTest::addColumn<QByteArray>("columns");
     QTest::addColumn<ListColumnSet>("expected");
-    QTest::newRow("date and unknown") << QByteArray(R"(["date", "iso_speed"])")
-                                      << ListColumnSet{ListColumn::Date};
+    QTest::newRow("date and unknown")
+        << QByteArray(R"(["date", "iso_speed"])") << ListColumnSet { ListColumn::Date };
     QTest::newRow("only unknown") << QByteArray(R"(["iso_speed"])") << defaultVisibleColumns();
     QTest::newRow("empty") << QByteArray("[]") << defaultVisibleColumns();
     QTest::newRow("not all strings") << QByteArray(R"(["date", 3])") << defaultVisibleColumns();
     QTest::newRow("header order") << QByteArray(R"(["file_size", "peak_stops", "bayer_clip"])")
-                                  << ListColumnSet{ListColumn::PeakStops, ListColumn::BayerClip,
-                                                   ListColumn::FileSize};
+                                  << ListColumnSet { ListColumn::PeakStops, ListColumn::BayerClip,
+                                                     ListColumn::FileSize };
 }
 
 void AppViewModelTest::visibleColumnsDropUnknownNamesAndKeepDefaultsWhenNothingIsLeft()
@@ -326,7 +338,7 @@ void AppViewModelTest::outOfRangeValuesFromTheFileAreKept()
 void AppViewModelTest::statusRerendersInTheNewLanguage()
 {
     AppViewModel model;
-    const FormatArgs args{3, 10, "DSC04223", 1.256};
+    const FormatArgs args { 3, 10, "DSC04223", 1.256 };
     model.setStatus(QStringLiteral("status_item_completed"), args);
     QCOMPARE(model.statusMessage(), QStringLiteral("Completed [3/10] DSC04223 (+1.26st)"));
 
@@ -348,7 +360,7 @@ void AppViewModelTest::statusWithoutArgumentsShowsItsDirectivesAsWritten()
     AppViewModel model;
     model.setStatus(QStringLiteral("status_scan_done"));
     QCOMPARE(model.statusMessage(), QStringLiteral("Scan complete: %d pending"));
-    model.setStatus(QStringLiteral("status_scan_done"), {7});
+    model.setStatus(QStringLiteral("status_scan_done"), { 7 });
     QCOMPARE(model.statusMessage(), QStringLiteral("Scan complete: 7 pending"));
 }
 

@@ -14,7 +14,9 @@ using namespace orvanta;
 namespace {
 ino_t inodeOf(const QString &path)
 {
-    struct stat st{};
+    struct stat st
+    {
+    };
     return ::stat(QFile::encodeName(path).constData(), &st) == 0 ? st.st_ino : 0;
 }
 } // namespace
@@ -71,11 +73,14 @@ void ConfigStoreTest::firstLegacyFileIsCopiedAndKept_data()
 {
     QTest::addColumn<QStringList>("present");
     QTest::addColumn<QString>("expectedSource");
-    QTest::newRow("dravik only") << QStringList{QStringLiteral("dravik")} << QStringLiteral("dravik");
+    QTest::newRow("dravik only") << QStringList { QStringLiteral("dravik") }
+                                 << QStringLiteral("dravik");
     QTest::newRow("pemvira before tarne")
-        << QStringList{QStringLiteral("tarne"), QStringLiteral("pemvira")} << QStringLiteral("pemvira");
+        << QStringList { QStringLiteral("tarne"), QStringLiteral("pemvira") }
+        << QStringLiteral("pemvira");
     QTest::newRow("dravik before tarne")
-        << QStringList{QStringLiteral("tarne"), QStringLiteral("dravik")} << QStringLiteral("dravik");
+        << QStringList { QStringLiteral("tarne"), QStringLiteral("dravik") }
+        << QStringLiteral("dravik");
 }
 
 void ConfigStoreTest::firstLegacyFileIsCopiedAndKept()
@@ -128,7 +133,7 @@ void ConfigStoreTest::writesInTheSharedLayout()
     object.insert(QStringLiteral("custom_mid_target"), 0.55);
     object.insert(QStringLiteral("memory_throttle"), true);
     object.insert(QStringLiteral("visible_columns"),
-                  QJsonArray{QStringLiteral("faces"), QStringLiteral("peak_stops")});
+                  QJsonArray { QStringLiteral("faces"), QStringLiteral("peak_stops") });
 
     const QByteArray expected = "{\n"
                                 "  \"custom_mid_target\" : 0.55,\n"
@@ -156,7 +161,7 @@ void ConfigStoreTest::writeRoundTripsEveryKindOfValue()
     })";
     const QJsonObject object = QJsonDocument::fromJson(original).object();
     const QByteArray written = prettyJson(object);
-    QJsonParseError error{};
+    QJsonParseError error {};
     const QJsonDocument reread = QJsonDocument::fromJson(written, &error);
     QCOMPARE(error.error, QJsonParseError::NoError);
     QCOMPARE(reread.object(), object);
@@ -171,11 +176,11 @@ void ConfigStoreTest::writeReplacesTheFileInPlace()
     QVERIFY(inode != 0);
 
     ConfigStore store;
-    QJsonObject object{{QStringLiteral("k"), 1}};
+    QJsonObject object { { QStringLiteral("k"), 1 } };
     QVERIFY(store.write(object));
     QCOMPARE(store.writeCount(), 1);
     QCOMPARE(inodeOf(path), inode); // same file, not a renamed copy
-    QCOMPARE(*store.read(), object);            // and no stale bytes after the end
+    QCOMPARE(*store.read(), object); // and no stale bytes after the end
 }
 
 void ConfigStoreTest::conversionsTakeOnlyLosslessValues_data()

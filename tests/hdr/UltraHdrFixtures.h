@@ -67,7 +67,8 @@ inline QByteArray encodeSdr(const QImage &sdr, int quality = 95)
 inline QByteArray grayJpeg(int width, int height, uchar value)
 {
     const QByteArray pixels(qsizetype(width) * height, char(value));
-    return encodeJpeg(reinterpret_cast<const uchar *>(pixels.constData()), width, height, 1, width, 90);
+    return encodeJpeg(reinterpret_cast<const uchar *>(pixels.constData()), width, height, 1, width,
+                      90);
 }
 
 // An Exif APP1 segment (big-endian TIFF) holding only an orientation tag.

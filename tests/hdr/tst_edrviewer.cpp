@@ -4,9 +4,9 @@
 #include "common/TestEnvironment.h"
 #include "hdr/EdrKernels.h"
 #include "hdr/EdrPictureLoader.h"
-#include "hdr/UltraHdrWriter.h"
 #include "hdr/EdrViewerModel.h"
 #include "hdr/EdrViewerTypes.h"
+#include "hdr/UltraHdrWriter.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -50,7 +50,8 @@ private slots:
 void TestEdrViewer::pictureIsFittedAndCentred()
 {
     QCOMPARE(edr::fitScale(QSizeF(2000, 1000), QSizeF(4000, 4000)), 0.25);
-    QCOMPARE(edr::placement(QSizeF(2000, 1000), QSizeF(4000, 4000), 1.0, {}), QRectF(500, 0, 1000, 1000));
+    QCOMPARE(edr::placement(QSizeF(2000, 1000), QSizeF(4000, 4000), 1.0, {}),
+             QRectF(500, 0, 1000, 1000));
     QCOMPARE(edr::placement(QSizeF(2000, 1000), QSizeF(4000, 4000), 2.0, QPointF(10, -20)),
              QRectF(10, -520, 2000, 2000));
     QVERIFY(edr::placement(QSizeF(2000, 1000), QSizeF(0, 0), 1.0, {}).isEmpty());
@@ -234,9 +235,11 @@ void TestEdrViewer::pairLoadsHdrExpandedAndFallsBackToTheFilesOwnSdr()
 {
     QTemporaryDir dir;
     const QByteArray camera = test::encodeSdr(test::makeSdr(32, 16));
-    const UltraHdrEncodeResult encoded = encodeUltraHdr(QByteArrayView(camera), test::makeHdr(camera, false));
+    const UltraHdrEncodeResult encoded
+        = encodeUltraHdr(QByteArrayView(camera), test::makeHdr(camera, false));
     const QString sdrPath = dir.filePath(u"camera.jpg"_s), hdrPath = dir.filePath(u"photo.jpg"_s);
-    for (const auto &[path, bytes] : { std::pair { sdrPath, camera }, std::pair { hdrPath, encoded.bytes } }) {
+    for (const auto &[path, bytes] :
+         { std::pair { sdrPath, camera }, std::pair { hdrPath, encoded.bytes } }) {
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(bytes);

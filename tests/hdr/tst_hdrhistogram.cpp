@@ -152,8 +152,8 @@ void TestHdrHistogram::renditionIsOrientedAndAtMost512Pixels()
     for (int y = 0; y < 800; ++y)
         for (int x = 0; x < 600; ++x)
             sideways.setPixelColor(x, y, Qt::red);
-    const QString path = writeFile(u"sideways.jpg"_s,
-                                   insertAfterSoi(encodeSdr(sideways, 90), exifOrientationSegment(6)));
+    const QString path = writeFile(
+        u"sideways.jpg"_s, insertAfterSoi(encodeSdr(sideways, 90), exifOrientationSegment(6)));
     const QImage rendition = histogramRendition(path);
     QCOMPARE(rendition.size(), QSize(341, 512));
     QCOMPARE(rendition.format(), QImage::Format_RGBA8888_Premultiplied);

@@ -70,7 +70,8 @@ void TestUhdrTool::floatMapRoundTripsAndRejectsDamage()
     for (int y = 0; y < 2; ++y)
         for (int x = 0; x < 3; ++x)
             for (int c = 0; c < 4; ++c)
-                reinterpret_cast<float *>(image.scanLine(y))[4 * x + c] = c == 3 ? 1.0f : float(x + 10 * y) + 0.25f * c;
+                reinterpret_cast<float *>(image.scanLine(y))[4 * x + c]
+                    = c == 3 ? 1.0f : float(x + 10 * y) + 0.25f * c;
     const QByteArray bytes = writePortableFloatMap(image);
     QVERIFY(bytes.startsWith("PF\n3 2\n-1.0\n"));
     QCOMPARE(bytes.size(), 12 + 3 * 2 * 12);
@@ -147,10 +148,10 @@ void TestUhdrTool::probeExplainsWhyAFileIsNotUltraHdr()
 
 void TestUhdrTool::badArgumentsPrintUsage()
 {
-    for (const QStringList &args : { QStringList(), QStringList { u"frobnicate"_s },
-                                     QStringList { u"decode"_s, u"a.jpg"_s },
-                                     QStringList { u"decode"_s, u"a.jpg"_s, u"b.pfm"_s, u"--headroom"_s, u"0.5"_s },
-                                     QStringList { u"encode"_s, u"a"_s, u"b"_s, u"c"_s, u"--scale"_s, u"0"_s } }) {
+    for (const QStringList &args :
+         { QStringList(), QStringList { u"frobnicate"_s }, QStringList { u"decode"_s, u"a.jpg"_s },
+           QStringList { u"decode"_s, u"a.jpg"_s, u"b.pfm"_s, u"--headroom"_s, u"0.5"_s },
+           QStringList { u"encode"_s, u"a"_s, u"b"_s, u"c"_s, u"--scale"_s, u"0"_s } }) {
         const Run run = runTool(args);
         QCOMPARE(run.exitCode, 1);
         QVERIFY(run.err.startsWith("usage: orvanta-uhdr"));

@@ -126,12 +126,27 @@ void TestUltraHdrCodec::mpfIndexReadsLittleEndian()
     // The same index written by a little-endian writer.
     QByteArray le("II*\0\x08\0\0\0\x02\0", 10);
     auto u16 = [&le](quint16 v) { le.append(char(v & 0xFF)).append(char(v >> 8)); };
-    auto u32 = [&u16](quint32 v) { u16(quint16(v & 0xFFFF)); u16(quint16(v >> 16)); };
-    u16(0xB001); u16(4); u32(1); u32(2);
-    u16(0xB002); u16(7); u32(32); u32(38);
+    auto u32 = [&u16](quint32 v) {
+        u16(quint16(v & 0xFFFF));
+        u16(quint16(v >> 16));
+    };
+    u16(0xB001);
+    u16(4);
+    u32(1);
+    u32(2);
+    u16(0xB002);
+    u16(7);
+    u32(32);
+    u32(38);
     u32(0);
-    u32(0x00030000); u32(100); u32(0); u32(0);
-    u32(0); u32(50); u32(60); u32(0);
+    u32(0x00030000);
+    u32(100);
+    u32(0);
+    u32(0);
+    u32(0);
+    u32(50);
+    u32(60);
+    u32(0);
     const MpfIndex index = parseMpf(le);
     QVERIFY2(index.error.isEmpty(), qPrintable(index.error));
     QCOMPARE(index.entries.size(), 2);
@@ -254,7 +269,8 @@ void TestUltraHdrCodec::xmpReadsAttributeAndElementFormsWithAnyPrefix()
 <x:xmpmeta xmlns:x="adobe:ns:meta/"><rdf:RDF xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#">
 <rdf:Description xmlns:g="http://ns.adobe.com/hdr-gain-map/1.0/" g:Version="1.0" g:HDRCapacityMax="3">
 <g:GainMapMax>3</g:GainMapMax></rdf:Description></rdf:RDF></x:xmpmeta>
-<?xpacket end="w"?>)" + QByteArray(5, '\0');
+<?xpacket end="w"?>)"
+        + QByteArray(5, '\0');
     m = gainMapMetadataFromXmp(parseXmp(other), nullptr);
     QVERIFY(m);
     QCOMPARE(m->channels[0].maxLog2, 3.0);
@@ -272,19 +288,22 @@ void TestUltraHdrCodec::xmpRejectsUnusableValues_data()
     QTest::newRow("missing capacity") << QByteArray(R"(h:GainMapMax="2")");
     QTest::newRow("max below min")
         << QByteArray(R"(h:GainMapMin="3" h:GainMapMax="2" h:HDRCapacityMax="2")");
-    QTest::newRow("negative gamma") << QByteArray(R"(h:Gamma="-1" h:GainMapMax="2" h:HDRCapacityMax="2")");
+    QTest::newRow("negative gamma")
+        << QByteArray(R"(h:Gamma="-1" h:GainMapMax="2" h:HDRCapacityMax="2")");
     QTest::newRow("capacities equal")
         << QByteArray(R"(h:GainMapMax="2" h:HDRCapacityMin="2" h:HDRCapacityMax="2")");
-    QTest::newRow("HDR base")
-        << QByteArray(R"(h:BaseRenditionIsHDR="True" h:GainMapMax="2" h:HDRCapacityMax="2")");
-    QTest::newRow("two values")
-        << QByteArray(R"(h:HDRCapacityMax="2"><h:GainMapMax><rdf:Seq><rdf:li>1</rdf:li><rdf:li>2</rdf:li></rdf:Seq></h:GainMapMax)");
+    QTest::newRow("HDR base") << QByteArray(
+        R"(h:BaseRenditionIsHDR="True" h:GainMapMax="2" h:HDRCapacityMax="2")");
+    QTest::newRow("two values") << QByteArray(
+        R"(h:HDRCapacityMax="2"><h:GainMapMax><rdf:Seq><rdf:li>1</rdf:li><rdf:li>2</rdf:li></rdf:Seq></h:GainMapMax)");
 }
 
 void TestUltraHdrCodec::xmpRejectsUnusableValues()
 {
     QFETCH(QByteArray, properties);
-    const QByteArray xml = QByteArray(R"(<x:xmpmeta xmlns:x="adobe:ns:meta/"><rdf:RDF xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#"><rdf:Description xmlns:h="http://ns.adobe.com/hdr-gain-map/1.0/" )")
+    const QByteArray xml
+        = QByteArray(
+              R"(<x:xmpmeta xmlns:x="adobe:ns:meta/"><rdf:RDF xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#"><rdf:Description xmlns:h="http://ns.adobe.com/hdr-gain-map/1.0/" )")
         + properties + (properties.endsWith("GainMapMax>") ? "" : ">")
         + "</rdf:Description></rdf:RDF></x:xmpmeta>";
     const XmpPacket packet = parseXmp(xml);
@@ -296,7 +315,8 @@ void TestUltraHdrCodec::xmpRejectsUnusableValues()
 
 void TestUltraHdrCodec::xmpDefaultsApplyToAbsentValues()
 {
-    const QByteArray xml = R"(<rdf:Description xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#" xmlns:hdrgm="http://ns.adobe.com/hdr-gain-map/1.0/" hdrgm:GainMapMax="1.5" hdrgm:HDRCapacityMax="1.5"/>)";
+    const QByteArray xml
+        = R"(<rdf:Description xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#" xmlns:hdrgm="http://ns.adobe.com/hdr-gain-map/1.0/" hdrgm:GainMapMax="1.5" hdrgm:HDRCapacityMax="1.5"/>)";
     const std::optional<GainMapMetadata> m = gainMapMetadataFromXmp(parseXmp(xml), nullptr);
     QVERIFY(m);
     QCOMPARE(m->channels[0].minLog2, 0.0);
@@ -393,8 +413,11 @@ void TestUltraHdrCodec::roundTripRestoresMetadataAndPixels()
                 sumError += error;
                 worst = std::max(worst, error);
                 if (error > relTolerance)
-                    QFAIL(qPrintable(u"pixel (%1,%2) channel %3: %4 instead of %5"_s.arg(x).arg(y).arg(c)
-                                         .arg(got).arg(want)));
+                    QFAIL(qPrintable(u"pixel (%1,%2) channel %3: %4 instead of %5"_s.arg(x)
+                                         .arg(y)
+                                         .arg(c)
+                                         .arg(got)
+                                         .arg(want)));
             }
         }
     }
@@ -495,7 +518,8 @@ void TestUltraHdrCodec::lowHeadroomGivesTheSdrRendition()
     QVERIFY(!atOne.gainMapApplied);
     QCOMPARE(atOne.weight, 0.0);
     QCOMPARE(atOne.image, decodeUltraHdr(sdr).image);
-    const double middle = (encoded.metadata.hdrCapacityMinLog2 + encoded.metadata.hdrCapacityMaxLog2) / 2;
+    const double middle
+        = (encoded.metadata.hdrCapacityMinLog2 + encoded.metadata.hdrCapacityMaxLog2) / 2;
     const UltraHdrDecodeResult half = decodeUltraHdr(encoded.bytes, { std::exp2(middle) });
     QVERIFY(half.gainMapApplied);
     QCOMPARE(half.weight, 0.5);

@@ -138,7 +138,8 @@ void TestUltraHdrHostile::nonFiniteXmpValuesGiveSdr()
 {
     GainMapMetadata m;
     m.channels[0].maxLog2 = 1.2578125;
-    const QByteArray clean = assembleUltraHdr(encodeSdr(makeSdr(16, 16)), grayJpeg(4, 4, 200), { m, {}, true });
+    const QByteArray clean
+        = assembleUltraHdr(encodeSdr(makeSdr(16, 16)), grayJpeg(4, 4, 200), { m, {}, true });
     QVERIFY(inspectUltraHdr(clean).isUltraHdr());
     const QByteArray good = R"(hdrgm:GainMapMax="1.2578125")";
     for (const char *bad : { "nan", "inf", "-inf", "1e999", "0x1p3" }) {
@@ -146,7 +147,8 @@ void TestUltraHdrHostile::nonFiniteXmpValuesGiveSdr()
         // the only fault is the value itself.
         const QByteArray value = QByteArray(bad).leftJustified(9, ' ');
         QByteArray file = clean;
-        file.replace(file.indexOf(good), good.size(), QByteArray("hdrgm:GainMapMax=\"" + value + "\""));
+        file.replace(file.indexOf(good), good.size(),
+                     QByteArray("hdrgm:GainMapMax=\"" + value + "\""));
         const UltraHdrDecodeResult result = decodeUltraHdr(file);
         QVERIFY2(!result.gainMapApplied, bad);
         QVERIFY(!result.image.isNull());
@@ -159,7 +161,8 @@ void TestUltraHdrHostile::gainMapLargerThanTheBaseIsResampled()
     GainMapMetadata m;
     m.channels[0] = { 0.0, 1.0, 1.0, 0.0, 0.0 };
     m.hdrCapacityMaxLog2 = 1.0;
-    const QByteArray file = assembleUltraHdr(encodeSdr(makeSdr(16, 12)), grayJpeg(64, 48, 255), { m, m, true });
+    const QByteArray file
+        = assembleUltraHdr(encodeSdr(makeSdr(16, 12)), grayJpeg(64, 48, 255), { m, m, true });
     const UltraHdrDecodeResult result = decodeUltraHdr(file);
     QVERIFY(result.gainMapApplied);
     QCOMPARE(result.image.size(), QSize(16, 12));
@@ -173,7 +176,8 @@ void TestUltraHdrHostile::thirdImageInTheFileDoesNotHideTheGainMap()
     // both point at the thumbnail, which carries no gain-map metadata.
     const QByteArray file = validFile();
     const qsizetype primaryEnd = walkJpeg(file).end;
-    const QByteArray withThumbnail = file.left(primaryEnd) + encodeSdr(makeSdr(8, 8)) + file.mid(primaryEnd);
+    const QByteArray withThumbnail
+        = file.left(primaryEnd) + encodeSdr(makeSdr(8, 8)) + file.mid(primaryEnd);
     const UltraHdrDecodeResult result = decodeUltraHdr(withThumbnail);
     QVERIFY2(result.gainMapApplied, qPrintable(result.gainMapIssue));
     QCOMPARE(result.layout.locatedBy, GainMapLocator::Scan);
@@ -197,8 +201,9 @@ void TestUltraHdrHostile::plainJpegDecodesToItsSdrPicture()
 
 void TestUltraHdrHostile::bytesThatAreNoJpegFailClearly()
 {
-    for (const QByteArray &bytes : { QByteArray(), QByteArray("\xFF"), QByteArray("GIF89a........"),
-                                     QByteArray("\xFF\xD8", 2), QByteArray("\xFF\xD8\xFF\xD9", 4) }) {
+    for (const QByteArray &bytes :
+         { QByteArray(), QByteArray("\xFF"), QByteArray("GIF89a........"),
+           QByteArray("\xFF\xD8", 2), QByteArray("\xFF\xD8\xFF\xD9", 4) }) {
         const UltraHdrDecodeResult result = decodeUltraHdr(bytes);
         QVERIFY(result.image.isNull());
         QVERIFY(!result.error.isEmpty());

@@ -113,14 +113,15 @@ void HistoryModelTest::firstPageIs80AndFurtherPagesAre50_data()
     QTest::addColumn<int>("rows");
     QTest::addColumn<QStringList>("steps"); // loaded rows and whether more, after each load
 
-    QTest::newRow("none") << 0 << QStringList {u"0 end"_s};
-    QTest::newRow("79") << 79 << QStringList {u"79 end"_s};
-    QTest::newRow("exactly 80: 80 is not less than 80") << 80 << QStringList {u"80 end"_s};
-    QTest::newRow("81") << 81 << QStringList {u"80 more"_s, u"81 end"_s};
+    QTest::newRow("none") << 0 << QStringList { u"0 end"_s };
+    QTest::newRow("79") << 79 << QStringList { u"79 end"_s };
+    QTest::newRow("exactly 80: 80 is not less than 80") << 80 << QStringList { u"80 end"_s };
+    QTest::newRow("81") << 81 << QStringList { u"80 more"_s, u"81 end"_s };
     QTest::newRow("130: a full page of 50 keeps more")
-        << 130 << QStringList {u"80 more"_s, u"130 more"_s, u"130 end"_s};
+        << 130 << QStringList { u"80 more"_s, u"130 more"_s, u"130 end"_s };
     QTest::newRow("200") << 200
-                         << QStringList {u"80 more"_s, u"130 more"_s, u"180 more"_s, u"200 end"_s};
+                         << QStringList { u"80 more"_s, u"130 more"_s, u"180 more"_s,
+                                          u"200 end"_s };
 }
 
 void HistoryModelTest::firstPageIs80AndFurtherPagesAre50()
@@ -192,10 +193,10 @@ void HistoryModelTest::everyChangedQueryValueRefreshes()
         auto db = makeDatabase();
         db->insertNumbered(100);
         for (int i = 0; i < 5; ++i)
-            db->insert({.fingerprint = u"dsc%1"_s.arg(i),
-                        .stem = u"DSC_%1"_s.arg(i),
-                        .status = u"FAILED"_s,
-                        .processedAt = u"2025-12-0%1"_s.arg(i + 1)});
+            db->insert({ .fingerprint = u"dsc%1"_s.arg(i),
+                         .stem = u"DSC_%1"_s.arg(i),
+                         .status = u"FAILED"_s,
+                         .processedAt = u"2025-12-0%1"_s.arg(i + 1) });
     }
     AppViewModel model;
     settle();
@@ -219,17 +220,17 @@ void HistoryModelTest::typingASearchOneCharacterAtATimeRefreshesEachTime()
     {
         auto db = makeDatabase();
         db->insertNumbered(20);
-        db->insert({.fingerprint = u"x"_s, .stem = u"DSC04223"_s});
+        db->insert({ .fingerprint = u"x"_s, .stem = u"DSC04223"_s });
     }
     AppViewModel model;
     settle();
     StatementLog::clear();
-    for (const QString &text : {u"D"_s, u"DS"_s, u"DSC"_s}) {
+    for (const QString &text : { u"D"_s, u"DS"_s, u"DSC"_s }) {
         model.setHistorySearchText(text);
         settle();
     }
     QCOMPARE(refreshesRun(), 3);
-    QCOMPARE(ids(model.historyRecords()), QStringList {u"x"_s});
+    QCOMPARE(ids(model.historyRecords()), QStringList { u"x"_s });
 }
 
 void HistoryModelTest::settingAValueItAlreadyHasRunsNoQuery()
@@ -254,12 +255,12 @@ void HistoryModelTest::requestsDuringARefreshCollapseIntoOneMoreWithTheNewestVal
     {
         auto db = makeDatabase();
         db->insertNumbered(100);
-        db->insert({.fingerprint = u"z1"_s, .stem = u"DSC_B"_s});
-        db->insert({.fingerprint = u"z2"_s, .stem = u"DSC_A"_s});
+        db->insert({ .fingerprint = u"z1"_s, .stem = u"DSC_B"_s });
+        db->insert({ .fingerprint = u"z2"_s, .stem = u"DSC_A"_s });
     }
     AppViewModel model; // its start-up refresh is now under way
     QSignalSpy counts(&model, &AppViewModel::totalFilteredCountChanged);
-    for (const QString &text : {u"D"_s, u"DS"_s, u"DSC"_s})
+    for (const QString &text : { u"D"_s, u"DS"_s, u"DSC"_s })
         model.setHistorySearchText(text);
     model.setHistorySortField(HistorySortField::Stem);
     model.setHistorySortAscending(true);
@@ -270,7 +271,7 @@ void HistoryModelTest::requestsDuringARefreshCollapseIntoOneMoreWithTheNewestVal
     QCOMPARE(refreshesRun(), 2);
     QCOMPARE(counts.size(), 2); // 102 from start-up, then 2
     QCOMPARE(model.totalFilteredCount(), 2);
-    QCOMPARE(ids(model.historyRecords()), (QStringList {u"z2"_s, u"z1"_s}));
+    QCOMPARE(ids(model.historyRecords()), (QStringList { u"z2"_s, u"z1"_s }));
 }
 
 void HistoryModelTest::aPageReadForAListThatWasReplacedIsDropped()
@@ -319,7 +320,7 @@ void HistoryModelTest::selectionTogglesSelectsTheLoadedRowsAndSurvivesARefresh()
     QSignalSpy changed(&model, &AppViewModel::selectedRecordIdsChanged);
 
     model.toggleRecordSelection(u"fp0001"_s);
-    QCOMPARE(model.selectedRecordIds(), QSet<QString> {u"fp0001"_s});
+    QCOMPARE(model.selectedRecordIds(), QSet<QString> { u"fp0001"_s });
     model.toggleRecordSelection(u"fp0001"_s);
     QVERIFY(model.selectedRecordIds().isEmpty());
     QCOMPARE(changed.size(), 2);
@@ -344,7 +345,7 @@ void HistoryModelTest::deletingRemovesTheSelectedRowsAndClearsTheSelection()
     db->insertNumbered(10);
     AppViewModel model;
     settle();
-    for (const QString &id : {u"fp0001"_s, u"fp0005"_s, u"fp0009"_s})
+    for (const QString &id : { u"fp0001"_s, u"fp0005"_s, u"fp0009"_s })
         model.toggleRecordSelection(id);
 
     model.deleteSelectedRecords();
@@ -384,10 +385,10 @@ void HistoryModelTest::reprocessSendsEachSelectedLoadedStemOnceForced()
 {
     {
         auto db = makeDatabase();
-        db->insert({.fingerprint = u"a"_s, .stem = u"DSC_1"_s, .processedAt = u"4"_s});
-        db->insert({.fingerprint = u"b"_s, .stem = u"DSC_1"_s, .processedAt = u"3"_s});
-        db->insert({.fingerprint = u"c"_s, .stem = u"DSC_2"_s, .processedAt = u"2"_s});
-        db->insert({.fingerprint = u"d"_s, .stem = u"DSC_3"_s, .processedAt = u"1"_s});
+        db->insert({ .fingerprint = u"a"_s, .stem = u"DSC_1"_s, .processedAt = u"4"_s });
+        db->insert({ .fingerprint = u"b"_s, .stem = u"DSC_1"_s, .processedAt = u"3"_s });
+        db->insert({ .fingerprint = u"c"_s, .stem = u"DSC_2"_s, .processedAt = u"2"_s });
+        db->insert({ .fingerprint = u"d"_s, .stem = u"DSC_3"_s, .processedAt = u"1"_s });
     }
     // An engine that writes down its arguments and succeeds.
     QTemporaryDir engineDir;
@@ -404,7 +405,7 @@ void HistoryModelTest::reprocessSendsEachSelectedLoadedStemOnceForced()
     AppViewModel model;
     settle();
     model.setForceReprocess(false);
-    for (const QString &id : {u"a"_s, u"b"_s, u"c"_s, u"not-loaded"_s})
+    for (const QString &id : { u"a"_s, u"b"_s, u"c"_s, u"not-loaded"_s })
         model.toggleRecordSelection(id);
 
     model.reprocessSelectedRecords();
@@ -412,7 +413,7 @@ void HistoryModelTest::reprocessSendsEachSelectedLoadedStemOnceForced()
     QVERIFY(model.isRunning());
     QStringList stems = model.targetStem().split(u',');
     std::sort(stems.begin(), stems.end());
-    QCOMPARE(stems, (QStringList {u"DSC_1"_s, u"DSC_2"_s}));
+    QCOMPARE(stems, (QStringList { u"DSC_1"_s, u"DSC_2"_s }));
     QVERIFY(model.forceReprocess());
     QTRY_VERIFY_WITH_TIMEOUT(!model.isRunning(), 20000);
 
@@ -454,9 +455,9 @@ void HistoryModelTest::columnVisibilityTogglesButTheLastColumnStays()
     QVERIFY(!model.visibleColumns().contains(ListColumn::PeakStops));
     QCOMPARE(changed.size(), 2);
 
-    model.setVisibleColumns({ListColumn::Faces});
+    model.setVisibleColumns({ ListColumn::Faces });
     model.toggleColumnVisibility(ListColumn::Faces);
-    QCOMPARE(model.visibleColumns(), ListColumnSet {ListColumn::Faces});
+    QCOMPARE(model.visibleColumns(), ListColumnSet { ListColumn::Faces });
 }
 
 ORVANTA_TEST_GUILESS_MAIN(HistoryModelTest)

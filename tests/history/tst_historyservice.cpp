@@ -91,7 +91,7 @@ void HistoryServiceTest::initTestCase()
 
 void HistoryServiceTest::init()
 {
-    for (const auto folder : {"Orvanta"_L1, "Pemvira"_L1, "Dravik"_L1, "Tarne"_L1, "db"_L1})
+    for (const auto folder : { "Orvanta"_L1, "Pemvira"_L1, "Dravik"_L1, "Tarne"_L1, "db"_L1 })
         QDir(m_dataHome + u'/' + folder).removeRecursively();
     QDir().mkpath(m_dataHome + u"/db"_s);
     m_dbPath = m_dataHome + u"/db/pipeline_state.db"_s;
@@ -104,7 +104,7 @@ void HistoryServiceTest::missingDatabaseReadsAsEmptyAndIsNeverCreated()
     QVERIFY(service.fetchRecords().isEmpty());
     QCOMPARE(service.fetchCount(u"IMG"_s, u"SUCCESS"_s), 0);
     QCOMPARE(service.fetchStats(), DashboardStats());
-    service.deleteRecords({u"fp0000"_s});
+    service.deleteRecords({ u"fp0000"_s });
     QVERIFY(!QFileInfo::exists(m_dbPath));
     QVERIFY(StatementLog::statements().isEmpty());
 }
@@ -136,7 +136,7 @@ void HistoryServiceTest::unreadableFilesReadAsEmptyAndAreLeftUntouched()
     QVERIFY(service.fetchRecords().isEmpty());
     QCOMPARE(service.fetchCount(), 0);
     QCOMPARE(service.fetchStats(), DashboardStats());
-    service.deleteRecords({u"fp0000"_s});
+    service.deleteRecords({ u"fp0000"_s });
 
     QCOMPARE(fileBytes(m_dbPath), before);
 }
@@ -144,34 +144,34 @@ void HistoryServiceTest::unreadableFilesReadAsEmptyAndAreLeftUntouched()
 void HistoryServiceTest::rowsMissingRequiredValuesAreSkipped()
 {
     TestDatabase db(m_dbPath, TestDatabase::Schema::Unconstrained);
-    db.insert({.fingerprint = u"good1"_s});
+    db.insert({ .fingerprint = u"good1"_s });
     db.exec(u"INSERT INTO processed_files (fingerprint, stem, status, processed_at) VALUES "
             "(NULL, 's', 'SUCCESS', 't'), ('nostem', NULL, 'SUCCESS', 't'), "
             "('nostatus', 's', NULL, 't'), ('notime', 's', 'FAILED', NULL)"_s);
-    db.insert({.fingerprint = u"good2"_s, .processedAt = u"2027"_s});
+    db.insert({ .fingerprint = u"good2"_s, .processedAt = u"2027"_s });
 
     const HistoryService service(m_dbPath);
-    QCOMPARE(fingerprints(service.fetchRecords()), QStringList({u"good2"_s, u"good1"_s}));
+    QCOMPARE(fingerprints(service.fetchRecords()), QStringList({ u"good2"_s, u"good1"_s }));
     QCOMPARE(service.fetchCount(), 6); // the count is the table's, damaged rows included
 }
 
 void HistoryServiceTest::everyColumnIsReadWithAbsentValuesKeptAbsent()
 {
     TestDatabase db(m_dbPath);
-    db.insert({.fingerprint = u"full"_s,
-               .stem = u"DSC04223"_s,
-               .status = u"FAILED"_s,
-               .processedAt = u"2026-03-04T05:06:07"_s,
-               .rawPath = u"/photos/DSC04223.ARW"_s,
-               .jpgPath = u"/photos/DSC04223.JPG"_s,
-               .outputPath = u"/out/DSC04223_hdr.jpg"_s,
-               .peakStops = 2.75,
-               .numFaces = 3,
-               .rawClipPct = 0.125,
-               .durationSec = 4.5,
-               .errorMessage = u"gain map: out of range"_s,
-               .rating = 4});
-    db.insert({.fingerprint = u"bare"_s, .stem = u"IMG_1"_s, .processedAt = u"2026-01-01"_s});
+    db.insert({ .fingerprint = u"full"_s,
+                .stem = u"DSC04223"_s,
+                .status = u"FAILED"_s,
+                .processedAt = u"2026-03-04T05:06:07"_s,
+                .rawPath = u"/photos/DSC04223.ARW"_s,
+                .jpgPath = u"/photos/DSC04223.JPG"_s,
+                .outputPath = u"/out/DSC04223_hdr.jpg"_s,
+                .peakStops = 2.75,
+                .numFaces = 3,
+                .rawClipPct = 0.125,
+                .durationSec = 4.5,
+                .errorMessage = u"gain map: out of range"_s,
+                .rating = 4 });
+    db.insert({ .fingerprint = u"bare"_s, .stem = u"IMG_1"_s, .processedAt = u"2026-01-01"_s });
 
     const QList<PhotoRecord> records = HistoryService(m_dbPath).fetchRecords();
     QCOMPARE(records.size(), 2);
@@ -218,19 +218,19 @@ void HistoryServiceTest::searchMatchesStemSubstringsWithLikeWildcards_data()
     QTest::addColumn<OptString>("query");
     QTest::addColumn<QStringList>("expected");
 
-    const QStringList all {u"axb"_s, u"a_b"_s, u"DSC04223"_s, u"dsc_9"_s, u"IMG%1"_s};
+    const QStringList all { u"axb"_s, u"a_b"_s, u"DSC04223"_s, u"dsc_9"_s, u"IMG%1"_s };
     QTest::newRow("no query") << OptString() << all;
     QTest::newRow("empty query") << OptString(u""_s) << all;
     QTest::newRow("blanks and new lines only") << OptString(u"  \t\n "_s) << all;
-    QTest::newRow("substring") << OptString(u"0422"_s) << QStringList {u"DSC04223"_s};
+    QTest::newRow("substring") << OptString(u"0422"_s) << QStringList { u"DSC04223"_s };
     QTest::newRow("surrounding blanks are trimmed")
-        << OptString(u"  04223\n"_s) << QStringList {u"DSC04223"_s};
+        << OptString(u"  04223\n"_s) << QStringList { u"DSC04223"_s };
     QTest::newRow("ASCII case is ignored")
-        << OptString(u"dsc"_s) << QStringList {u"DSC04223"_s, u"dsc_9"_s};
+        << OptString(u"dsc"_s) << QStringList { u"DSC04223"_s, u"dsc_9"_s };
     QTest::newRow("underscore matches any one character")
-        << OptString(u"a_b"_s) << QStringList {u"axb"_s, u"a_b"_s};
+        << OptString(u"a_b"_s) << QStringList { u"axb"_s, u"a_b"_s };
     QTest::newRow("percent matches anything")
-        << OptString(u"a%b"_s) << QStringList {u"axb"_s, u"a_b"_s};
+        << OptString(u"a%b"_s) << QStringList { u"axb"_s, u"a_b"_s };
     QTest::newRow("no match") << OptString(u"zzz"_s) << QStringList();
 }
 
@@ -239,9 +239,9 @@ void HistoryServiceTest::searchMatchesStemSubstringsWithLikeWildcards()
     QFETCH(OptString, query);
     QFETCH(QStringList, expected);
     TestDatabase db(m_dbPath);
-    const QStringList stems {u"axb"_s, u"a_b"_s, u"DSC04223"_s, u"dsc_9"_s, u"IMG%1"_s};
+    const QStringList stems { u"axb"_s, u"a_b"_s, u"DSC04223"_s, u"dsc_9"_s, u"IMG%1"_s };
     for (const QString &stem : stems)
-        db.insert({.fingerprint = u"fp-"_s + stem, .stem = stem});
+        db.insert({ .fingerprint = u"fp-"_s + stem, .stem = stem });
 
     const HistoryService service(m_dbPath);
     QStringList found;
@@ -273,7 +273,7 @@ void HistoryServiceTest::statusFilterAppliesOnlyToExactStatusTexts()
     TestDatabase db(m_dbPath);
     for (int i = 0; i < 5; ++i)
         db.insert(
-            {.fingerprint = QString::number(i), .status = i < 3 ? u"SUCCESS"_s : u"FAILED"_s});
+            { .fingerprint = QString::number(i), .status = i < 3 ? u"SUCCESS"_s : u"FAILED"_s });
 
     const HistoryService service(m_dbPath);
     const QList<PhotoRecord> records = service.fetchRecords(80, 0, {}, status);
@@ -288,12 +288,12 @@ void HistoryServiceTest::statusFilterAppliesOnlyToExactStatusTexts()
 void HistoryServiceTest::searchAndStatusCombine()
 {
     TestDatabase db(m_dbPath);
-    db.insert({.fingerprint = u"1"_s, .stem = u"DSC1"_s, .status = u"FAILED"_s});
-    db.insert({.fingerprint = u"2"_s, .stem = u"DSC2"_s, .status = u"SUCCESS"_s});
-    db.insert({.fingerprint = u"3"_s, .stem = u"IMG3"_s, .status = u"FAILED"_s});
+    db.insert({ .fingerprint = u"1"_s, .stem = u"DSC1"_s, .status = u"FAILED"_s });
+    db.insert({ .fingerprint = u"2"_s, .stem = u"DSC2"_s, .status = u"SUCCESS"_s });
+    db.insert({ .fingerprint = u"3"_s, .stem = u"IMG3"_s, .status = u"FAILED"_s });
     const HistoryService service(m_dbPath);
     QCOMPARE(fingerprints(service.fetchRecords(80, 0, u"DSC"_s, u"FAILED"_s)),
-             QStringList {u"1"_s});
+             QStringList { u"1"_s });
     QCOMPARE(service.fetchCount(u"DSC"_s, u"FAILED"_s), 1);
 }
 
@@ -317,20 +317,20 @@ void HistoryServiceTest::everySortFieldPutsMissingValuesLastBothWays_data()
     QTest::addColumn<QStringList>("missing"); // rows without one, in any order
 
     // Rows a..d: see the test body for their values.
-    QTest::newRow("date") << u"date"_s << QStringList {u"c"_s, u"a"_s, u"d"_s, u"b"_s}
+    QTest::newRow("date") << u"date"_s << QStringList { u"c"_s, u"a"_s, u"d"_s, u"b"_s }
                           << QStringList();
     QTest::newRow("unknown field sorts by date")
-        << u"size"_s << QStringList {u"c"_s, u"a"_s, u"d"_s, u"b"_s} << QStringList();
-    QTest::newRow("peakStops") << u"peakStops"_s << QStringList {u"b"_s, u"d"_s}
-                               << QStringList {u"a"_s, u"c"_s};
-    QTest::newRow("faces") << u"faces"_s << QStringList {u"a"_s, u"c"_s}
-                           << QStringList {u"b"_s, u"d"_s};
-    QTest::newRow("duration") << u"duration"_s << QStringList {u"d"_s, u"a"_s, u"c"_s}
-                              << QStringList {u"b"_s};
-    QTest::newRow("stem") << u"stem"_s << QStringList {u"b"_s, u"c"_s, u"d"_s, u"a"_s}
+        << u"size"_s << QStringList { u"c"_s, u"a"_s, u"d"_s, u"b"_s } << QStringList();
+    QTest::newRow("peakStops") << u"peakStops"_s << QStringList { u"b"_s, u"d"_s }
+                               << QStringList { u"a"_s, u"c"_s };
+    QTest::newRow("faces") << u"faces"_s << QStringList { u"a"_s, u"c"_s }
+                           << QStringList { u"b"_s, u"d"_s };
+    QTest::newRow("duration") << u"duration"_s << QStringList { u"d"_s, u"a"_s, u"c"_s }
+                              << QStringList { u"b"_s };
+    QTest::newRow("stem") << u"stem"_s << QStringList { u"b"_s, u"c"_s, u"d"_s, u"a"_s }
                           << QStringList();
     QTest::newRow("rating uses the stored value")
-        << u"rating"_s << QStringList {u"b"_s, u"c"_s} << QStringList {u"a"_s, u"d"_s};
+        << u"rating"_s << QStringList { u"b"_s, u"c"_s } << QStringList { u"a"_s, u"d"_s };
 }
 
 void HistoryServiceTest::everySortFieldPutsMissingValuesLastBothWays()
@@ -339,30 +339,30 @@ void HistoryServiceTest::everySortFieldPutsMissingValuesLastBothWays()
     QFETCH(QStringList, ascending);
     QFETCH(QStringList, missing);
     TestDatabase db(m_dbPath);
-    db.insert({.fingerprint = u"a"_s,
-               .stem = u"Z9"_s,
-               .processedAt = u"2026-02"_s,
-               .numFaces = 0,
-               .durationSec = 2.0});
-    db.insert({.fingerprint = u"b"_s,
-               .stem = u"A1"_s,
-               .processedAt = u"2026-04"_s,
-               .peakStops = -1.5,
-               .rating = 0});
-    db.insert({.fingerprint = u"c"_s,
-               .stem = u"B2"_s,
-               .processedAt = u"2026-01"_s,
-               .numFaces = 5,
-               .durationSec = 9.5,
-               .rating = 5});
-    db.insert({.fingerprint = u"d"_s,
-               .stem = u"M5"_s,
-               .processedAt = u"2026-03"_s,
-               .peakStops = 3.25,
-               .durationSec = 0.5});
+    db.insert({ .fingerprint = u"a"_s,
+                .stem = u"Z9"_s,
+                .processedAt = u"2026-02"_s,
+                .numFaces = 0,
+                .durationSec = 2.0 });
+    db.insert({ .fingerprint = u"b"_s,
+                .stem = u"A1"_s,
+                .processedAt = u"2026-04"_s,
+                .peakStops = -1.5,
+                .rating = 0 });
+    db.insert({ .fingerprint = u"c"_s,
+                .stem = u"B2"_s,
+                .processedAt = u"2026-01"_s,
+                .numFaces = 5,
+                .durationSec = 9.5,
+                .rating = 5 });
+    db.insert({ .fingerprint = u"d"_s,
+                .stem = u"M5"_s,
+                .processedAt = u"2026-03"_s,
+                .peakStops = 3.25,
+                .durationSec = 0.5 });
 
     const HistoryService service(m_dbPath);
-    for (bool up : {true, false}) {
+    for (bool up : { true, false }) {
         const QStringList found = fingerprints(service.fetchRecords(80, 0, {}, {}, sortField, up));
         QStringList withValue = ascending;
         if (!up)
@@ -377,14 +377,14 @@ void HistoryServiceTest::everySortFieldPutsMissingValuesLastBothWays()
 void HistoryServiceTest::statsDescribeTheWholeTable()
 {
     TestDatabase db(m_dbPath);
-    db.insert({.fingerprint = u"1"_s, .processedAt = u"2026-05-01 10:00"_s, .durationSec = 2.0});
-    db.insert({.fingerprint = u"2"_s, .processedAt = u"2026-05-03 09:00"_s, .durationSec = 5.0});
-    db.insert({.fingerprint = u"3"_s, .processedAt = u"2026-05-02 08:00"_s}); // no duration
-    db.insert({.fingerprint = u"4"_s,
-               .status = u"FAILED"_s,
-               .processedAt = u"2026-05-04"_s,
-               .durationSec = 100.0});
-    db.insert({.fingerprint = u"5"_s, .status = u"SKIPPED"_s, .processedAt = u"2026-01-01"_s});
+    db.insert({ .fingerprint = u"1"_s, .processedAt = u"2026-05-01 10:00"_s, .durationSec = 2.0 });
+    db.insert({ .fingerprint = u"2"_s, .processedAt = u"2026-05-03 09:00"_s, .durationSec = 5.0 });
+    db.insert({ .fingerprint = u"3"_s, .processedAt = u"2026-05-02 08:00"_s }); // no duration
+    db.insert({ .fingerprint = u"4"_s,
+                .status = u"FAILED"_s,
+                .processedAt = u"2026-05-04"_s,
+                .durationSec = 100.0 });
+    db.insert({ .fingerprint = u"5"_s, .status = u"SKIPPED"_s, .processedAt = u"2026-01-01"_s });
 
     const DashboardStats stats = HistoryService(m_dbPath).fetchStats();
     QCOMPARE(stats.total, 5);
@@ -400,7 +400,7 @@ void HistoryServiceTest::statsOfATableWithoutSuccessesHaveNoAverage()
     const HistoryService service(m_dbPath);
     QCOMPARE(service.fetchStats(), DashboardStats()); // empty table
 
-    db.insert({.fingerprint = u"1"_s, .status = u"FAILED"_s, .durationSec = 3.0});
+    db.insert({ .fingerprint = u"1"_s, .status = u"FAILED"_s, .durationSec = 3.0 });
     const DashboardStats stats = service.fetchStats();
     QCOMPARE(stats.total, 1);
     QCOMPARE(stats.failed, 1);
@@ -415,9 +415,10 @@ void HistoryServiceTest::deleteRemovesExactlyTheGivenRows_data()
     QTest::addColumn<int>("left");
 
     QTest::newRow("none") << QStringList() << 5;
-    QTest::newRow("one") << QStringList {u"fp0002"_s} << 4;
-    QTest::newRow("three") << QStringList {u"fp0000"_s, u"fp0004"_s, u"fp0001"_s} << 2;
-    QTest::newRow("unknown fingerprints are ignored") << QStringList {u"fp0003"_s, u"nope"_s} << 4;
+    QTest::newRow("one") << QStringList { u"fp0002"_s } << 4;
+    QTest::newRow("three") << QStringList { u"fp0000"_s, u"fp0004"_s, u"fp0001"_s } << 2;
+    QTest::newRow("unknown fingerprints are ignored")
+        << QStringList { u"fp0003"_s, u"nope"_s } << 4;
 }
 
 void HistoryServiceTest::deleteRemovesExactlyTheGivenRows()
@@ -448,9 +449,9 @@ void HistoryServiceTest::deleteUsesOnePlaceholderPerFingerprint()
     TestDatabase db(m_dbPath);
     db.insertNumbered(5);
     StatementLog::clear();
-    HistoryService(m_dbPath).deleteRecords({u"fp0000"_s, u"fp0001"_s, u"fp0002"_s});
+    HistoryService(m_dbPath).deleteRecords({ u"fp0000"_s, u"fp0001"_s, u"fp0002"_s });
     QCOMPARE(StatementLog::statements(),
-             QStringList {u"DELETE FROM processed_files WHERE fingerprint IN (?,?,?)"_s});
+             QStringList { u"DELETE FROM processed_files WHERE fingerprint IN (?,?,?)"_s });
 }
 
 void HistoryServiceTest::deleteOfAVeryLongSelectionRemovesEveryRow()
@@ -477,7 +478,7 @@ void HistoryServiceTest::readOnlyDatabaseIsReadButNeverChanged()
     const HistoryService service(m_dbPath);
     QCOMPARE(service.fetchRecords().size(), 3);
     QCOMPARE(service.fetchStats().total, 3);
-    service.deleteRecords({u"fp0000"_s});
+    service.deleteRecords({ u"fp0000"_s });
     QCOMPARE(service.fetchCount(), 3);
     QFile::setPermissions(m_dbPath, QFile::ReadOwner | QFile::WriteOwner);
 }
@@ -489,7 +490,7 @@ void HistoryServiceTest::readWaitsForTheEnginesWriteLock()
     // The engine's write: an exclusive lock held for a second, with one more
     // row that readers must not miss.
     QVERIFY(engine.exec(u"BEGIN EXCLUSIVE"_s));
-    engine.insert({.fingerprint = u"late"_s});
+    engine.insert({ .fingerprint = u"late"_s });
 
     const HistoryService service(m_dbPath);
     std::atomic<bool> done = false;
@@ -526,12 +527,12 @@ void HistoryServiceTest::legacyDatabaseIsCopiedOnceFromTheFirstLegacyFolder_data
     QTest::addColumn<QStringList>("present");
     QTest::addColumn<QString>("copiedFrom");
 
-    QTest::newRow("Tarne only") << QStringList {u"Tarne"_s} << u"Tarne"_s;
-    QTest::newRow("Dravik before Tarne") << QStringList {u"Tarne"_s, u"Dravik"_s} << u"Dravik"_s;
+    QTest::newRow("Tarne only") << QStringList { u"Tarne"_s } << u"Tarne"_s;
+    QTest::newRow("Dravik before Tarne") << QStringList { u"Tarne"_s, u"Dravik"_s } << u"Dravik"_s;
     QTest::newRow("Pemvira first")
-        << QStringList {u"Tarne"_s, u"Dravik"_s, u"Pemvira"_s} << u"Pemvira"_s;
+        << QStringList { u"Tarne"_s, u"Dravik"_s, u"Pemvira"_s } << u"Pemvira"_s;
     QTest::newRow("current folder wins")
-        << QStringList {u"Orvanta"_s, u"Pemvira"_s} << u"Orvanta"_s;
+        << QStringList { u"Orvanta"_s, u"Pemvira"_s } << u"Orvanta"_s;
 }
 
 void HistoryServiceTest::legacyDatabaseIsCopiedOnceFromTheFirstLegacyFolder()
@@ -541,19 +542,19 @@ void HistoryServiceTest::legacyDatabaseIsCopiedOnceFromTheFirstLegacyFolder()
     for (const QString &folder : present) {
         QDir().mkpath(m_dataHome + u'/' + folder);
         TestDatabase db(m_dataHome + u'/' + folder + u"/pipeline_state.db"_s);
-        db.insert({.fingerprint = folder});
+        db.insert({ .fingerprint = folder });
     }
     const QString primary = m_dataHome + u"/Orvanta/pipeline_state.db"_s;
 
     QCOMPARE(HistoryService::defaultDbPath(), primary);
-    QCOMPARE(fingerprints(HistoryService(primary).fetchRecords()), QStringList {copiedFrom});
+    QCOMPARE(fingerprints(HistoryService(primary).fetchRecords()), QStringList { copiedFrom });
     for (const QString &folder : present) // legacy files stay
         QVERIFY(QFileInfo::exists(m_dataHome + u'/' + folder + u"/pipeline_state.db"_s));
 
     // Later look-ups find the copy and leave it alone.
     {
         TestDatabase current(primary, TestDatabase::Schema::NoTable);
-        current.insert({.fingerprint = u"new"_s});
+        current.insert({ .fingerprint = u"new"_s });
     }
     QCOMPARE(HistoryService::defaultDbPath(), primary);
     QCOMPARE(HistoryService(primary).fetchCount(), 2);

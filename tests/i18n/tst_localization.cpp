@@ -18,7 +18,7 @@ const QString kPreferenceKey = QString::fromLatin1(LocalizationService::kPrefere
 
 // Texts whose English carries a "%" that reads as a directive but never gets
 // an argument: only the first N directives are real.
-const QHash<QString, int> kAccidentalDirectives{{QStringLiteral("inspector_faces_count"), 1}};
+const QHash<QString, int> kAccidentalDirectives { { QStringLiteral("inspector_faces_count"), 1 } };
 } // namespace
 
 class LocalizationTest : public QObject
@@ -50,7 +50,7 @@ private:
 
 void LocalizationTest::init()
 {
-    service().setPreferredLanguagesProvider([] { return QStringList{QStringLiteral("en-US")}; });
+    service().setPreferredLanguagesProvider([] { return QStringList { QStringLiteral("en-US") }; });
     service().setCurrentLanguage(AppLanguage::System);
 }
 
@@ -61,19 +61,19 @@ void LocalizationTest::systemLanguageResolvesByPrefixOfTheFirstEntry_data()
     auto row = [](const char *name, QStringList list, const char *code) {
         QTest::newRow(name) << list << QString::fromLatin1(code);
     };
-    row("pt-BR is English", {QStringLiteral("pt-BR")}, "en");
-    row("only the first entry counts", {QStringLiteral("en-US"), QStringLiteral("de-DE")}, "en");
-    row("de-AT", {QStringLiteral("de-AT")}, "de");
-    row("zh-HK", {QStringLiteral("zh-HK")}, "zh-Hant");
-    row("zh-TW", {QStringLiteral("zh-TW")}, "zh-Hant");
-    row("zh-Hant-HK", {QStringLiteral("zh-Hant-HK")}, "zh-Hant");
-    row("underscore form", {QStringLiteral("zh_Hant_TW")}, "zh-Hant");
-    row("zh-SG", {QStringLiteral("zh-SG")}, "zh-Hans");
-    row("zh-CN", {QStringLiteral("zh-CN")}, "zh-Hans");
-    row("ja-JP", {QStringLiteral("ja-JP")}, "ja");
-    row("fr-CA", {QStringLiteral("fr-CA")}, "fr");
-    row("es-419", {QStringLiteral("es-419")}, "es");
-    row("C locale", {QStringLiteral("C")}, "en");
+    row("pt-BR is English", { QStringLiteral("pt-BR") }, "en");
+    row("only the first entry counts", { QStringLiteral("en-US"), QStringLiteral("de-DE") }, "en");
+    row("de-AT", { QStringLiteral("de-AT") }, "de");
+    row("zh-HK", { QStringLiteral("zh-HK") }, "zh-Hant");
+    row("zh-TW", { QStringLiteral("zh-TW") }, "zh-Hant");
+    row("zh-Hant-HK", { QStringLiteral("zh-Hant-HK") }, "zh-Hant");
+    row("underscore form", { QStringLiteral("zh_Hant_TW") }, "zh-Hant");
+    row("zh-SG", { QStringLiteral("zh-SG") }, "zh-Hans");
+    row("zh-CN", { QStringLiteral("zh-CN") }, "zh-Hans");
+    row("ja-JP", { QStringLiteral("ja-JP") }, "ja");
+    row("fr-CA", { QStringLiteral("fr-CA") }, "fr");
+    row("es-419", { QStringLiteral("es-419") }, "es");
+    row("C locale", { QStringLiteral("C") }, "en");
     row("empty list", {}, "en");
 }
 
@@ -89,7 +89,7 @@ void LocalizationTest::systemLanguageResolvesByPrefixOfTheFirstEntry()
 
 void LocalizationTest::explicitChoiceBeatsThePlatform()
 {
-    service().setPreferredLanguagesProvider([] { return QStringList{QStringLiteral("ja-JP")}; });
+    service().setPreferredLanguagesProvider([] { return QStringList { QStringLiteral("ja-JP") }; });
     QCOMPARE(service().t("status_ready"), service().rawText(QStringLiteral("ja"), "status_ready"));
 
     service().setCurrentLanguage(AppLanguage::German);
@@ -123,18 +123,20 @@ void LocalizationTest::lookupFallsBackToEnglishThenToTheKey()
     QCOMPARE(service().t("status_ready"), service().rawText(QStringLiteral("fr"), "status_ready"));
     QCOMPARE(service().t("no_such_key"), QStringLiteral("no_such_key"));
     // The key-as-text fallback is formatted too.
-    QCOMPARE(service().t("missing_%d_items", {4}), QStringLiteral("missing_4_items"));
-    QCOMPARE(orvanta::t("card_pairs_found", {12}), formatPrintf(service().rawText(QStringLiteral("fr"), "card_pairs_found"), {12}));
+    QCOMPARE(service().t("missing_%d_items", { 4 }), QStringLiteral("missing_4_items"));
+    QCOMPARE(orvanta::t("card_pairs_found", { 12 }),
+             formatPrintf(service().rawText(QStringLiteral("fr"), "card_pairs_found"), { 12 }));
 }
 
 void LocalizationTest::argumentlessTextsKeepTheirPercentSigns()
 {
     service().setCurrentLanguage(AppLanguage::English);
-    QCOMPARE(service().t("edr_zoom_hint"),
-             QStringLiteral("Pinch to zoom • Double-click 100% • Space to toggle • Tab for pure view"));
+    QCOMPARE(
+        service().t("edr_zoom_hint"),
+        QStringLiteral("Pinch to zoom • Double-click 100% • Space to toggle • Tab for pure view"));
     QCOMPARE(service().t("card_progress_ratio"), QStringLiteral("[%d / %d]  %d%%"));
-    QCOMPARE(service().t("card_progress_ratio", {3, 10, 30}), QStringLiteral("[3 / 10]  30%"));
-    QCOMPARE(service().t("inspector_faces_count", {2}),
+    QCOMPARE(service().t("card_progress_ratio", { 3, 10, 30 }), QStringLiteral("[3 / 10]  30%"));
+    QCOMPARE(service().t("inspector_faces_count", { 2 }),
              QStringLiteral("2 face(s) (40% skin damping)"));
 }
 
@@ -182,17 +184,19 @@ void LocalizationTest::everyTranslationTakesTheSameArgumentsInTheSameOrder()
 
 void LocalizationTest::sharedTextsAreIdenticalInEveryTable()
 {
-    const QHash<QString, QString> shared{
-        {QStringLiteral("status_processing"), QStringLiteral("Procesando...")},
-        {QStringLiteral("status_failed"), QStringLiteral("Fallido")},
-        {QStringLiteral("dialog_file_missing_title"), QStringLiteral("Foto no encontrada en el disco")},
-        {QStringLiteral("dialog_file_missing_desc"),
-         QStringLiteral("El archivo [%@] se ha movido, renombrado o eliminado de su ubicación original.")},
-        {QStringLiteral("log_dry_run_activated"),
-         QStringLiteral("Modo de simulación activado: escaneo rápido sin escritura en disco.")},
-        {QStringLiteral("app_title"), QStringLiteral("Orvanta")},
-        {QStringLiteral("card_progress_ratio"), QStringLiteral("[%d / %d]  %d%%")},
-        {QStringLiteral("unit_ultra_hdr"), QStringLiteral("Ultra HDR")},
+    const QHash<QString, QString> shared {
+        { QStringLiteral("status_processing"), QStringLiteral("Procesando...") },
+        { QStringLiteral("status_failed"), QStringLiteral("Fallido") },
+        { QStringLiteral("dialog_file_missing_title"),
+          QStringLiteral("Foto no encontrada en el disco") },
+        { QStringLiteral("dialog_file_missing_desc"),
+          QStringLiteral(
+              "El archivo [%@] se ha movido, renombrado o eliminado de su ubicación original.") },
+        { QStringLiteral("log_dry_run_activated"),
+          QStringLiteral("Modo de simulación activado: escaneo rápido sin escritura en disco.") },
+        { QStringLiteral("app_title"), QStringLiteral("Orvanta") },
+        { QStringLiteral("card_progress_ratio"), QStringLiteral("[%d / %d]  %d%%") },
+        { QStringLiteral("unit_ultra_hdr"), QStringLiteral("Ultra HDR") },
     };
     for (auto it = shared.cbegin(); it != shared.cend(); ++it) {
         for (const QString &code : LocalizationService::tableCodes())
@@ -224,20 +228,20 @@ void LocalizationTest::inventoryTextsMatchTheShippedEnglish_data()
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("english");
     const std::pair<const char *, const char *> texts[] = {
-        {"status_ready", "Ready"},
-        {"pressure_normal", "🟢 Normal"},
-        {"footer_storage_safe", "%@ Mounted & Healthy (%.1f GB free)"},
-        {"notif_batch_success_body", "Successfully delivered %d Ultra HDR photos in %.1fs."},
-        {"notif_batch_failed_body", "%d succeeded, %d failed."},
-        {"metric_bayer_clip", "Sensor Clip: %.3f%%"},
-        {"status_item_completed", "Completed [%d/%d] %@ (+%.2fst)"},
-        {"status_dryrun_completed", "Dry-Run simulated: %d total, %d pending, %d skipped"},
-        {"recipes_imported_success", "Successfully imported %d recipe(s)!"},
-        {"drop_success_photos", "Loaded %d photo(s): %@"},
-        {"profile_default_title", "Default (Faithful)"},
-        {"slider_chroma_boost", "Specular Color Saturation"},
-        {"badge_finetuning", "Fine-Tuning"},
-        {"style_profile_title", "Style Preset"},
+        { "status_ready", "Ready" },
+        { "pressure_normal", "🟢 Normal" },
+        { "footer_storage_safe", "%@ Mounted & Healthy (%.1f GB free)" },
+        { "notif_batch_success_body", "Successfully delivered %d Ultra HDR photos in %.1fs." },
+        { "notif_batch_failed_body", "%d succeeded, %d failed." },
+        { "metric_bayer_clip", "Sensor Clip: %.3f%%" },
+        { "status_item_completed", "Completed [%d/%d] %@ (+%.2fst)" },
+        { "status_dryrun_completed", "Dry-Run simulated: %d total, %d pending, %d skipped" },
+        { "recipes_imported_success", "Successfully imported %d recipe(s)!" },
+        { "drop_success_photos", "Loaded %d photo(s): %@" },
+        { "profile_default_title", "Default (Faithful)" },
+        { "slider_chroma_boost", "Specular Color Saturation" },
+        { "badge_finetuning", "Fine-Tuning" },
+        { "style_profile_title", "Style Preset" },
     };
     for (const auto &[key, english] : texts)
         QTest::newRow(key) << QString::fromUtf8(key) << QString::fromUtf8(english);

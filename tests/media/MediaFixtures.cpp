@@ -66,22 +66,26 @@ QByteArray minimalDng(int width, int height)
     QDataStream out(&bytes, QIODevice::WriteOnly);
     out.setByteOrder(QDataStream::LittleEndian);
     const quint32 pixelBytes = quint32(width * height * 3);
-    struct Entry { quint16 tag, type; quint32 count, value; };
+    struct Entry
+    {
+        quint16 tag, type;
+        quint32 count, value;
+    };
     const quint32 stripOffset = 8;
     const quint32 bitsOffset = stripOffset + pixelBytes;
     const quint32 ifdOffset = bitsOffset + 6;
     const QList<Entry> entries = {
-        {254, 4, 1, 0},                // NewSubfileType: the main image
-        {256, 4, 1, quint32(width)},   // ImageWidth
-        {257, 4, 1, quint32(height)},  // ImageLength
-        {258, 3, 3, bitsOffset},       // BitsPerSample 8,8,8
-        {259, 3, 1, 1},                // Compression: none
-        {262, 3, 1, 34892},            // Photometric: LinearRaw (demosaiced RGB)
-        {273, 4, 1, stripOffset},      // StripOffsets
-        {277, 3, 1, 3},                // SamplesPerPixel
-        {278, 4, 1, quint32(height)},  // RowsPerStrip
-        {279, 4, 1, pixelBytes},       // StripByteCounts
-        {50706, 1, 4, 0x00000401},     // DNGVersion 1.4.0.0
+        { 254, 4, 1, 0 }, // NewSubfileType: the main image
+        { 256, 4, 1, quint32(width) }, // ImageWidth
+        { 257, 4, 1, quint32(height) }, // ImageLength
+        { 258, 3, 3, bitsOffset }, // BitsPerSample 8,8,8
+        { 259, 3, 1, 1 }, // Compression: none
+        { 262, 3, 1, 34892 }, // Photometric: LinearRaw (demosaiced RGB)
+        { 273, 4, 1, stripOffset }, // StripOffsets
+        { 277, 3, 1, 3 }, // SamplesPerPixel
+        { 278, 4, 1, quint32(height) }, // RowsPerStrip
+        { 279, 4, 1, pixelBytes }, // StripByteCounts
+        { 50706, 1, 4, 0x00000401 }, // DNGVersion 1.4.0.0
     };
     out.writeRawData("II", 2);
     out << quint16(42) << ifdOffset;

@@ -62,8 +62,8 @@ void PhotoMetadataTest::shutterSpeedIsFractionBelowOneSecond_data()
     QTest::newRow("half") << std::optional<double>(0.5) << QStringLiteral("1/2s");
     QTest::newRow("1/250") << std::optional<double>(0.004) << QStringLiteral("1/250s");
     QTest::newRow("0.3 rounds to 1/3") << std::optional<double>(0.3) << QStringLiteral("1/3s");
-    QTest::newRow("0.4 rounds half up to 1/3") << std::optional<double>(0.4)
-                                               << QStringLiteral("1/3s");
+    QTest::newRow("0.4 rounds half up to 1/3")
+        << std::optional<double>(0.4) << QStringLiteral("1/3s");
     QTest::newRow("1/8000") << std::optional<double>(1.0 / 8000) << QStringLiteral("1/8000s");
 }
 
@@ -83,7 +83,7 @@ void PhotoMetadataTest::apertureFocalAndIsoUseTheirUnits_data()
     QTest::addColumn<QString>("focal");
     QTest::addColumn<QString>("iso");
     const QString dash = QStringLiteral("\u2014");
-    QTest::newRow("all absent") << ProPhotoMetadata{} << dash << dash << dash;
+    QTest::newRow("all absent") << ProPhotoMetadata {} << dash << dash << dash;
     ProPhotoMetadata m;
     m.aperture = 2.8;
     m.focalLength = 24.0;
@@ -146,18 +146,16 @@ void PhotoMetadataTest::resolutionAndFileSizeFormats_data()
     const QString dash = QStringLiteral("\u2014");
     QTest::newRow("absent") << std::optional<int>() << std::optional<int>()
                             << std::optional<qint64>() << dash << dash;
-    QTest::newRow("24 MP, 24 MiB") << std::optional<int>(6000) << std::optional<int>(4000)
-                                   << std::optional<qint64>(25165824)
-                                   << QStringLiteral("6000 \u00D7 4000 (24.0 MP)")
-                                   << QStringLiteral("24.00 MB");
+    QTest::newRow("24 MP, 24 MiB")
+        << std::optional<int>(6000) << std::optional<int>(4000) << std::optional<qint64>(25165824)
+        << QStringLiteral("6000 \u00D7 4000 (24.0 MP)") << QStringLiteral("24.00 MB");
     QTest::newRow("rounded megapixels and mebibytes")
         << std::optional<int>(4032) << std::optional<int>(3024) << std::optional<qint64>(1500000)
         << QStringLiteral("4032 \u00D7 3024 (12.2 MP)") << QStringLiteral("1.43 MB");
     QTest::newRow("one side missing") << std::optional<int>(6000) << std::optional<int>()
                                       << std::optional<qint64>(0) << dash << dash;
     QTest::newRow("zero height") << std::optional<int>(6000) << std::optional<int>(0)
-                                 << std::optional<qint64>(1) << dash
-                                 << QStringLiteral("0.00 MB");
+                                 << std::optional<qint64>(1) << dash << QStringLiteral("0.00 MB");
     QTest::newRow("product beyond 32 bits")
         << std::optional<int>(100000) << std::optional<int>(100000)
         << std::optional<qint64>(Q_INT64_C(10737418240))
@@ -190,31 +188,33 @@ void PhotoMetadataTest::numbersUseAPointWhateverTheLocale()
     m.pixelWidth = 6000;
     m.pixelHeight = 4000;
     m.fileSizeBytes = 1500000;
-    const QStringList shown = {m.apertureString(), m.shutterSpeedString(),
-                               m.exposureBiasString(), m.resolutionString(), m.fileSizeString()};
+    const QStringList shown = { m.apertureString(), m.shutterSpeedString(), m.exposureBiasString(),
+                                m.resolutionString(), m.fileSizeString() };
     QLocale::setDefault(previous);
     QCOMPARE(shown,
-             (QStringList{QStringLiteral("\u0192/2.8"), QStringLiteral("2.5s"),
-                          QStringLiteral("-0.3 EV"), QStringLiteral("6000 \u00D7 4000 (24.0 MP)"),
-                          QStringLiteral("1.43 MB")}));
+             (QStringList { QStringLiteral("\u0192/2.8"), QStringLiteral("2.5s"),
+                            QStringLiteral("-0.3 EV"), QStringLiteral("6000 \u00D7 4000 (24.0 MP)"),
+                            QStringLiteral("1.43 MB") }));
 }
 
 void PhotoMetadataTest::jpegExifIsReadTrimmedAndTyped()
 {
     const QString file = path(QStringLiteral("camera.jpg"));
     QVERIFY(writeJpeg(file, twoToneImage(300, 200, Qt::red, Qt::blue)));
-    QVERIFY(writeExif(file, {
-        {"Exif.Image.Make", "Ascii", QStringLiteral(" SONY \n")},
-        {"Exif.Image.Model", "Ascii", QStringLiteral("ILCE-7RM5  ")},
-        {"Exif.Photo.LensModel", "Ascii", QStringLiteral("\tFE 24-70mm F2.8 GM II")},
-        {"Exif.Photo.FNumber", "Rational", QStringLiteral("14/5")},
-        {"Exif.Photo.ExposureTime", "Rational", QStringLiteral("1/250")},
-        {"Exif.Photo.FocalLength", "Rational", QStringLiteral("24/1")},
-        {"Exif.Photo.FocalLengthIn35mmFilm", "Short", QStringLiteral("36")},
-        {"Exif.Photo.ExposureBiasValue", "SRational", QStringLiteral("-7/10")},
-        {"Exif.Photo.ISOSpeedRatings", "Short", QStringLiteral("800")},
-        {"Exif.Photo.DateTimeOriginal", "Ascii", QStringLiteral("2024:05:01 18:42:07")},
-    }));
+    QVERIFY(writeExif(
+        file,
+        {
+            { "Exif.Image.Make", "Ascii", QStringLiteral(" SONY \n") },
+            { "Exif.Image.Model", "Ascii", QStringLiteral("ILCE-7RM5  ") },
+            { "Exif.Photo.LensModel", "Ascii", QStringLiteral("\tFE 24-70mm F2.8 GM II") },
+            { "Exif.Photo.FNumber", "Rational", QStringLiteral("14/5") },
+            { "Exif.Photo.ExposureTime", "Rational", QStringLiteral("1/250") },
+            { "Exif.Photo.FocalLength", "Rational", QStringLiteral("24/1") },
+            { "Exif.Photo.FocalLengthIn35mmFilm", "Short", QStringLiteral("36") },
+            { "Exif.Photo.ExposureBiasValue", "SRational", QStringLiteral("-7/10") },
+            { "Exif.Photo.ISOSpeedRatings", "Short", QStringLiteral("800") },
+            { "Exif.Photo.DateTimeOriginal", "Ascii", QStringLiteral("2024:05:01 18:42:07") },
+        }));
     const ProPhotoMetadata m = MetadataService::shared().extractMetadata(file);
     QCOMPARE(m.cameraMake, QStringLiteral("SONY"));
     QCOMPARE(m.cameraModel, QStringLiteral("ILCE-7RM5"));
@@ -243,12 +243,12 @@ void PhotoMetadataTest::isoIsTheFirstOfAListOrTheScalar_data()
     QTest::addColumn<std::optional<int>>("expected");
     QTest::newRow("scalar short") << QStringLiteral("Short") << QStringLiteral("400")
                                   << std::optional<int>(400);
-    QTest::newRow("list of shorts") << QStringLiteral("Short") << QStringLiteral("200 400")
-                                    << std::optional<int>(200);
+    QTest::newRow("list of shorts")
+        << QStringLiteral("Short") << QStringLiteral("200 400") << std::optional<int>(200);
     QTest::newRow("long") << QStringLiteral("Long") << QStringLiteral("102400")
                           << std::optional<int>(102400);
-    QTest::newRow("text is skipped") << QStringLiteral("Ascii") << QStringLiteral("ISO 100")
-                                     << std::optional<int>();
+    QTest::newRow("text is skipped")
+        << QStringLiteral("Ascii") << QStringLiteral("ISO 100") << std::optional<int>();
 }
 
 void PhotoMetadataTest::isoIsTheFirstOfAListOrTheScalar()
@@ -259,7 +259,7 @@ void PhotoMetadataTest::isoIsTheFirstOfAListOrTheScalar()
     const QString file = path(QStringLiteral("iso.jpg"));
     QVERIFY(writeJpeg(file, twoToneImage(64, 48, Qt::gray, Qt::white)));
     const QByteArray typeName = type.toLatin1();
-    QVERIFY(writeExif(file, {{"Exif.Photo.ISOSpeedRatings", typeName.constData(), value}}));
+    QVERIFY(writeExif(file, { { "Exif.Photo.ISOSpeedRatings", typeName.constData(), value } }));
     QCOMPARE(MetadataService::shared().extractMetadata(file).iso, expected);
 }
 
@@ -273,9 +273,9 @@ void PhotoMetadataTest::originalDateWinsOverTiffDate_data()
                           << std::optional<QString>(QStringLiteral("2024:05:01 18:42:07"));
     QTest::newRow("tiff only") << QStringLiteral("2024:06:02 09:00:00") << QString()
                                << std::optional<QString>(QStringLiteral("2024:06:02 09:00:00"));
-    QTest::newRow("kept as stored, unparsed") << QString() << QStringLiteral("sometime in May")
-                                              << std::optional<QString>(
-                                                     QStringLiteral("sometime in May"));
+    QTest::newRow("kept as stored, unparsed")
+        << QString() << QStringLiteral("sometime in May")
+        << std::optional<QString>(QStringLiteral("sometime in May"));
     QTest::newRow("neither") << QString() << QString() << std::optional<QString>();
 }
 
@@ -288,9 +288,9 @@ void PhotoMetadataTest::originalDateWinsOverTiffDate()
     QVERIFY(writeJpeg(file, twoToneImage(64, 48, Qt::gray, Qt::white)));
     QList<ExifTag> tags;
     if (!tiffDate.isEmpty())
-        tags.append({"Exif.Image.DateTime", "Ascii", tiffDate});
+        tags.append({ "Exif.Image.DateTime", "Ascii", tiffDate });
     if (!originalDate.isEmpty())
-        tags.append({"Exif.Photo.DateTimeOriginal", "Ascii", originalDate});
+        tags.append({ "Exif.Photo.DateTimeOriginal", "Ascii", originalDate });
     if (!tags.isEmpty())
         QVERIFY(writeExif(file, tags));
     QCOMPARE(MetadataService::shared().extractMetadata(file).dateTimeOriginal, expected);
@@ -300,12 +300,13 @@ void PhotoMetadataTest::valuesOfTheWrongTypeStayAbsent()
 {
     const QString file = path(QStringLiteral("wrongtypes.jpg"));
     QVERIFY(writeJpeg(file, twoToneImage(64, 48, Qt::gray, Qt::white)));
-    QVERIFY(writeExif(file, {
-        {"Exif.Image.Make", "Short", QStringLiteral("7")},
-        {"Exif.Photo.FNumber", "Ascii", QStringLiteral("f/2.8")},
-        {"Exif.Photo.ExposureTime", "Rational", QStringLiteral("1/0")},
-        {"Exif.Photo.FocalLength", "Rational", QStringLiteral("35/1")},
-    }));
+    QVERIFY(writeExif(file,
+                      {
+                          { "Exif.Image.Make", "Short", QStringLiteral("7") },
+                          { "Exif.Photo.FNumber", "Ascii", QStringLiteral("f/2.8") },
+                          { "Exif.Photo.ExposureTime", "Rational", QStringLiteral("1/0") },
+                          { "Exif.Photo.FocalLength", "Rational", QStringLiteral("35/1") },
+                      }));
     const ProPhotoMetadata m = MetadataService::shared().extractMetadata(file);
     QVERIFY(!m.cameraMake);
     QVERIFY(!m.aperture);
@@ -318,7 +319,7 @@ void PhotoMetadataTest::blankMakeStaysAnEmptyString()
 {
     const QString file = path(QStringLiteral("blank.jpg"));
     QVERIFY(writeJpeg(file, twoToneImage(64, 48, Qt::gray, Qt::white)));
-    QVERIFY(writeExif(file, {{"Exif.Image.Make", "Ascii", QStringLiteral("   \n ")}}));
+    QVERIFY(writeExif(file, { { "Exif.Image.Make", "Ascii", QStringLiteral("   \n ") } }));
     const ProPhotoMetadata m = MetadataService::shared().extractMetadata(file);
     QVERIFY(m.cameraMake.has_value());
     QCOMPARE(*m.cameraMake, QString());
@@ -341,12 +342,14 @@ void PhotoMetadataTest::pngGivesSizeAndDimensionsOnly()
 void PhotoMetadataTest::dngIsReadLikeAnyOtherContainer()
 {
     const QString file = path(QStringLiteral("DSC0001.dng"));
-    QVERIFY(writeDng(file, 16, 12, {
-        {"Exif.Image.Make", "Ascii", QStringLiteral("Leica Camera AG")},
-        {"Exif.Image.Model", "Ascii", QStringLiteral("Q3")},
-        {"Exif.Photo.ISOSpeedRatings", "Short", QStringLiteral("3200")},
-        {"Exif.Photo.ExposureTime", "Rational", QStringLiteral("2/1")},
-    }, twoToneImage(320, 240, Qt::red, Qt::blue)));
+    QVERIFY(writeDng(file, 16, 12,
+                     {
+                         { "Exif.Image.Make", "Ascii", QStringLiteral("Leica Camera AG") },
+                         { "Exif.Image.Model", "Ascii", QStringLiteral("Q3") },
+                         { "Exif.Photo.ISOSpeedRatings", "Short", QStringLiteral("3200") },
+                         { "Exif.Photo.ExposureTime", "Rational", QStringLiteral("2/1") },
+                     },
+                     twoToneImage(320, 240, Qt::red, Qt::blue)));
     const ProPhotoMetadata m = MetadataService::shared().extractMetadata(file);
     QCOMPARE(m.cameraMake, QStringLiteral("Leica Camera AG"));
     QCOMPARE(m.cameraModel, QStringLiteral("Q3"));
@@ -364,8 +367,7 @@ void PhotoMetadataTest::unreadableFilesGiveOnlyWhatTheFileSystemKnows_data()
                                << true;
     QTest::newRow("empty file") << QStringLiteral("empty.jpg") << QByteArray() << true;
     QTest::newRow("truncated jpeg") << QStringLiteral("cut.jpg")
-                                    << QByteArray("\xFF\xD8\xFF\xE1\x40\x00Exif\0\0MM", 14)
-                                    << true;
+                                    << QByteArray("\xFF\xD8\xFF\xE1\x40\x00Exif\0\0MM", 14) << true;
     QTest::newRow("missing file") << QStringLiteral("gone.jpg") << QByteArray() << false;
 }
 
@@ -382,14 +384,14 @@ void PhotoMetadataTest::unreadableFilesGiveOnlyWhatTheFileSystemKnows()
     if (create)
         expected.fileSizeBytes = bytes.size();
     QCOMPARE(m, expected);
-    QCOMPARE(m.fileSizeString(), bytes.isEmpty() ? QStringLiteral("\u2014")
-                                                 : QString::asprintf("%.2f MB", bytes.size()
-                                                                         / 1048576.0));
+    QCOMPARE(m.fileSizeString(),
+             bytes.isEmpty() ? QStringLiteral("\u2014")
+                             : QString::asprintf("%.2f MB", bytes.size() / 1048576.0));
 }
 
 void PhotoMetadataTest::absentPathGivesTheEmptyRecord()
 {
-    QCOMPARE(MetadataService::shared().extractMetadata(QString()), ProPhotoMetadata{});
+    QCOMPARE(MetadataService::shared().extractMetadata(QString()), ProPhotoMetadata {});
 }
 
 ORVANTA_TEST_GUI_MAIN(PhotoMetadataTest)

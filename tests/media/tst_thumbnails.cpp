@@ -164,8 +164,8 @@ void ThumbnailsTest::jpegIsFittedAndTurnedUpright()
     const QString file = path(QStringLiteral("oriented.jpg"));
     QVERIFY(writeJpeg(file, twoToneImage(1500, 1000, Qt::red, Qt::blue)));
     if (orientation > 0)
-        QVERIFY(writeExif(file, {{"Exif.Image.Orientation", "Short",
-                                  QString::number(orientation)}}));
+        QVERIFY(writeExif(file,
+                          { { "Exif.Image.Orientation", "Short", QString::number(orientation) } }));
     const ThumbnailResult result = decodeThumbnail(file, 160);
     QVERIFY(result.isSuccess());
     const QImage &image = result.image();
@@ -207,7 +207,7 @@ void ThumbnailsTest::dngUsesItsEmbeddedPreview()
     // The sensor strip is a flat reddish grey; only the preview is two-toned,
     // and the file's orientation (90° clockwise) applies to the preview.
     const QString file = path(QStringLiteral("DSC0002.DNG"));
-    QVERIFY(writeDng(file, 16, 12, {{"Exif.Image.Orientation", "Short", QStringLiteral("6")}},
+    QVERIFY(writeDng(file, 16, 12, { { "Exif.Image.Orientation", "Short", QStringLiteral("6") } },
                      twoToneImage(320, 240, Qt::red, Qt::blue)));
     QVERIFY(isRawFileName(file));
     const ThumbnailResult result = decodeThumbnail(file, 76);
@@ -223,7 +223,7 @@ void ThumbnailsTest::libRawReadsTheSamePreview()
     // read the file, so LibRaw's answer must match in size and orientation.
     const QString file = path(QStringLiteral("DSC0003.dng"));
     // LibRaw ignores raw images under 22 pixels a side.
-    QVERIFY(writeDng(file, 64, 48, {{"Exif.Image.Orientation", "Short", QStringLiteral("8")}},
+    QVERIFY(writeDng(file, 64, 48, { { "Exif.Image.Orientation", "Short", QStringLiteral("8") } },
                      twoToneImage(320, 240, Qt::red, Qt::blue)));
     const QImage image = decodeRawThumbnail(file, 76);
     QVERIFY(!image.isNull());
@@ -242,8 +242,8 @@ void ThumbnailsTest::filesThatAreNotImagesAreDecodeErrors_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("text") << QStringLiteral("notes.txt") << QByteArray("hello\n");
     QTest::newRow("empty") << QStringLiteral("empty.jpg") << QByteArray();
-    QTest::newRow("jpeg header only") << QStringLiteral("cut.jpg")
-                                      << QByteArray("\xFF\xD8\xFF\xE0\x00\x10JFIF\0", 11);
+    QTest::newRow("jpeg header only")
+        << QStringLiteral("cut.jpg") << QByteArray("\xFF\xD8\xFF\xE0\x00\x10JFIF\0", 11);
     QTest::newRow("RAW name, no container") << QStringLiteral("fake.nef") << QByteArray("NEF?");
     QTest::newRow("DNG without a preview") << QStringLiteral("bare.dng") << QByteArray();
 }
@@ -281,8 +281,9 @@ void ThumbnailsTest::damagedJpegsGiveADefinedOutcome()
     QFETCH(bool, decodes);
     const QString source = path(QStringLiteral("intact.jpg"));
     QVERIFY(writeJpeg(source, twoToneImage(640, 480, Qt::red, Qt::blue)));
-    QVERIFY(writeExif(source, {{"Exif.Image.Make", "Ascii", QStringLiteral("Nikon")},
-                               {"Exif.Image.Orientation", "Short", QStringLiteral("6")}}));
+    QVERIFY(writeExif(source,
+                      { { "Exif.Image.Make", "Ascii", QStringLiteral("Nikon") },
+                        { "Exif.Image.Orientation", "Short", QStringLiteral("6") } }));
     QFile in(source);
     QVERIFY(in.open(QIODevice::ReadOnly));
     QByteArray bytes = in.readAll();
@@ -324,8 +325,8 @@ void ThumbnailsTest::orientationIsReadOnlyFromWellFormedExif_data()
     // IFD0 with one entry: tag 0x0112, type SHORT, count 1, value.
     const QByteArray bigEndian("Exif\0\0MM\0\x2A\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0\x06\0\0",
                                28);
-    const QByteArray littleEndian("Exif\0\0II\x2A\0\x08\0\0\0\x01\0\x12\x01\x03\0\x01\0\0\0\x08\0\0\0",
-                                  28);
+    const QByteArray littleEndian(
+        "Exif\0\0II\x2A\0\x08\0\0\0\x01\0\x12\x01\x03\0\x01\0\0\0\x08\0\0\0", 28);
     QTest::newRow("big-endian 6") << bigEndian << 6;
     QTest::newRow("little-endian 8") << littleEndian << 8;
     QTest::newRow("cut inside the entry") << bigEndian.left(20) << 1;
@@ -342,9 +343,9 @@ void ThumbnailsTest::orientationIsReadOnlyFromWellFormedExif()
 {
     QFETCH(QByteArray, block);
     QFETCH(int, orientation);
-    QCOMPARE(orientationFromExifBlock(reinterpret_cast<const uchar *>(block.constData()),
-                                      block.size()),
-             orientation);
+    QCOMPARE(
+        orientationFromExifBlock(reinterpret_cast<const uchar *>(block.constData()), block.size()),
+        orientation);
 }
 
 void ThumbnailsTest::cacheHoldsAtMost150Entries()
@@ -382,7 +383,7 @@ void ThumbnailsTest::cacheEvictsTheLeastRecentlyUsed()
 {
     ThumbnailCache cache(3, 1000000);
     const QImage tiny(2, 2, QImage::Format_RGB32);
-    for (const char *key : {"a", "b", "c"})
+    for (const char *key : { "a", "b", "c" })
         cache.insert(QString::fromLatin1(key), tiny);
     QVERIFY(cache.find(QStringLiteral("a"))); // a is now the most recent
     cache.insert(QStringLiteral("d"), tiny);
@@ -417,8 +418,8 @@ void ThumbnailsTest::noUsableFileIsMissingAtOnce_data()
     QTest::addColumn<QString>("fallback");
     QTest::newRow("both null") << QString() << QString();
     QTest::newRow("both empty") << QStringLiteral("") << QStringLiteral("");
-    QTest::newRow("neither exists") << QStringLiteral("/nonexistent/a.jpg")
-                                    << QStringLiteral("/nonexistent/b.jpg");
+    QTest::newRow("neither exists")
+        << QStringLiteral("/nonexistent/a.jpg") << QStringLiteral("/nonexistent/b.jpg");
     QTest::newRow("a folder is no file") << QDir::tempPath() << QString();
 }
 
@@ -501,7 +502,7 @@ void ThumbnailsTest::textFileDeliversDecodeErrorOnTheMainThread()
 void ThumbnailsTest::newestRequestGoesFirstAndCancelledOnesAreNeverDecoded()
 {
     QStringList names;
-    for (const char *name : {"a.jpg", "b.jpg", "c.jpg", "d.jpg", "e.jpg"}) {
+    for (const char *name : { "a.jpg", "b.jpg", "c.jpg", "d.jpg", "e.jpg" }) {
         names.append(path(QString::fromLatin1(name)));
         QVERIFY(writeFile(names.last(), QByteArray("x")));
     }
@@ -514,15 +515,16 @@ void ThumbnailsTest::newestRequestGoesFirstAndCancelledOnesAreNeverDecoded()
     for (int i = 1; i < names.size(); ++i)
         tickets.append(manager.loadThumbnail(names[i], {}, 76, nullptr, received[i].completion()));
     QCOMPARE(manager.pendingCount(), 4);
-    QVERIFY(manager.cancel(tickets[2]));  // "c" scrolled away before decoding
+    QVERIFY(manager.cancel(tickets[2])); // "c" scrolled away before decoding
     QVERIFY(!manager.cancel(tickets[2])); // only once
     QVERIFY(!manager.cancel(tickets[0])); // "a" is already being decoded...
     gated.gate.release(100);
     QTRY_COMPARE(received[1].calls, 1);
     QTRY_COMPARE(received[3].calls, 1);
     QTRY_COMPARE(received[4].calls, 1);
-    QCOMPARE(gated.decoded(), (QStringList{QStringLiteral("a.jpg"), QStringLiteral("e.jpg"),
-                                           QStringLiteral("d.jpg"), QStringLiteral("b.jpg")}));
+    QCOMPARE(gated.decoded(),
+             (QStringList { QStringLiteral("a.jpg"), QStringLiteral("e.jpg"),
+                            QStringLiteral("d.jpg"), QStringLiteral("b.jpg") }));
     QCOMPARE(received[2].calls, 0);
     QCOMPARE(received[0].calls, 0); // ...and its completion was dropped
     QVERIFY(manager.cache().contains(ThumbnailManager::cacheKey(names[0], 76)));
@@ -562,7 +564,7 @@ void ThumbnailsTest::duplicateRequestsDecodeOnce()
     GatedDecoder gated;
     ThumbnailManager manager([&gated](const QString &p, int size) {
         return p.endsWith(QLatin1String("blocker.jpg")) ? gated.decoder()(p, size)
-                                                          : decodeThumbnail(p, size);
+                                                        : decodeThumbnail(p, size);
     });
     Received a, b, c;
     manager.loadThumbnail(blocker, {}, 76, nullptr, a.completion());

@@ -5,7 +5,6 @@
 //
 //   orvanta_engine_screenshot --state running|done|history|compare --out FILE.png
 #include "SamplePairs.h"
-
 #include "app/AppMenus.h"
 #include "app/ComparePanels.h"
 #include "common/ScreenshotSupport.h"
@@ -72,9 +71,10 @@ HistoryView *addHistoryTab(AppViewModel &model, MainWindow &window)
     auto *history = new HistoryView(model);
     auto &compare = HDRCompareWindowManager::shared();
     compare.setPanelProvider(std::make_unique<HistoryComparePanels>());
-    history->setCompareOpener([&model, &compare](const PhotoRecord &record, const QList<PhotoRecord> &list) {
-        compare.open(model, record, list);
-    });
+    history->setCompareOpener(
+        [&model, &compare](const PhotoRecord &record, const QList<PhotoRecord> &list) {
+            compare.open(model, record, list);
+        });
     window.setHistoryView(history);
     return history;
 }
@@ -113,9 +113,12 @@ bool shootHistory(AppViewModel &model, MainWindow &window, HistoryView &history,
     history.openInspector(table->record(row));
     waitFor([&] { return !history.inspector()->histogram()->isCalculating(); }, 20000);
     settle();
-    waitFor([&] {
-        return history.mediaStore()->pendingThumbnails() == 0 && history.mediaStore()->pendingMetadata() == 0;
-    }, 20000);
+    waitFor(
+        [&] {
+            return history.mediaStore()->pendingThumbnails() == 0
+                && history.mediaStore()->pendingMetadata() == 0;
+        },
+        20000);
     settle();
     return window.grab().save(out);
 }

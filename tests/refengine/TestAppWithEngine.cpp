@@ -2,7 +2,6 @@
 // over generated pairs, the status line and console it ends with, the history
 // it then shows, an up-to-date second run, and a stop in the middle.
 #include "SamplePairs.h"
-
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
 #include "engine/EngineDoctor.h"
@@ -33,10 +32,7 @@ private:
     }
 
 private slots:
-    void initTestCase()
-    {
-        qputenv("ORVANTA_BIN", ORVANTA_ENGINE_PATH);
-    }
+    void initTestCase() { qputenv("ORVANTA_BIN", ORVANTA_ENGINE_PATH); }
 
     // A stand-in named like our engine whose doctor prints `report`.
     QString fakeEngine(const QString &folder, const QByteArray &report)
@@ -54,7 +50,8 @@ private slots:
 
     void environmentCheckTrustsTheEnginesDoctor()
     {
-        qputenv("ORVANTA_BIN", fakeEngine(u"doctor-missing"_s, R"({"missing":["libraw","opencv"]})").toUtf8());
+        qputenv("ORVANTA_BIN",
+                fakeEngine(u"doctor-missing"_s, R"({"missing":["libraw","opencv"]})").toUtf8());
         AppViewModel model;
         QTRY_COMPARE_WITH_TIMEOUT(model.missingDependencyMessage(), u"libraw, opencv"_s, 10000);
         QVERIFY(!model.isEnvironmentHealthy());
@@ -81,7 +78,8 @@ private slots:
     void doctorReportParsing()
     {
         QCOMPARE(parseDoctorReport(R"({"missing":[]})"), std::optional<QStringList>(QStringList()));
-        QCOMPARE(parseDoctorReport(R"({"missing":["a","b"]})"), std::optional<QStringList>({ u"a"_s, u"b"_s }));
+        QCOMPARE(parseDoctorReport(R"({"missing":["a","b"]})"),
+                 std::optional<QStringList>({ u"a"_s, u"b"_s }));
         QCOMPARE(parseDoctorReport(R"({"missing":"a"})"), std::nullopt);
         QCOMPARE(parseDoctorReport(R"({"missing":[1]})"), std::nullopt);
         QCOMPARE(parseDoctorReport("not json"), std::nullopt);
@@ -126,7 +124,8 @@ private slots:
         small.width = 480;
         small.height = 320;
         for (int i = 0; i < kStopPairs; ++i)
-            QVERIFY(writePair(m_dir.filePath(u"stop"_s), u"BIG%1"_s.arg(i, 2, 10, QLatin1Char('0')), small));
+            QVERIFY(writePair(m_dir.filePath(u"stop"_s), u"BIG%1"_s.arg(i, 2, 10, QLatin1Char('0')),
+                              small));
         AppViewModel model;
         prepare(model, u"stop"_s);
         model.setSelectedWorkers(1);

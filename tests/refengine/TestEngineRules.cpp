@@ -5,7 +5,6 @@
 #include "OutputNaming.h"
 #include "RawDevelop.h"
 #include "SystemLoad.h"
-
 #include "common/TestEnvironment.h"
 
 #include <QtTest>
@@ -20,13 +19,38 @@ class TestEngineRules : public QObject
 private slots:
     void commandLineTakesEveryFlagTheApplicationSends()
     {
-        const ParsedCommandLine p = parseCommandLine(
-            { u"run"_s, u"-s"_s, u"/in"_s, u"-d"_s, u"/out"_s, u"--profile-id"_s, u"custom"_s,
-              u"--json-stream"_s, u"--mid-target"_s, u"0.70"_s, u"--power-mid"_s, u"0.30"_s,
-              u"--power-hi"_s, u"2.00"_s, u"--chroma-boost"_s, u"0.10"_s, u"--skin-damp"_s, u"0.90"_s,
-              u"--stem"_s, u"A, B"_s, u"-f"_s, u"-n"_s, u"--backlit-fill"_s, u"--min-rating"_s, u"3"_s,
-              u"--naming-template"_s, u"{date}_x"_s, u"--subfolder-rule"_s, u"by_date"_s, u"-w"_s, u"2"_s,
-              u"--no-throttle"_s });
+        const ParsedCommandLine p = parseCommandLine({ u"run"_s,
+                                                       u"-s"_s,
+                                                       u"/in"_s,
+                                                       u"-d"_s,
+                                                       u"/out"_s,
+                                                       u"--profile-id"_s,
+                                                       u"custom"_s,
+                                                       u"--json-stream"_s,
+                                                       u"--mid-target"_s,
+                                                       u"0.70"_s,
+                                                       u"--power-mid"_s,
+                                                       u"0.30"_s,
+                                                       u"--power-hi"_s,
+                                                       u"2.00"_s,
+                                                       u"--chroma-boost"_s,
+                                                       u"0.10"_s,
+                                                       u"--skin-damp"_s,
+                                                       u"0.90"_s,
+                                                       u"--stem"_s,
+                                                       u"A, B"_s,
+                                                       u"-f"_s,
+                                                       u"-n"_s,
+                                                       u"--backlit-fill"_s,
+                                                       u"--min-rating"_s,
+                                                       u"3"_s,
+                                                       u"--naming-template"_s,
+                                                       u"{date}_x"_s,
+                                                       u"--subfolder-rule"_s,
+                                                       u"by_date"_s,
+                                                       u"-w"_s,
+                                                       u"2"_s,
+                                                       u"--no-throttle"_s });
         QCOMPARE(p.command, Command::Run);
         const RunOptions &o = p.options;
         QCOMPARE(o.sourceDir, u"/in"_s);
@@ -47,8 +71,9 @@ private slots:
 
     void tuningFlagsApplyOnlyToTheCustomProfile()
     {
-        ParsedCommandLine p = parseCommandLine({ u"run"_s, u"-s"_s, u"a"_s, u"-d"_s, u"b"_s, u"--profile-id"_s,
-                                                 u"portrait_soft"_s, u"--skin-damp"_s, u"0.0"_s });
+        ParsedCommandLine p
+            = parseCommandLine({ u"run"_s, u"-s"_s, u"a"_s, u"-d"_s, u"b"_s, u"--profile-id"_s,
+                                 u"portrait_soft"_s, u"--skin-damp"_s, u"0.0"_s });
         QCOMPARE(tuningFor(p.options).skinDamp, 0.70);
         bool known = true;
         p.options.profileId = u"nonsense"_s;
@@ -67,8 +92,8 @@ private slots:
     void badValuesAreRefused()
     {
         QFETCH(QStringList, args);
-        const ParsedCommandLine p =
-            parseCommandLine(QStringList { u"run"_s, u"-s"_s, u"a"_s, u"-d"_s, u"b"_s } + args);
+        const ParsedCommandLine p
+            = parseCommandLine(QStringList { u"run"_s, u"-s"_s, u"a"_s, u"-d"_s, u"b"_s } + args);
         QCOMPARE(p.command, Command::Invalid);
         QVERIFY(!p.error.isEmpty());
     }
@@ -135,7 +160,8 @@ private slots:
         QTest::newRow("default") << u"{original}_hdr"_s << u"DSC1_hdr.jpg"_s;
         QTest::newRow("blank falls back") << u"  "_s << u"DSC1_hdr.jpg"_s;
         QTest::newRow("jpeg kept") << u"{stem}.jpeg"_s << u"DSC1.jpeg"_s;
-        QTest::newRow("upper case gets .jpg") << u"{date}_{camera}.JPG"_s << u"2026-09-02_ILCE-7CM2.JPG.jpg"_s;
+        QTest::newRow("upper case gets .jpg")
+            << u"{date}_{camera}.JPG"_s << u"2026-09-02_ILCE-7CM2.JPG.jpg"_s;
         QTest::newRow("rating and profile") << u"{profile}-{rating}"_s << u"default-5star.jpg"_s;
         QTest::newRow("slashes cannot escape") << u"../{original}"_s << u".._DSC1.jpg"_s;
     }

@@ -2,7 +2,6 @@
 // progress records, its state database and the Ultra HDR files it delivers.
 #include "EngineProcess.h"
 #include "SamplePairs.h"
-
 #include "common/TestEnvironment.h"
 #include "hdr/UltraHdrDecoder.h"
 #include "media/ExifOrientation.h"
@@ -17,9 +16,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <sqlite3.h>
-
 #include <csignal>
+#include <sqlite3.h>
 
 using namespace orvanta;
 using namespace orvanta::samples;
@@ -40,7 +38,8 @@ QList<Row> readRows()
 {
     QList<Row> rows;
     sqlite3 *db = nullptr;
-    if (sqlite3_open_v2(dbPath().toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK) {
+    if (sqlite3_open_v2(dbPath().toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr)
+        != SQLITE_OK) {
         sqlite3_close(db);
         return rows;
     }
@@ -51,11 +50,19 @@ QList<Row> readRows()
         for (int c = 0; c < sqlite3_column_count(st); ++c) {
             const QString name = QString::fromUtf8(sqlite3_column_name(st, c));
             switch (sqlite3_column_type(st, c)) {
-            case SQLITE_NULL: row.insert(name, QVariant()); break;
-            case SQLITE_INTEGER: row.insert(name, sqlite3_column_int64(st, c)); break;
-            case SQLITE_FLOAT: row.insert(name, sqlite3_column_double(st, c)); break;
+            case SQLITE_NULL:
+                row.insert(name, QVariant());
+                break;
+            case SQLITE_INTEGER:
+                row.insert(name, sqlite3_column_int64(st, c));
+                break;
+            case SQLITE_FLOAT:
+                row.insert(name, sqlite3_column_double(st, c));
+                break;
             default:
-                row.insert(name, QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(st, c))));
+                row.insert(
+                    name,
+                    QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(st, c))));
             }
         }
         rows << row;
@@ -121,14 +128,16 @@ private:
 
     QStringList runArgs(const QStringList &extra = {}) const
     {
-        return QStringList { u"run"_s, u"-s"_s, m_source, u"-d"_s, m_dest, u"--profile-id"_s,
-                             u"default"_s, u"--json-stream"_s } + extra;
+        return QStringList { u"run"_s, u"-s"_s,           m_source,     u"-d"_s,
+                             m_dest,   u"--profile-id"_s, u"default"_s, u"--json-stream"_s }
+        + extra;
     }
 
 private slots:
     void init()
     {
-        m_source = m_dir.filePath(u"src-"_s + QString::number(QRandomGenerator::global()->generate()));
+        m_source
+            = m_dir.filePath(u"src-"_s + QString::number(QRandomGenerator::global()->generate()));
         m_dest = m_source + u"-out"_s;
         QDir().mkpath(m_source);
         QFile::remove(dbPath());
@@ -206,7 +215,8 @@ private slots:
             const Row row = rowFor(item.value(u"stem"_s).toString());
             QCOMPARE(row.value(u"status"_s).toString(), u"SUCCESS"_s);
             QCOMPARE(row.value(u"peak_stops"_s).toDouble(), item.value(u"peak_stops"_s).toDouble());
-            QCOMPARE(row.value(u"raw_clip_pct"_s).toDouble(), item.value(u"bayer_clip"_s).toDouble());
+            QCOMPARE(row.value(u"raw_clip_pct"_s).toDouble(),
+                     item.value(u"bayer_clip"_s).toDouble());
             QCOMPARE(row.value(u"num_faces"_s).toInt(), item.value(u"faces"_s).toInt());
             QVERIFY(item.value(u"peak_stops"_s).toDouble() > 1.0);
             // The blown square is clipped on the sensor too: about 1/64 of the frame.
@@ -229,13 +239,17 @@ private slots:
         QCOMPARE(sqlite3_step(st), SQLITE_ROW);
         QCOMPARE(QByteArray(reinterpret_cast<const char *>(sqlite3_column_text(st, 0))), "wal");
         sqlite3_finalize(st);
-        sqlite3_prepare_v2(db, "SELECT group_concat(name) FROM sqlite_master WHERE type='index' "
-                               "AND tbl_name='processed_files' AND name LIKE 'idx_%'", -1, &st, nullptr);
+        sqlite3_prepare_v2(db,
+                           "SELECT group_concat(name) FROM sqlite_master WHERE type='index' "
+                           "AND tbl_name='processed_files' AND name LIKE 'idx_%'",
+                           -1, &st, nullptr);
         QCOMPARE(sqlite3_step(st), SQLITE_ROW);
-        const QString indexes = QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(st, 0)));
+        const QString indexes
+            = QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(st, 0)));
         sqlite3_finalize(st);
         sqlite3_close(db);
-        for (const char *column : { "processed_at", "stem", "peak_stops", "num_faces", "duration", "rating", "status" })
+        for (const char *column :
+             { "processed_at", "stem", "peak_stops", "num_faces", "duration", "rating", "status" })
             QVERIFY2(indexes.contains(QString::fromLatin1(column)), qPrintable(indexes));
     }
 
@@ -317,8 +331,10 @@ private slots:
         QVERIFY(writePair(m_source, u"unrated"_s));
         QFile xmp(m_source + u"/sidecar5.xmp"_s);
         QVERIFY(xmp.open(QIODevice::WriteOnly));
-        xmp.write("<x:xmpmeta xmlns:x='adobe:ns:meta/'><rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
-                  "<rdf:Description xmlns:xmp='http://ns.adobe.com/xap/1.0/' xmp:Rating=\"5\"/></rdf:RDF></x:xmpmeta>");
+        xmp.write("<x:xmpmeta xmlns:x='adobe:ns:meta/'><rdf:RDF "
+                  "xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
+                  "<rdf:Description xmlns:xmp='http://ns.adobe.com/xap/1.0/' "
+                  "xmp:Rating=\"5\"/></rdf:RDF></x:xmpmeta>");
         xmp.close();
         EngineProcess engine(runArgs({ u"--min-rating"_s, u"3"_s, u"-n"_s }));
         QCOMPARE(engine.run(), 0);
@@ -346,13 +362,15 @@ private slots:
         QTest::addColumn<QString>("naming");
         QTest::addColumn<QString>("rule");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("default") << u"default"_s << u"{original}_hdr"_s << u"none"_s << u"P1_hdr.jpg"_s;
+        QTest::newRow("default") << u"default"_s << u"{original}_hdr"_s << u"none"_s
+                                 << u"P1_hdr.jpg"_s;
         QTest::newRow("by date") << u"default"_s << u"{date}_{camera}"_s << u"by_date"_s
                                  << u"2024-05-06/2024-05-06_Synthetic.jpg"_s;
         QTest::newRow("by rating") << u"default"_s << u"{stem}-{rating}.jpeg"_s << u"by_rating"_s
                                    << u"3_Stars/P1-3star.jpeg"_s;
-        QTest::newRow("by profile") << u"cinematic_film"_s << u"{profile}_{original}.JPG"_s << u"by_profile"_s
-                                    << u"cinematic_film/cinematic_film_P1.JPG.jpg"_s;
+        QTest::newRow("by profile")
+            << u"cinematic_film"_s << u"{profile}_{original}.JPG"_s << u"by_profile"_s
+            << u"cinematic_film/cinematic_film_P1.JPG.jpg"_s;
     }
     void namingTemplateAndSubfolderPlaceTheFile()
     {
@@ -363,8 +381,9 @@ private slots:
         SampleScene scene;
         scene.exifRating = 3;
         QVERIFY(writePair(m_source, u"P1"_s, scene));
-        EngineProcess engine({ u"run"_s, u"-s"_s, m_source, u"-d"_s, m_dest, u"--profile-id"_s, profile,
-                               u"--json-stream"_s, u"--naming-template"_s, naming, u"--subfolder-rule"_s, rule });
+        EngineProcess engine({ u"run"_s, u"-s"_s, m_source, u"-d"_s, m_dest, u"--profile-id"_s,
+                               profile, u"--json-stream"_s, u"--naming-template"_s, naming,
+                               u"--subfolder-rule"_s, rule });
         QCOMPARE(engine.run(), 0);
         QCOMPARE(filesUnder(m_dest), QStringList { expected });
         QCOMPARE(rowFor(u"P1"_s).value(u"output_path"_s).toString(), m_dest + u'/' + expected);
@@ -374,10 +393,12 @@ private slots:
     {
         QVERIFY(writePair(m_source, u"one"_s));
         QVERIFY(writePair(m_source, u"two"_s));
-        const QStringList byDate = runArgs({ u"--naming-template"_s, u"{date}"_s, u"-w"_s, u"2"_s });
+        const QStringList byDate
+            = runArgs({ u"--naming-template"_s, u"{date}"_s, u"-w"_s, u"2"_s });
         QCOMPARE(EngineProcess(byDate).run(), 0);
         QCOMPARE(filesUnder(m_dest), QStringList({ u"2024-05-06-2.jpg"_s, u"2024-05-06.jpg"_s }));
-        QVERIFY(rowFor(u"one"_s).value(u"output_path"_s) != rowFor(u"two"_s).value(u"output_path"_s));
+        QVERIFY(rowFor(u"one"_s).value(u"output_path"_s)
+                != rowFor(u"two"_s).value(u"output_path"_s));
         // Forcing again replaces each photo's own file rather than adding more.
         QCOMPARE(EngineProcess(byDate + QStringList { u"-f"_s }).run(), 0);
         QCOMPARE(filesUnder(m_dest).size(), 2);
@@ -421,7 +442,8 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(!engine.events(u"item_start"_s).isEmpty(), 60000);
         ::kill(pid_t(engine.pid()), SIGINT);
         QCOMPARE(engine.run(), 130);
-        const int finished = int(engine.events(u"item_done"_s).size() + engine.events(u"item_failed"_s).size());
+        const int finished
+            = int(engine.events(u"item_done"_s).size() + engine.events(u"item_failed"_s).size());
         QVERIFY(finished >= 1);
         QVERIFY(finished < 6);
         QCOMPARE(int(engine.events(u"item_start"_s).size()), finished);
@@ -496,12 +518,14 @@ private slots:
         portrait.face = true;
         QVERIFY(writePair(m_source, u"face"_s, portrait));
         const auto convert = [&](const QString &skinDamp, double &cheek, int &faces) {
-            EngineProcess engine(runArgs({ u"-f"_s, u"--profile-id"_s, u"custom"_s, u"--mid-target"_s, u"1.50"_s,
-                                           u"--power-mid"_s, u"1.50"_s, u"--skin-damp"_s, skinDamp }));
+            EngineProcess engine(
+                runArgs({ u"-f"_s, u"--profile-id"_s, u"custom"_s, u"--mid-target"_s, u"1.50"_s,
+                          u"--power-mid"_s, u"1.50"_s, u"--skin-damp"_s, skinDamp }));
             QCOMPARE(engine.run(), 0);
             faces = engine.event(u"item_done"_s).value(u"faces"_s).toInt();
             const UltraHdrDecodeResult hdr = decodeUltraHdrFile(m_dest + u"/face_hdr.jpg"_s);
-            const UltraHdrDecodeResult sdr = decodeUltraHdrFile(m_dest + u"/face_hdr.jpg"_s, { 1.0 });
+            const UltraHdrDecodeResult sdr
+                = decodeUltraHdrFile(m_dest + u"/face_hdr.jpg"_s, { 1.0 });
             const QImage mask = applyExifOrientation(cheekMask(portrait), orientation);
             cheek = meanLuminance(hdr.image, mask) / meanLuminance(sdr.image, mask);
         };
@@ -512,7 +536,8 @@ private slots:
         QCOMPARE(facesUndamped, 1);
         QCOMPARE(facesDamped, 1);
         QCOMPARE(rowFor(u"face"_s).value(u"num_faces"_s).toInt(), 1);
-        // Undamped, the cheek is lifted like any bright mid-tone; fully damped it stays as the JPG shows it.
+        // Undamped, the cheek is lifted like any bright mid-tone; fully damped it stays as the JPG
+        // shows it.
         QVERIFY2(undamped > 1.3, qPrintable(QString::number(undamped)));
         QVERIFY2(damped < 1.1, qPrintable(QString::number(damped)));
     }
@@ -537,7 +562,8 @@ private slots:
             return meanLuminance(decodeUltraHdrFile(file).image, mask)
                 / meanLuminance(decodeUltraHdrFile(file, { 1.0 }).image, mask);
         };
-        const QRect subject(10, backlit.height * 3 / 4, backlit.width - 20, backlit.height / 4 - 10);
+        const QRect subject(10, backlit.height * 3 / 4, backlit.width - 20,
+                            backlit.height / 4 - 10);
         QCOMPARE(EngineProcess(runArgs()).run(), 0);
         QVERIFY(shadowGain(u"sky"_s, backlit, subject) < 1.1);
         QCOMPARE(EngineProcess(runArgs({ u"-f"_s, u"--backlit-fill"_s })).run(), 0);
@@ -552,7 +578,8 @@ private slots:
         const QString psi = m_dir.filePath(u"pressure"_s);
         QFile file(psi);
         QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("some avg10=42.00 avg60=30.00 avg300=10.00 total=1\nfull avg10=5.00 avg60=1.00 avg300=0.00 total=1\n");
+        file.write("some avg10=42.00 avg60=30.00 avg300=10.00 total=1\nfull avg10=5.00 avg60=1.00 "
+                   "avg300=0.00 total=1\n");
         file.close();
         for (int i = 0; i < 3; ++i)
             QVERIFY(writePair(m_source, u"p%1"_s.arg(i)));

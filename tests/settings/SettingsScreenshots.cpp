@@ -58,9 +58,10 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationName(u"orvanta"_s);
 
     QCommandLineParser parser;
-    parser.addOption({u"lang"_s, u"Language code"_s, u"code"_s, u"en"_s});
-    parser.addOption({u"out"_s, u"Output folder"_s, u"dir"_s, u"."_s});
-    parser.addOption({u"tabs"_s, u"Pages to take"_s, u"list"_s, u"perf,paths,safety,styles,updates,about"_s});
+    parser.addOption({ u"lang"_s, u"Language code"_s, u"code"_s, u"en"_s });
+    parser.addOption({ u"out"_s, u"Output folder"_s, u"dir"_s, u"."_s });
+    parser.addOption(
+        { u"tabs"_s, u"Pages to take"_s, u"list"_s, u"perf,paths,safety,styles,updates,about"_s });
     parser.process(app);
     const QString code = parser.value(u"lang"_s);
     const AppLanguage language = appLanguageFromRawValue(code).value_or(AppLanguage::English);
@@ -77,15 +78,16 @@ int main(int argc, char *argv[])
     addSampleRecipes(model);
 
     // A configured updater, as a release build has one; nothing is fetched.
-    Updater updater({QUrl(u"https://updates.invalid/appcast.xml"_s), QByteArrayLiteral("AAAA"),
-                     u"57"_s, QStringLiteral(ORVANTA_VERSION)});
+    Updater updater({ QUrl(u"https://updates.invalid/appcast.xml"_s), QByteArrayLiteral("AAAA"),
+                      u"57"_s, QStringLiteral(ORVANTA_VERSION) });
     SettingsHooks hooks;
     hooks.reveal = [](const diagnostics::RevealTarget &) {};
     SettingsWindow window(model, &updater, hooks);
     window.show();
     settle();
 
-    const QStringList names = {u"perf"_s, u"paths"_s, u"safety"_s, u"styles"_s, u"updates"_s, u"about"_s};
+    const QStringList names
+        = { u"perf"_s, u"paths"_s, u"safety"_s, u"styles"_s, u"updates"_s, u"about"_s };
     const QString out = parser.value(u"out"_s);
     QDir().mkpath(out);
     bool ok = true;

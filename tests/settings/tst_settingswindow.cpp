@@ -163,8 +163,8 @@ SettingsWindow *SettingsWindowTest::makeWindow(Updater *updater)
 void SettingsWindowTest::sixPagesInOrderStartingWithPerformance()
 {
     QScopedPointer<SettingsWindow> window(makeWindow());
-    const QStringList expected = {u"Performance"_s, u"Paths"_s, u"Safety && Diagnostics"_s, u"Style Presets"_s,
-                                  u"Updates"_s, u"About && Legal"_s};
+    const QStringList expected = { u"Performance"_s,   u"Paths"_s,   u"Safety && Diagnostics"_s,
+                                   u"Style Presets"_s, u"Updates"_s, u"About && Legal"_s };
     for (int i = 0; i < SettingsWindow::TabCount; ++i)
         QCOMPARE(window->tabButton(SettingsWindow::Tab(i))->text(), expected[i]);
     QCOMPARE(window->currentTab(), SettingsWindow::Performance);
@@ -211,8 +211,10 @@ void SettingsWindowTest::textsFollowTheLanguage()
     m_model->setCurrentLanguage(AppLanguage::French);
     QCOMPARE(window->windowTitle(), m_model->t("settings_title"));
     QCOMPARE(window->tabButton(SettingsWindow::Styles)->text(), u"Préréglages de style"_s);
-    QCOMPARE(window->styleTab()->cards().first()->badges().first()->name(), m_model->t("badge_mid"));
-    QCOMPARE(window->performanceTab()->workersPicker()->currentText(), m_model->t("settings_workers_auto"));
+    QCOMPARE(window->styleTab()->cards().first()->badges().first()->name(),
+             m_model->t("badge_mid"));
+    QCOMPARE(window->performanceTab()->workersPicker()->currentText(),
+             m_model->t("settings_workers_auto"));
     m_model->setCurrentLanguage(AppLanguage::English);
 }
 
@@ -224,8 +226,8 @@ void SettingsWindowTest::pressureIsReadAgainInTheNewLanguage()
     const QString key = QString::fromLatin1(memoryPressureKey(int(*readMemoryPressure())));
     m_model->setCurrentLanguage(AppLanguage::German);
     // The level may change between two readings; the text must be German.
-    const QStringList german = {m_model->t("pressure_normal"), m_model->t("pressure_warning"),
-                                m_model->t("pressure_critical")};
+    const QStringList german = { m_model->t("pressure_normal"), m_model->t("pressure_warning"),
+                                 m_model->t("pressure_critical") };
     QVERIFY2(german.contains(window->performanceTab()->pressureValue()->text()),
              qPrintable(window->performanceTab()->pressureValue()->text()));
     QVERIFY(german.contains(m_model->t(QAnyStringView(key))));
@@ -337,7 +339,8 @@ void SettingsWindowTest::warningAppearsOnlyForBadTemplates()
 
     m_model->setExportNamingTemplate(u"{original}:{Date}"_s);
     QVERIFY(warning->isVisible());
-    QVERIFY2(warning->text().contains(u"File names cannot contain: “:”"_s), qPrintable(warning->text()));
+    QVERIFY2(warning->text().contains(u"File names cannot contain: “:”"_s),
+             qPrintable(warning->text()));
     QVERIFY2(warning->text().contains(u"{Date}"_s), qPrintable(warning->text()));
     // The preview still shows what the engine would write.
     QCOMPARE(window->pathsTab()->preview()->text(), u"DSC01557:{Date}.jpg"_s);
@@ -473,8 +476,8 @@ void SettingsWindowTest::badgesStayWhenSlidersMove()
             list << badge->name() + u' ' + badge->value();
         return list;
     };
-    const QStringList expected = {u"Mid 0.50st"_s, u"Power Mid 0.55"_s, u"Power Hi 1.25"_s,
-                                  u"Chroma 0.20"_s, u"Skin Damp 0.70"_s, u"Scale 0.75"_s};
+    const QStringList expected = { u"Mid 0.50st"_s,  u"Power Mid 0.55"_s, u"Power Hi 1.25"_s,
+                                   u"Chroma 0.20"_s, u"Skin Damp 0.70"_s, u"Scale 0.75"_s };
     QCOMPARE(texts(), expected);
     window->styleTab()->fineTuning()->slider(FineTuning::MidTarget)->setValue(90);
     QCOMPARE(texts(), expected);
@@ -576,7 +579,8 @@ void SettingsWindowTest::recipesSaveApplyRenameAndDeleteThroughTheFile()
 
     // Rename: the entry starts from the current name and the result is trimmed.
     QString offered;
-    m_hooks.askRecipeName = [&offered](const QString &, const QString &initial) -> std::optional<QString> {
+    m_hooks.askRecipeName
+        = [&offered](const QString &, const QString &initial) -> std::optional<QString> {
         offered = initial;
         return u" Golden Sunset\t"_s;
     };
@@ -663,7 +667,7 @@ void SettingsWindowTest::importReportsTheCountOrTheReason()
     sameName.id = QUuid::createUuid();
     sameName.name = u"Existing"_s;
     m_nextFile = QDir::homePath() + u"/incoming.json"_s;
-    writeFile(m_nextFile, RecipeService::encode({existing, fresh, sameName}));
+    writeFile(m_nextFile, RecipeService::encode({ existing, fresh, sameName }));
     recipes->importButton()->click();
     QCOMPARE(recipes->message()->text(), u"Successfully imported 1 recipe(s)!"_s);
     QCOMPARE(m_model->userRecipes().size(), 2);
@@ -709,7 +713,8 @@ void SettingsWindowTest::checkNowIsDisabledWhileACheckRuns()
     QVERIFY(server.listen(QHostAddress::LocalHost));
     connect(&server, &QTcpServer::newConnection, &server, [&server] {
         while (QTcpSocket *socket = server.nextPendingConnection()) {
-            socket->write("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
+            socket->write(
+                "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
             socket->disconnectFromHost();
         }
     });
@@ -762,9 +767,10 @@ void SettingsWindowTest::aboutNamesVersionAndLibraries()
     QStringList shown;
     for (const QLabel *label : window->aboutTab()->acknowledgementList()->findChildren<QLabel *>())
         shown << label->text();
-    const QStringList required = {u"Qt 6"_s, u"LGPL-3.0"_s, u"SQLite"_s, u"Public Domain"_s, u"Exiv2"_s,
-                                  u"GPL-2.0-or-later"_s, u"LibRaw"_s, u"LGPL-2.1 / CDDL-1.0"_s,
-                                  u"libjpeg-turbo"_s, u"libsodium"_s, u"ISC"_s};
+    const QStringList required
+        = { u"Qt 6"_s,          u"LGPL-3.0"_s,         u"SQLite"_s, u"Public Domain"_s,
+            u"Exiv2"_s,         u"GPL-2.0-or-later"_s, u"LibRaw"_s, u"LGPL-2.1 / CDDL-1.0"_s,
+            u"libjpeg-turbo"_s, u"libsodium"_s,        u"ISC"_s };
     for (const QString &text : required)
         QVERIFY2(shown.contains(text), qPrintable(text));
 }

@@ -94,7 +94,7 @@ void RecipesTest::writesSortedKeysUppercaseIdsAndUtcSeconds()
                                 "    \"skinDamp\" : 0.4\n"
                                 "  }\n"
                                 "]\n";
-    QCOMPARE(RecipeService::encode({r}), expected);
+    QCOMPARE(RecipeService::encode({ r }), expected);
     const auto decoded = RecipeService::decode(expected);
     QVERIFY(decoded);
     QCOMPARE(decoded->size(), 1);
@@ -109,7 +109,7 @@ void RecipesTest::loadsNewestFirstAndKeepsTiesInOrder()
     const auto a = recipe(QStringLiteral("A"), "2026-01-01T10:00:00Z");
     const auto b = recipe(QStringLiteral("B"), "2026-03-01T10:00:00Z");
     const auto c = recipe(QStringLiteral("C"), "2026-01-01T10:00:00Z");
-    service.saveRecipes({a, b, c});
+    service.saveRecipes({ a, b, c });
     const auto loaded = service.loadRecipes();
     QCOMPARE(loaded.size(), 3);
     QCOMPARE(loaded[0].name, QStringLiteral("B"));
@@ -120,9 +120,10 @@ void RecipesTest::loadsNewestFirstAndKeepsTiesInOrder()
 void RecipesTest::sameTrimmedNameOverwritesInPlace()
 {
     RecipeService service;
-    service.saveRecipes({recipe(QStringLiteral("Dawn"), "2026-02-01T00:00:00Z"),
-                         recipe(QStringLiteral("Sunset"), "2026-01-01T00:00:00Z")});
-    const UserRecipe replacement = recipe(QStringLiteral("\t Sunset  "), "2025-06-01T00:00:00Z", 1.1);
+    service.saveRecipes({ recipe(QStringLiteral("Dawn"), "2026-02-01T00:00:00Z"),
+                          recipe(QStringLiteral("Sunset"), "2026-01-01T00:00:00Z") });
+    const UserRecipe replacement
+        = recipe(QStringLiteral("\t Sunset  "), "2025-06-01T00:00:00Z", 1.1);
     const auto list = service.addRecipe(replacement);
     QCOMPARE(list.size(), 2);
     QCOMPARE(list[1].id, replacement.id); // same position, new id
@@ -138,8 +139,9 @@ void RecipesTest::renameTrimsAndUnknownIdsWriteNothing()
 {
     RecipeService service;
     const auto r = recipe(QStringLiteral("Old"), "2026-01-01T00:00:00Z");
-    service.saveRecipes({r});
-    QCOMPARE(service.renameRecipe(r.id, QStringLiteral("  New\t")).first().name, QStringLiteral("New"));
+    service.saveRecipes({ r });
+    QCOMPARE(service.renameRecipe(r.id, QStringLiteral("  New\t")).first().name,
+             QStringLiteral("New"));
 
     const QDateTime past = QDateTime::currentDateTimeUtc().addSecs(-3600);
     {
@@ -183,11 +185,11 @@ void RecipesTest::importSkipsKnownIdsAndNames()
 {
     RecipeService service;
     const auto mine = recipe(QStringLiteral("Mine"), "2026-01-01T00:00:00Z");
-    service.saveRecipes({mine});
+    service.saveRecipes({ mine });
 
     UserRecipe sameName = recipe(QStringLiteral("Mine"), "2026-05-01T00:00:00Z");
     const QString file = m_home + QStringLiteral("/shared.json");
-    write(file, RecipeService::encode({mine, sameName}));
+    write(file, RecipeService::encode({ mine, sameName }));
     RecipeImport result = service.importRecipes(file);
     QVERIFY(result.ok());
     QCOMPARE(result.added, 0);
@@ -195,7 +197,7 @@ void RecipesTest::importSkipsKnownIdsAndNames()
 
     const auto newer = recipe(QStringLiteral("Night"), "2026-06-01T00:00:00Z");
     const auto twin = recipe(QStringLiteral("Night"), "2026-07-01T00:00:00Z");
-    write(file, RecipeService::encode({newer, twin}));
+    write(file, RecipeService::encode({ newer, twin }));
     result = service.importRecipes(file);
     QCOMPARE(result.added, 1); // the second "Night" is skipped by name
     QCOMPARE(result.recipes.first().id, newer.id);
@@ -216,7 +218,7 @@ void RecipesTest::rejectedImportChangesNothing()
 {
     QFETCH(QByteArray, bytes);
     RecipeService service;
-    service.saveRecipes({recipe(QStringLiteral("Keep"), "2026-01-01T00:00:00Z")});
+    service.saveRecipes({ recipe(QStringLiteral("Keep"), "2026-01-01T00:00:00Z") });
     const QByteArray before = read(primary());
 
     const QString file = m_home + QStringLiteral("/bad.json");
@@ -233,7 +235,7 @@ void RecipesTest::rejectedImportChangesNothing()
 void RecipesTest::exportWritesTheListAndReportsFailures()
 {
     RecipeService service;
-    const QList<UserRecipe> list{recipe(QStringLiteral("A"), "2026-01-01T00:00:00Z")};
+    const QList<UserRecipe> list { recipe(QStringLiteral("A"), "2026-01-01T00:00:00Z") };
     const QString target = m_home + QStringLiteral("/orvanta_recipes.json");
     QCOMPARE(service.exportRecipes(list, target), QString());
     QCOMPARE(read(target), RecipeService::encode(list));
@@ -246,20 +248,26 @@ void RecipesTest::savesReplaceTheFileWholeInsteadOfRewritingIt()
     // beside the old one and renamed over it, so the file is a new inode and
     // nothing is left behind in the folder.
     RecipeService service;
-    service.saveRecipes({recipe(QStringLiteral("A"), "2026-01-01T00:00:00Z")});
-    struct stat before {};
+    service.saveRecipes({ recipe(QStringLiteral("A"), "2026-01-01T00:00:00Z") });
+    struct stat before
+    {
+    };
     QCOMPARE(::stat(QFile::encodeName(primary()).constData(), &before), 0);
     // A hard link keeps the old inode alive, so it cannot be reused for the new file.
     const QString keep = m_home + QStringLiteral("/old-recipes-link");
     QFile::remove(keep);
-    QCOMPARE(::link(QFile::encodeName(primary()).constData(), QFile::encodeName(keep).constData()), 0);
+    QCOMPARE(::link(QFile::encodeName(primary()).constData(), QFile::encodeName(keep).constData()),
+             0);
 
     service.addRecipe(recipe(QStringLiteral("B"), "2026-01-02T00:00:00Z"));
-    struct stat after {};
+    struct stat after
+    {
+    };
     QCOMPARE(::stat(QFile::encodeName(primary()).constData(), &after), 0);
     QVERIFY(after.st_ino != before.st_ino);
     QCOMPARE(service.loadRecipes().size(), 2);
-    QCOMPARE(QDir(QFileInfo(primary()).absolutePath()).entryList(QDir::Files), QStringList{QStringLiteral("recipes.json")});
+    QCOMPARE(QDir(QFileInfo(primary()).absolutePath()).entryList(QDir::Files),
+             QStringList { QStringLiteral("recipes.json") });
     // The old content is untouched where the link still points.
     QCOMPARE(RecipeService::decode(read(keep))->size(), 1);
     QFile::remove(keep);
@@ -269,12 +277,13 @@ void RecipesTest::legacyFilesAreCopiedOnce_data()
 {
     QTest::addColumn<QStringList>("present");
     QTest::addColumn<QString>("expected"); // empty: nothing migrated
-    QTest::newRow("dravik") << QStringList{QStringLiteral("dravik")} << QStringLiteral("dravik");
+    QTest::newRow("dravik") << QStringList { QStringLiteral("dravik") } << QStringLiteral("dravik");
     QTest::newRow("dravik before tarne")
-        << QStringList{QStringLiteral("tarne"), QStringLiteral("dravik")} << QStringLiteral("dravik");
-    QTest::newRow("tarne") << QStringList{QStringLiteral("tarne")} << QStringLiteral("tarne");
+        << QStringList { QStringLiteral("tarne"), QStringLiteral("dravik") }
+        << QStringLiteral("dravik");
+    QTest::newRow("tarne") << QStringList { QStringLiteral("tarne") } << QStringLiteral("tarne");
     QTest::newRow("pemvira is not a recipe location")
-        << QStringList{QStringLiteral("pemvira")} << QString();
+        << QStringList { QStringLiteral("pemvira") } << QString();
 }
 
 void RecipesTest::legacyFilesAreCopiedOnce()
@@ -283,7 +292,7 @@ void RecipesTest::legacyFilesAreCopiedOnce()
     QFETCH(QString, expected);
     for (const QString &name : present) {
         write(m_home + QStringLiteral("/.config/%1/recipes.json").arg(name),
-              RecipeService::encode({recipe(name, "2026-01-01T00:00:00Z")}));
+              RecipeService::encode({ recipe(name, "2026-01-01T00:00:00Z") }));
     }
     RecipeService service;
     const auto loaded = service.loadRecipes();

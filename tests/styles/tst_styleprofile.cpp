@@ -29,9 +29,9 @@ void StyleProfileTest::init()
 
 void StyleProfileTest::rawValuesRoundTripAndUnknownNamesAreRejected()
 {
-    const QStringList expected{QStringLiteral("default"), QStringLiteral("portrait_soft"),
-                               QStringLiteral("landscape_punchy"), QStringLiteral("cinematic_film"),
-                               QStringLiteral("custom")};
+    const QStringList expected { QStringLiteral("default"), QStringLiteral("portrait_soft"),
+                                 QStringLiteral("landscape_punchy"),
+                                 QStringLiteral("cinematic_film"), QStringLiteral("custom") };
     QStringList actual;
     for (StyleProfile profile : allStyleProfiles()) {
         actual << rawValue(profile);
@@ -69,17 +69,21 @@ void StyleProfileTest::summaryBadgesAreFixedTexts_data()
     QTest::addColumn<StyleProfile>("profile");
     QTest::addColumn<QStringList>("values");
     QTest::newRow("default") << StyleProfile::Default
-                             << QStringList{QStringLiteral("0.55st"), QStringLiteral("0.45"), QStringLiteral("1.50"), QStringLiteral("0.28"),
-                                            QStringLiteral("0.40"), QStringLiteral("1.00")};
+                             << QStringList { QStringLiteral("0.55st"), QStringLiteral("0.45"),
+                                              QStringLiteral("1.50"),   QStringLiteral("0.28"),
+                                              QStringLiteral("0.40"),   QStringLiteral("1.00") };
     QTest::newRow("portrait") << StyleProfile::Portrait
-                              << QStringList{QStringLiteral("0.50st"), QStringLiteral("0.55"), QStringLiteral("1.25"), QStringLiteral("0.20"),
-                                             QStringLiteral("0.70"), QStringLiteral("0.75")};
+                              << QStringList { QStringLiteral("0.50st"), QStringLiteral("0.55"),
+                                               QStringLiteral("1.25"),   QStringLiteral("0.20"),
+                                               QStringLiteral("0.70"),   QStringLiteral("0.75") };
     QTest::newRow("landscape") << StyleProfile::Landscape
-                               << QStringList{QStringLiteral("0.65st"), QStringLiteral("0.38"), QStringLiteral("1.60"), QStringLiteral("0.28"),
-                                              QStringLiteral("0.20"), QStringLiteral("1.00")};
+                               << QStringList { QStringLiteral("0.65st"), QStringLiteral("0.38"),
+                                                QStringLiteral("1.60"),   QStringLiteral("0.28"),
+                                                QStringLiteral("0.20"),   QStringLiteral("1.00") };
     QTest::newRow("cinematic") << StyleProfile::Cinematic
-                               << QStringList{QStringLiteral("0.45st"), QStringLiteral("0.60"), QStringLiteral("1.20"), QStringLiteral("0.15"),
-                                              QStringLiteral("0.40"), QStringLiteral("0.65")};
+                               << QStringList { QStringLiteral("0.45st"), QStringLiteral("0.60"),
+                                                QStringLiteral("1.20"),   QStringLiteral("0.15"),
+                                                QStringLiteral("0.40"),   QStringLiteral("0.65") };
 }
 
 void StyleProfileTest::summaryBadgesAreFixedTexts()
@@ -88,8 +92,9 @@ void StyleProfileTest::summaryBadgesAreFixedTexts()
     QFETCH(QStringList, values);
     const auto summary = parametersSummary(profile);
     QCOMPARE(summary.size(), 6);
-    const QStringList names{QStringLiteral("Mid"), QStringLiteral("Power Mid"), QStringLiteral("Power Hi"), QStringLiteral("Chroma"),
-                            QStringLiteral("Skin Damp"), QStringLiteral("Scale")};
+    const QStringList names { QStringLiteral("Mid"),       QStringLiteral("Power Mid"),
+                              QStringLiteral("Power Hi"),  QStringLiteral("Chroma"),
+                              QStringLiteral("Skin Damp"), QStringLiteral("Scale") };
     for (qsizetype i = 0; i < summary.size(); ++i) {
         QCOMPARE(summary[i].first, names[i]);
         QCOMPARE(summary[i].second, values[i]);

@@ -20,8 +20,8 @@ namespace orvanta::test {
 // shots/A.ARW, shots/A.JPG, shots/B.JPG, x.tar.gz, notes, Lofoten/C.JPG, in/, out/
 inline void writeTestPhotos(const QString &root)
 {
-    for (const char *name : {"shots/A.ARW", "shots/A.JPG", "shots/B.JPG", "x.tar.gz", "notes",
-                             "Lofoten/C.JPG", "in/.keep", "out/.keep"}) {
+    for (const char *name : { "shots/A.ARW", "shots/A.JPG", "shots/B.JPG", "x.tar.gz", "notes",
+                              "Lofoten/C.JPG", "in/.keep", "out/.keep" }) {
         const QString path = root + u'/' + QString::fromLatin1(name);
         QDir().mkpath(QFileInfo(path).absolutePath());
         QFile file(path);

@@ -47,22 +47,33 @@ QString eventLine(const QString &json)
 // sixth is in work and the engine waits to be stopped.
 void writeRunningScenario(const QString &path)
 {
-    QStringList lines{u"on-sigint exit130"_s,
-                      u"print [09:41:02] Orvanta engine 1.4.0 • 8 workers"_s,
-                      u"print [09:41:02] Scanning /photos for RAW+JPG pairs"_s,
-                      eventLine(uR"({"type":"scan","pairs":8,"orphans":1,"skipped":0,"pending":8})"_s),
-                      u"print === Rendering 8 pairs ==="_s};
-    const char *stems[] = {"DSC04211", "DSC04212", "DSC04215", "DSC04218", "DSC04223", "DSC04224"};
-    const double peaks[] = {2.41, 1.87, 3.02, 2.66, 2.94};
-    const int faces[] = {0, 2, 1, 0, 3};
+    QStringList lines {
+        u"on-sigint exit130"_s, u"print [09:41:02] Orvanta engine 1.4.0 • 8 workers"_s,
+        u"print [09:41:02] Scanning /photos for RAW+JPG pairs"_s,
+        eventLine(uR"({"type":"scan","pairs":8,"orphans":1,"skipped":0,"pending":8})"_s),
+        u"print === Rendering 8 pairs ==="_s
+    };
+    const char *stems[]
+        = { "DSC04211", "DSC04212", "DSC04215", "DSC04218", "DSC04223", "DSC04224" };
+    const double peaks[] = { 2.41, 1.87, 3.02, 2.66, 2.94 };
+    const int faces[] = { 0, 2, 1, 0, 3 };
     for (int i = 0; i < 5; ++i) {
         const QString stem = QString::fromLatin1(stems[i]);
-        lines << eventLine(uR"({"type":"item_start","stem":"%1","index":%2,"total":8})"_s.arg(stem).arg(i + 1))
-              << u"print [09:41:%1] %2 gain map +%3st"_s.arg(10 + i * 7).arg(stem).arg(peaks[i], 0, 'f', 2)
-              << u"db %1 SUCCESS"_s.arg(stem)
-              << eventLine(uR"({"type":"item_done","stem":"%1","index":%2,"total":8,"faces":%3,"peak_stops":%4,"bayer_clip":0.012,"duration":6.8})"_s
-                               .arg(stem).arg(i + 1).arg(faces[i]).arg(peaks[i]))
-              << u"print ✅ SUCCESS %1 → %1_hdr.jpg"_s.arg(stem);
+        lines
+            << eventLine(
+                   uR"({"type":"item_start","stem":"%1","index":%2,"total":8})"_s.arg(stem).arg(
+                       i + 1))
+            << u"print [09:41:%1] %2 gain map +%3st"_s.arg(10 + i * 7)
+                   .arg(stem)
+                   .arg(peaks[i], 0, 'f', 2)
+            << u"db %1 SUCCESS"_s.arg(stem)
+            << eventLine(
+                   uR"({"type":"item_done","stem":"%1","index":%2,"total":8,"faces":%3,"peak_stops":%4,"bayer_clip":0.012,"duration":6.8})"_s
+                       .arg(stem)
+                       .arg(i + 1)
+                       .arg(faces[i])
+                       .arg(peaks[i]))
+            << u"print ✅ SUCCESS %1 → %1_hdr.jpg"_s.arg(stem);
         if (i == 2)
             lines << u"print ⚠️ WARN DSC04216 has no JPG partner, skipped"_s;
     }
@@ -77,7 +88,7 @@ void writeRunningScenario(const QString &path)
 // checking that the set is consistent.
 QPixmap iconSheet()
 {
-    const QStringList names = QDir(u":/icons"_s).entryList({u"*.svg"_s}, QDir::Files, QDir::Name);
+    const QStringList names = QDir(u":/icons"_s).entryList({ u"*.svg"_s }, QDir::Files, QDir::Name);
     const int columns = 4, cellW = 260, cellH = 56;
     QPixmap sheet(columns * cellW, int((names.size() + columns - 1) / columns) * cellH + 16);
     sheet.fill(theme::kSurface);
@@ -87,8 +98,8 @@ QPixmap iconSheet()
         const QString symbol = names.at(i).chopped(4);
         const QPoint cell(8 + (i % columns) * cellW, 8 + (i / columns) * cellH);
         p.drawPixmap(cell + QPoint(4, 8), icons::pixmap(symbol, theme::kTextPrimary, 32));
-        p.drawText(QRect(cell + QPoint(44, 0), QSize(cellW - 48, cellH)), Qt::AlignVCenter | Qt::TextWordWrap,
-                   symbol);
+        p.drawText(QRect(cell + QPoint(44, 0), QSize(cellW - 48, cellH)),
+                   Qt::AlignVCenter | Qt::TextWordWrap, symbol);
     }
     return sheet;
 }
@@ -104,12 +115,13 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationVersion(QStringLiteral(ORVANTA_VERSION));
 
     QCommandLineParser parser;
-    parser.addOption({u"state"_s, u"Window state"_s, u"state"_s, u"idle"_s});
-    parser.addOption({u"lang"_s, u"Language code"_s, u"code"_s, u"en"_s});
-    parser.addOption({u"out"_s, u"PNG file"_s, u"file"_s, u"screenshot.png"_s});
+    parser.addOption({ u"state"_s, u"Window state"_s, u"state"_s, u"idle"_s });
+    parser.addOption({ u"lang"_s, u"Language code"_s, u"code"_s, u"en"_s });
+    parser.addOption({ u"out"_s, u"PNG file"_s, u"file"_s, u"screenshot.png"_s });
     parser.process(app);
     const QString state = parser.value(u"state"_s);
-    const AppLanguage language = appLanguageFromRawValue(parser.value(u"lang"_s)).value_or(AppLanguage::English);
+    const AppLanguage language
+        = appLanguageFromRawValue(parser.value(u"lang"_s)).value_or(AppLanguage::English);
 
     // Folders as a photographer would have them; they need not exist (the
     // volume probe measures the nearest existing folder), and nothing is
@@ -148,16 +160,18 @@ int main(int argc, char *argv[])
     if (runsBatch) {
         model.setIsConsoleDrawerExpanded(state == u"console");
         model.startProcessing();
-        if (!waitFor([&] { return QFile::exists(scenario + u".ready"_s) && model.currentIndex() == 6; }, 20000)) {
+        if (!waitFor(
+                [&] { return QFile::exists(scenario + u".ready"_s) && model.currentIndex() == 6; },
+                20000)) {
             qWarning("the test engine did not reach item 6");
             return 1;
         }
         model.setBatchElapsedSeconds(41);
     } else if (state == u"overlay") {
         QMimeData mime;
-        mime.setUrls({QUrl::fromLocalFile(source)});
-        QDragEnterEvent enter(QPoint(window.width() / 2, window.height() - 120), Qt::CopyAction, &mime,
-                              Qt::LeftButton, Qt::NoModifier);
+        mime.setUrls({ QUrl::fromLocalFile(source) });
+        QDragEnterEvent enter(QPoint(window.width() / 2, window.height() - 120), Qt::CopyAction,
+                              &mime, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&window, &enter);
     } else if (state == u"donate") {
         model.setIsShowingDonateSheet(true);

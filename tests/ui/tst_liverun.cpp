@@ -91,7 +91,8 @@ void LiveRunTest::lineColourFollowsTheFirstMatchingRule_data()
     QTest::addColumn<QString>("line");
     QTest::addColumn<QColor>("colour");
     QTest::newRow("SUCCESS beats ERROR") << u"SUCCESS after ERROR retry"_s << theme::kGreen;
-    QTest::newRow("check mark") << u"✅ Pipeline execution completed successfully."_s << theme::kGreen;
+    QTest::newRow("check mark") << u"✅ Pipeline execution completed successfully."_s
+                                << theme::kGreen;
     QTest::newRow("exit code line") << u"❌ Pipeline exited with code 3"_s << theme::kRed;
     QTest::newRow("FAILED") << u"[w2] DSC1 FAILED"_s << theme::kRed;
     QTest::newRow("ERROR beats WARN") << u"WARN then ERROR"_s << theme::kRed;
@@ -123,7 +124,8 @@ void LiveRunTest::leadingEmojiMarkerIsDrawnApart_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("marker");
-    QTest::newRow("warning with variation selector") << u"⚠️ Stop requested by user"_s << u"⚠️"_s;
+    QTest::newRow("warning with variation selector")
+        << u"⚠️ Stop requested by user"_s << u"⚠️"_s;
     QTest::newRow("astral-plane marker") << u"🚀 Starting"_s << u"🚀"_s;
     QTest::newRow("check mark") << u"✅ SUCCESS DSC1"_s << u"✅"_s;
     QTest::newRow("bracketed engine line") << u"[09:41] ✅ done"_s << QString();
@@ -155,7 +157,7 @@ void LiveRunTest::consoleKeepsTheNewestThousandRowsWithoutResetting()
     QCOMPARE(rows->resetCount(), 0);
 
     // A rewritten log (not an append) is taken whole.
-    m_model->setConsoleLogs({u"a"_s, u"b"_s});
+    m_model->setConsoleLogs({ u"a"_s, u"b"_s });
     QCOMPARE(rows->rowCount(), 2);
     QCOMPARE(rows->data(rows->index(1), Qt::DisplayRole).toString(), u"b"_s);
 }
@@ -237,11 +239,15 @@ void LiveRunTest::progressLineShowsRatioPairsOrNothing_data()
     QTest::addColumn<double>("fraction");
     QTest::addColumn<qint64>("pairs");
     QTest::addColumn<QString>("text");
-    QTest::newRow("0.999 is 99, not 100") << qint64(8) << qint64(8) << 0.999 << qint64(8) << u"[8 / 8]  99%"_s;
+    QTest::newRow("0.999 is 99, not 100")
+        << qint64(8) << qint64(8) << 0.999 << qint64(8) << u"[8 / 8]  99%"_s;
     QTest::newRow("complete") << qint64(8) << qint64(8) << 1.0 << qint64(8) << u"[8 / 8]  100%"_s;
-    QTest::newRow("truncated, not rounded") << qint64(2) << qint64(3) << 2.0 / 3.0 << qint64(3) << u"[2 / 3]  66%"_s;
-    QTest::newRow("one pending item") << qint64(1) << qint64(1) << 0.0 << qint64(0) << u"[1 / 1]  0%"_s;
-    QTest::newRow("scan phase: pairs found") << qint64(0) << qint64(0) << 0.0 << qint64(12) << u"12 Pairs Found"_s;
+    QTest::newRow("truncated, not rounded")
+        << qint64(2) << qint64(3) << 2.0 / 3.0 << qint64(3) << u"[2 / 3]  66%"_s;
+    QTest::newRow("one pending item")
+        << qint64(1) << qint64(1) << 0.0 << qint64(0) << u"[1 / 1]  0%"_s;
+    QTest::newRow("scan phase: pairs found")
+        << qint64(0) << qint64(0) << 0.0 << qint64(12) << u"12 Pairs Found"_s;
     QTest::newRow("nothing known") << qint64(0) << qint64(0) << 0.0 << qint64(0) << QString();
 }
 
@@ -286,7 +292,9 @@ void LiveRunTest::timeBadgeFollowsTheRunState()
 {
     AppViewModel &m = *m_model;
     TaskProgressCard card(m);
-    auto badge = [&] { return card.findChild<QWidget *>(u"metricTime"_s)->findChildren<QLabel *>().last()->text(); };
+    auto badge = [&] {
+        return card.findChild<QWidget *>(u"metricTime"_s)->findChildren<QLabel *>().last()->text();
+    };
     QCOMPARE(badge(), u"Elapsed: 00:00"_s);
     m.setCurrentDuration(6.84);
     QCOMPARE(badge(), u"Elapsed: 6.8s"_s); // idle: the last photo's duration
@@ -303,16 +311,18 @@ void LiveRunTest::timeLeftAppearsOnceTwoItemsAreDone_data()
     QTest::addColumn<double>("fraction");
     QTest::addColumn<qint64>("elapsed");
     QTest::addColumn<QString>("text");
-    QTest::newRow("one done: no estimate yet") << true << qint64(8) << 0.125 << qint64(10) << QString();
-    QTest::newRow("two of eight done in 20 s") << true << qint64(8) << 0.25 << qint64(20)
-                                               << u"01:00 left  ·  10.0s / photo"_s;
-    QTest::newRow("two of three, thirds round") << true << qint64(3) << 2.0 / 3.0 << qint64(15)
-                                                << u"00:08 left  ·  7.5s / photo"_s;
-    QTest::newRow("long batch beyond an hour") << true << qint64(500) << 0.01 << qint64(100)
-                                               << u"165:00 left  ·  20.0s / photo"_s;
+    QTest::newRow("one done: no estimate yet")
+        << true << qint64(8) << 0.125 << qint64(10) << QString();
+    QTest::newRow("two of eight done in 20 s")
+        << true << qint64(8) << 0.25 << qint64(20) << u"01:00 left  ·  10.0s / photo"_s;
+    QTest::newRow("two of three, thirds round")
+        << true << qint64(3) << 2.0 / 3.0 << qint64(15) << u"00:08 left  ·  7.5s / photo"_s;
+    QTest::newRow("long batch beyond an hour")
+        << true << qint64(500) << 0.01 << qint64(100) << u"165:00 left  ·  20.0s / photo"_s;
     QTest::newRow("all done: nothing left") << true << qint64(8) << 1.0 << qint64(80) << QString();
     QTest::newRow("idle: no estimate") << false << qint64(8) << 0.5 << qint64(40) << QString();
-    QTest::newRow("scan phase: no items yet") << true << qint64(0) << 0.0 << qint64(40) << QString();
+    QTest::newRow("scan phase: no items yet")
+        << true << qint64(0) << 0.0 << qint64(40) << QString();
 }
 
 void LiveRunTest::timeLeftAppearsOnceTwoItemsAreDone()

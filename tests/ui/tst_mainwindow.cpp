@@ -2,12 +2,12 @@
 // the source field, folder panels, the run button through a real batch of
 // the test engine, footer and header states, the icon set, and a language
 // switch while the window is open.
+#include "MainWindowHarness.h"
 #include "app/AppMenus.h"
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
 #include "engine/EngineScenario.h"
 #include "i18n/LocalizationService.h"
-#include "MainWindowHarness.h"
 #include "ui/ConsoleLogView.h"
 #include "ui/DonateSheet.h"
 #include "ui/DropOverlay.h"
@@ -23,12 +23,12 @@
 #include <QComboBox>
 #include <QDragEnterEvent>
 #include <QLabel>
-#include <QToolButton>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPushButton>
+#include <QToolButton>
 
 using namespace orvanta;
 using namespace Qt::StringLiterals;
@@ -49,7 +49,8 @@ void dropOn(QWidget *target, const QList<QUrl> &urls)
 
 int countStartingWith(const QStringList &lines, const QString &prefix)
 {
-    return int(std::count_if(lines.begin(), lines.end(), [&](const QString &l) { return l.startsWith(prefix); }));
+    return int(std::count_if(lines.begin(), lines.end(),
+                             [&](const QString &l) { return l.startsWith(prefix); }));
 }
 
 } // namespace
@@ -115,31 +116,33 @@ void MainWindowTest::opensAsTheNamedMainWindow()
 void MainWindowTest::dropOnTheWindowAppliesTheRules_data()
 {
     QTest::addColumn<QStringList>("dropped"); // relative to the test folder; "/" ends a folder
-    QTest::addColumn<QString>("source");      // expected, relative; empty: unchanged
+    QTest::addColumn<QString>("source"); // expected, relative; empty: unchanged
     QTest::addColumn<QString>("stem");
     QTest::addColumn<QString>("status");
     QTest::addColumn<QString>("log");
 
     QTest::newRow("folder dropped with files wins, files ignored")
-        << QStringList{u"shots/A.JPG"_s, u"Lofoten/"_s, u"shots/B.JPG"_s} << u"Lofoten"_s << QString()
-        << u"Loaded source folder: Lofoten"_s << u"📥 Loaded source folder: %1/Lofoten"_s;
+        << QStringList { u"shots/A.JPG"_s, u"Lofoten/"_s, u"shots/B.JPG"_s } << u"Lofoten"_s
+        << QString() << u"Loaded source folder: Lofoten"_s
+        << u"📥 Loaded source folder: %1/Lofoten"_s;
     QTest::newRow("first of two folders wins")
-        << QStringList{u"Lofoten/"_s, u"shots/"_s} << u"Lofoten"_s << QString()
+        << QStringList { u"Lofoten/"_s, u"shots/"_s } << u"Lofoten"_s << QString()
         << u"Loaded source folder: Lofoten"_s << u"📥 Loaded source folder: %1/Lofoten"_s;
     QTest::newRow("RAW and JPG of one shot give one stem")
-        << QStringList{u"shots/A.ARW"_s, u"shots/A.JPG"_s, u"shots/B.JPG"_s} << u"shots"_s << u"A, B"_s
-        << u"Loaded 2 photo(s): A, B"_s << u"📥 Loaded 2 photo(s): A, B"_s;
+        << QStringList { u"shots/A.ARW"_s, u"shots/A.JPG"_s, u"shots/B.JPG"_s } << u"shots"_s
+        << u"A, B"_s << u"Loaded 2 photo(s): A, B"_s << u"📥 Loaded 2 photo(s): A, B"_s;
     QTest::newRow("only the last extension is removed")
-        << QStringList{u"x.tar.gz"_s} << QString(u"."_s) << u"x.tar"_s << u"Loaded 1 photo(s): x.tar"_s
-        << u"📥 Loaded 1 photo(s): x.tar"_s;
+        << QStringList { u"x.tar.gz"_s } << QString(u"."_s) << u"x.tar"_s
+        << u"Loaded 1 photo(s): x.tar"_s << u"📥 Loaded 1 photo(s): x.tar"_s;
     QTest::newRow("any existing file counts, extension or not")
-        << QStringList{u"notes"_s, u"shots/B.JPG"_s} << QString(u"."_s) << u"notes, B"_s
+        << QStringList { u"notes"_s, u"shots/B.JPG"_s } << QString(u"."_s) << u"notes, B"_s
         << u"Loaded 2 photo(s): notes, B"_s << u"📥 Loaded 2 photo(s): notes, B"_s;
     QTest::newRow("missing paths are skipped")
-        << QStringList{u"gone/C.ARW"_s, u"shots/B.JPG"_s} << u"shots"_s << u"B"_s
+        << QStringList { u"gone/C.ARW"_s, u"shots/B.JPG"_s } << u"shots"_s << u"B"_s
         << u"Loaded 1 photo(s): B"_s << u"📥 Loaded 1 photo(s): B"_s;
     QTest::newRow("only missing paths: nothing happens")
-        << QStringList{u"gone/"_s, u"gone/D.JPG"_s} << QString() << QString() << QString() << QString();
+        << QStringList { u"gone/"_s, u"gone/D.JPG"_s } << QString() << QString() << QString()
+        << QString();
 }
 
 void MainWindowTest::dropOnTheWindowAppliesTheRules()
@@ -184,8 +187,8 @@ void MainWindowTest::dropDuringARunChangesNothing()
     AppViewModel &m = *m_model;
     m.setIsRunning(true);
     const QString before = m.sourceDir();
-    dropOn(m_window, {QUrl::fromLocalFile(path(u"Lofoten"_s))});
-    dropOn(m_window->folderBar()->sourceField(), {QUrl::fromLocalFile(path(u"shots/A.JPG"_s))});
+    dropOn(m_window, { QUrl::fromLocalFile(path(u"Lofoten"_s)) });
+    dropOn(m_window->folderBar()->sourceField(), { QUrl::fromLocalFile(path(u"shots/A.JPG"_s)) });
     QCOMPARE(m.sourceDir(), before);
     QVERIFY(m.targetStem().isEmpty());
     QVERIFY(m.consoleLogs().isEmpty());
@@ -199,13 +202,14 @@ void MainWindowTest::overlayShowsOnlyWhileFilesAreDraggedOverTheWindow()
 
     QMimeData text;
     text.setText(u"not a file"_s);
-    QDragEnterEvent textEnter(QPoint(10, 10), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent textEnter(QPoint(10, 10), Qt::CopyAction, &text, Qt::LeftButton,
+                              Qt::NoModifier);
     QCoreApplication::sendEvent(m_window, &textEnter);
     QVERIFY(!textEnter.isAccepted());
     QVERIFY(!overlay->isVisible());
 
     QMimeData files;
-    files.setUrls({QUrl::fromLocalFile(path(u"Lofoten"_s))});
+    files.setUrls({ QUrl::fromLocalFile(path(u"Lofoten"_s)) });
     QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(m_window, &enter);
     QVERIFY(enter.isAccepted());
@@ -217,7 +221,7 @@ void MainWindowTest::overlayShowsOnlyWhileFilesAreDraggedOverTheWindow()
     QVERIFY(!overlay->isVisible());
     QCOMPARE(m_model->sourceDir(), path(u"in"_s)); // leaving drops nothing
 
-    dropOn(m_window, {QUrl::fromLocalFile(path(u"Lofoten"_s))});
+    dropOn(m_window, { QUrl::fromLocalFile(path(u"Lofoten"_s)) });
     QVERIFY(!overlay->isVisible());
 }
 
@@ -229,7 +233,7 @@ void MainWindowTest::sourceFieldTakesDropsAndHintsWhileDragging()
     QVERIFY(!dest->acceptDrops());
 
     QMimeData mime;
-    mime.setUrls({QUrl::fromLocalFile(path(u"shots/A.ARW"_s))});
+    mime.setUrls({ QUrl::fromLocalFile(path(u"shots/A.ARW"_s)) });
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(source, &enter);
     QVERIFY(source->isShowingDropHint());
@@ -239,7 +243,9 @@ void MainWindowTest::sourceFieldTakesDropsAndHintsWhileDragging()
     QVERIFY(!source->isShowingDropHint());
     QCOMPARE(source->displayedText(), path(u"in"_s));
 
-    dropOn(source, {QUrl::fromLocalFile(path(u"shots/A.ARW"_s)), QUrl::fromLocalFile(path(u"shots/B.JPG"_s))});
+    dropOn(source,
+           { QUrl::fromLocalFile(path(u"shots/A.ARW"_s)),
+             QUrl::fromLocalFile(path(u"shots/B.JPG"_s)) });
     QVERIFY(!source->isShowingDropHint());
     QCOMPARE(m_model->sourceDir(), path(u"shots"_s));
     QCOMPARE(m_model->targetStem(), u"A, B"_s);
@@ -267,7 +273,7 @@ void MainWindowTest::cancelledFolderPanelChangesNothing()
 
 void MainWindowTest::runButtonFollowsARealBatchThroughStartStopAndEnd()
 {
-    test::EngineScenario scenario({u"on-sigint exit130"_s, u"print started"_s, u"wait-signal"_s});
+    test::EngineScenario scenario({ u"on-sigint exit130"_s, u"print started"_s, u"wait-signal"_s });
     AppMenus &menus = *m_harness->menus;
     AppViewModel &m = *m_model;
     QPushButton *run = m_window->folderBar()->runButton();
@@ -351,7 +357,8 @@ void MainWindowTest::languageSwitchReRendersEveryVisibleText()
         if (!action->isSeparator())
             names << action->text();
     QCOMPARE(names.value(0), u"Auto (System)"_s);
-    QVERIFY(names.contains(u"Deutsch"_s) && names.contains(u"English"_s) && names.contains(u"日本語"_s));
+    QVERIFY(names.contains(u"Deutsch"_s) && names.contains(u"English"_s)
+            && names.contains(u"日本語"_s));
     german->trigger();
     QTRY_COMPARE(m_model->currentLanguage(), AppLanguage::German);
     QApplication::processEvents();
@@ -363,7 +370,8 @@ void MainWindowTest::languageSwitchReRendersEveryVisibleText()
     const QRegularExpression neutral(uR"(^(Orvanta|/.*|[\d\s.,:%+s/()\[\]-]*)$)"_s);
     for (qsizetype i = 0; i < english.size(); ++i) {
         if (english.at(i) == germanTexts.at(i))
-            QVERIFY2(neutral.match(english.at(i)).hasMatch(), qPrintable(u"not re-rendered: "_s + english.at(i)));
+            QVERIFY2(neutral.match(english.at(i)).hasMatch(),
+                     qPrintable(u"not re-rendered: "_s + english.at(i)));
     }
     QVERIFY(germanTexts.contains(m_model->t("folder_source_placeholder")));
     QVERIFY(germanTexts.contains(m_model->t("status_ready")));
@@ -388,7 +396,8 @@ void MainWindowTest::japaneseTextsHaveEveryGlyphInTheInterfaceFont()
     QString missing;
     for (const QString &text : visibleTexts()) {
         for (char32_t c : text.toUcs4())
-            if (!QChar::isSpace(c) && !metrics.inFontUcs4(c) && !missing.contains(QString::fromUcs4(&c, 1)))
+            if (!QChar::isSpace(c) && !metrics.inFontUcs4(c)
+                && !missing.contains(QString::fromUcs4(&c, 1)))
                 missing += QString::fromUcs4(&c, 1);
     }
     QVERIFY2(missing.isEmpty(), qPrintable(u"no glyph for: "_s + missing));
@@ -433,17 +442,52 @@ void MainWindowTest::footerAndHeaderShowStorageAndEnvironment()
 void MainWindowTest::everyInterfaceSymbolHasADrawing_data()
 {
     QTest::addColumn<QString>("symbol");
-    const char *symbols[] = {
-        "arrow.clockwise", "arrow.down.doc.fill", "arrow.up.arrow.down",
-        "arrow.up.left.and.down.right.and.arrow.up.right.and.down.left", "bolt.fill", "camera",
-        "camera.aperture", "camera.fill", "chart.bar.xaxis", "checkmark.circle.fill", "checkmark.square.fill",
-        "chevron.left", "chevron.right", "dial.low.fill", "display", "exclamationmark.triangle.fill",
-        "externaldrive.fill", "face.smiling.fill", "film", "folder.fill", "gearshape", "globe", "heart.fill",
-        "line.3.horizontal.decrease.circle", "minus.square.fill", "mountain.2", "person.crop.circle", "photo",
-        "photo.badge.exclamationmark", "photo.stack", "play.fill", "shield.checkerboard", "sidebar.right",
-        "slider.horizontal.3", "sparkles", "square.and.arrow.up", "star.fill", "stop.fill", "stopwatch.fill",
-        "sun.max.fill", "tablecells.badge.ellipsis", "terminal", "trash", "tray", "tray.and.arrow.down.fill",
-        "xmark.circle.fill"};
+    const char *symbols[] = { "arrow.clockwise",
+                              "arrow.down.doc.fill",
+                              "arrow.up.arrow.down",
+                              "arrow.up.left.and.down.right.and.arrow.up.right.and.down.left",
+                              "bolt.fill",
+                              "camera",
+                              "camera.aperture",
+                              "camera.fill",
+                              "chart.bar.xaxis",
+                              "checkmark.circle.fill",
+                              "checkmark.square.fill",
+                              "chevron.left",
+                              "chevron.right",
+                              "dial.low.fill",
+                              "display",
+                              "exclamationmark.triangle.fill",
+                              "externaldrive.fill",
+                              "face.smiling.fill",
+                              "film",
+                              "folder.fill",
+                              "gearshape",
+                              "globe",
+                              "heart.fill",
+                              "line.3.horizontal.decrease.circle",
+                              "minus.square.fill",
+                              "mountain.2",
+                              "person.crop.circle",
+                              "photo",
+                              "photo.badge.exclamationmark",
+                              "photo.stack",
+                              "play.fill",
+                              "shield.checkerboard",
+                              "sidebar.right",
+                              "slider.horizontal.3",
+                              "sparkles",
+                              "square.and.arrow.up",
+                              "star.fill",
+                              "stop.fill",
+                              "stopwatch.fill",
+                              "sun.max.fill",
+                              "tablecells.badge.ellipsis",
+                              "terminal",
+                              "trash",
+                              "tray",
+                              "tray.and.arrow.down.fill",
+                              "xmark.circle.fill" };
     for (const char *symbol : symbols)
         QTest::newRow(symbol) << QString::fromLatin1(symbol);
 }

@@ -79,7 +79,8 @@ void MenuCommandsTest::shortcutsPostTheirCommandOnTheDispatcher_data()
     QTest::newRow("Ctrl+D") << QKeySequence(Qt::CTRL | Qt::Key_D) << u"SelectDestFolder"_s;
     QTest::newRow("Ctrl+R") << QKeySequence(Qt::CTRL | Qt::Key_R) << u"StartBatchPipeline"_s;
     QTest::newRow("Ctrl+.") << QKeySequence(Qt::CTRL | Qt::Key_Period) << u"StopPipeline"_s;
-    QTest::newRow("Ctrl+Shift+H") << QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_H) << u"RefreshHistory"_s;
+    QTest::newRow("Ctrl+Shift+H") << QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_H)
+                                  << u"RefreshHistory"_s;
 }
 
 void MenuCommandsTest::shortcutsPostTheirCommandOnTheDispatcher()
@@ -132,8 +133,8 @@ void MenuCommandsTest::folderShortcutsStoreTheChoiceAndLogIt()
     QCOMPARE(m_model->sourceDir(), path(u"shots"_s));
     QCOMPARE(m_model->destDir(), path(u"Lofoten"_s));
     QCOMPARE(m_model->consoleLogs(),
-             QStringList({u"📂 Source directory selected: "_s + path(u"shots"_s),
-                          u"📁 Destination directory selected: "_s + path(u"Lofoten"_s)}));
+             QStringList({ u"📂 Source directory selected: "_s + path(u"shots"_s),
+                           u"📁 Destination directory selected: "_s + path(u"Lofoten"_s) }));
 }
 
 void MenuCommandsTest::hiddenWindowIgnoresCommands()
@@ -159,15 +160,15 @@ void MenuCommandsTest::updateItemIsDisabledWithoutAnUpdater()
 void MenuCommandsTest::updateAnnouncementsSpeakOnlyWithNewsOrWhenAsked()
 {
     using Outcome = UpdateCheckResult::Outcome;
-    Updater updater(UpdaterConfig{});
+    Updater updater(UpdaterConfig {});
     UpdateAnnouncer announcer(updater, m_window);
     const auto boxes = [&] { return m_window->findChildren<QMessageBox *>(); };
 
-    Q_EMIT updater.checkFinished({Outcome::UpToDate, {}, {}, false});
-    Q_EMIT updater.checkFinished({Outcome::Failed, {}, u"offline"_s, false});
+    Q_EMIT updater.checkFinished({ Outcome::UpToDate, {}, {}, false });
+    Q_EMIT updater.checkFinished({ Outcome::Failed, {}, u"offline"_s, false });
     QVERIFY(boxes().isEmpty()); // a scheduled check with nothing new stays silent
 
-    UpdateCheckResult news{Outcome::UpdateAvailable, {}, {}, false};
+    UpdateCheckResult news { Outcome::UpdateAvailable, {}, {}, false };
     news.item.version = u"58"_s;
     news.item.shortVersion = u"2.4.0"_s;
     news.item.link = QUrl(u"https://orvanta.example/releases/2.4.0"_s);
@@ -183,12 +184,12 @@ void MenuCommandsTest::updateAnnouncementsSpeakOnlyWithNewsOrWhenAsked()
     QDesktopServices::setUrlHandler(u"https"_s, this, "openUrl");
     open->click();
     QDesktopServices::unsetUrlHandler(u"https"_s);
-    QCOMPARE(m_openedUrls, QList<QUrl>{news.item.link});
+    QCOMPARE(m_openedUrls, QList<QUrl> { news.item.link });
     QTRY_VERIFY(boxes().isEmpty());
 
     // Asked for by the user: "up to date" is said, in the interface language.
     m_model->setCurrentLanguage(AppLanguage::German);
-    Q_EMIT updater.checkFinished({Outcome::UpToDate, {}, {}, true});
+    Q_EMIT updater.checkFinished({ Outcome::UpToDate, {}, {}, true });
     QTRY_COMPARE(boxes().size(), 1);
     QCOMPARE(boxes().constFirst()->text(), u"Orvanta ist aktuell"_s);
     boxes().constFirst()->close();
@@ -207,7 +208,7 @@ void MenuCommandsTest::donateCommandOpensTheSheetAndItsPageInTheBrowser()
     QCOMPARE(open->text(), u"Open Donation Page"_s);
     open->click();
     QDesktopServices::unsetUrlHandler(u"https"_s);
-    QCOMPARE(m_openedUrls, QList<QUrl>{page});
+    QCOMPARE(m_openedUrls, QList<QUrl> { page });
     QTRY_VERIFY(!m_window->donateSheet()->isVisible());
     QVERIFY(!m_model->isShowingDonateSheet());
 }

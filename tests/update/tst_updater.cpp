@@ -52,11 +52,12 @@ private:
             return;
         const QByteArray path = buffer.split(' ').value(1);
         m_requests << path;
-        const Answer answer = m_answers.value(path, Answer{404, "not found"});
+        const Answer answer = m_answers.value(path, Answer { 404, "not found" });
         if (answer.stall)
             return;
-        socket->write("HTTP/1.1 " + QByteArray::number(answer.status) + " X\r\nContent-Length: "
-                      + QByteArray::number(answer.body.size()) + "\r\nConnection: close\r\n\r\n" + answer.body);
+        socket->write("HTTP/1.1 " + QByteArray::number(answer.status)
+                      + " X\r\nContent-Length: " + QByteArray::number(answer.body.size())
+                      + "\r\nConnection: close\r\n\r\n" + answer.body);
         socket->disconnectFromHost();
     }
 
@@ -79,7 +80,8 @@ struct KeyPair
     QByteArray sign(const QByteArray &data) const
     {
         unsigned char sig[crypto_sign_BYTES];
-        crypto_sign_detached(sig, nullptr, reinterpret_cast<const unsigned char *>(data.constData()),
+        crypto_sign_detached(sig, nullptr,
+                             reinterpret_cast<const unsigned char *>(data.constData()),
                              quint64(data.size()), secretKey);
         return QByteArray(reinterpret_cast<const char *>(sig), sizeof sig).toBase64();
     }
@@ -103,12 +105,13 @@ QByteArray feed(const QList<Release> &releases)
                  u"<sparkle:version>%3</sparkle:version>"
                  u"<sparkle:shortVersionString>%1</sparkle:shortVersionString>\n"
                  u"<enclosure url=\"%4\" length=\"%5\" type=\"application/octet-stream\""
-                 u" sparkle:edSignature=\"%6\"/></item>\n"_s.arg(r.shortVersion, r.page.toString(), r.version,
-                                                                   r.download.toString())
+                 u" sparkle:edSignature=\"%6\"/></item>\n"_s
+                     .arg(r.shortVersion, r.page.toString(), r.version, r.download.toString())
                      .arg(r.length)
                      .arg(QString::fromLatin1(r.signature));
     return (u"<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
-            u"<rss version=\"2.0\" xmlns:sparkle=\"http://www.andymatuschak.org/xml-namespaces/sparkle\">\n"
+            u"<rss version=\"2.0\" "
+            u"xmlns:sparkle=\"http://www.andymatuschak.org/xml-namespaces/sparkle\">\n"
             u"<channel><title>Orvanta</title>\n"_s
             + items + u"</channel></rss>\n"_s)
         .toUtf8();
@@ -143,7 +146,12 @@ private Q_SLOTS:
 private:
     UpdaterConfig config(int timeoutMs = 10000) const
     {
-        return {m_server->url(u"/appcast.xml"_s), m_keys.publicBase64(), u"57"_s, u"2.3.1"_s, 86400, timeoutMs};
+        return { m_server->url(u"/appcast.xml"_s),
+                 m_keys.publicBase64(),
+                 u"57"_s,
+                 u"2.3.1"_s,
+                 86400,
+                 timeoutMs };
     }
     // Serves `payload` (signed for its true bytes unless told otherwise) and a feed for it.
     Release publish(const QByteArray &payload, const QByteArray &served = {})
@@ -153,7 +161,7 @@ private:
         r.length = payload.size();
         r.signature = m_keys.sign(payload);
         r.page = QUrl(u"https://orvanta.example/releases/2.4.0"_s);
-        m_server->set("/Orvanta-2.4.0.tar.gz", {200, served.isNull() ? payload : served});
+        m_server->set("/Orvanta-2.4.0.tar.gz", { 200, served.isNull() ? payload : served });
         return r;
     }
     UpdateCheckResult runCheck(Updater &updater);
@@ -179,14 +187,14 @@ UpdateCheckResult UpdaterTest::runCheck(Updater &updater)
     QSignalSpy finished(&updater, &Updater::checkFinished);
     updater.checkForUpdates();
     if (!finished.wait(15000) || finished.isEmpty())
-        return {UpdateCheckResult::Outcome::Failed, {}, u"<no result>"_s};
+        return { UpdateCheckResult::Outcome::Failed, {}, u"<no result>"_s };
     return finished.first().first().value<UpdateCheckResult>();
 }
 
 void UpdaterTest::signedNewerReleaseIsAnnouncedWithItsPage()
 {
     const QByteArray payload(4096, 'p');
-    m_server->set("/appcast.xml", {200, feed({publish(payload)})});
+    m_server->set("/appcast.xml", { 200, feed({ publish(payload) }) });
     Updater updater(config());
     QSignalSpy canCheck(&updater, &Updater::canCheckForUpdatesChanged);
     QVERIFY(updater.canCheckForUpdates());
@@ -201,7 +209,7 @@ void UpdaterTest::signedNewerReleaseIsAnnouncedWithItsPage()
     QCOMPARE(canCheck.at(0).at(0).toBool(), false);
     QCOMPARE(canCheck.at(1).at(0).toBool(), true);
     QVERIFY(updater.canCheckForUpdates());
-    QCOMPARE(m_server->requests(), (QList<QByteArray>{"/appcast.xml", "/Orvanta-2.4.0.tar.gz"}));
+    QCOMPARE(m_server->requests(), (QList<QByteArray> { "/appcast.xml", "/Orvanta-2.4.0.tar.gz" }));
 }
 
 void UpdaterTest::sameOrOlderVersionIsUpToDate_data()
@@ -217,16 +225,16 @@ void UpdaterTest::sameOrOlderVersionIsUpToDate()
     QFETCH(QString, version);
     Release r = publish("payload");
     r.version = version;
-    m_server->set("/appcast.xml", {200, feed({r})});
+    m_server->set("/appcast.xml", { 200, feed({ r }) });
     Updater updater(config());
     const UpdateCheckResult result = runCheck(updater);
     QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::UpToDate));
-    QCOMPARE(m_server->requests(), QList<QByteArray>{"/appcast.xml"}); // nothing downloaded
+    QCOMPARE(m_server->requests(), QList<QByteArray> { "/appcast.xml" }); // nothing downloaded
 }
 
 void UpdaterTest::badReleasesAreNeverAnnounced_data()
 {
-    QTest::addColumn<QByteArray>("served");   // what the server sends instead of the signed bytes
+    QTest::addColumn<QByteArray>("served"); // what the server sends instead of the signed bytes
     QTest::addColumn<QByteArray>("signature"); // empty: the true one
     QTest::addColumn<QString>("error");
     const QByteArray payload(1000, 'x');
@@ -248,7 +256,7 @@ void UpdaterTest::badReleasesAreNeverAnnounced()
         r.signature.clear();
     else if (!signature.isEmpty())
         r.signature = signature;
-    m_server->set("/appcast.xml", {200, feed({r})});
+    m_server->set("/appcast.xml", { 200, feed({ r }) });
     Updater updater(config());
     const UpdateCheckResult result = runCheck(updater);
     QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::Failed));
@@ -269,7 +277,7 @@ void UpdaterTest::brokenFeedsFail()
 {
     QFETCH(int, status);
     QFETCH(QByteArray, body);
-    m_server->set("/appcast.xml", {status, body});
+    m_server->set("/appcast.xml", { status, body });
     Updater updater(config());
     const UpdateCheckResult result = runCheck(updater);
     QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::Failed));
@@ -279,7 +287,7 @@ void UpdaterTest::brokenFeedsFail()
 
 void UpdaterTest::stalledServerTimesOutAndAllowsTheNextCheck()
 {
-    m_server->set("/appcast.xml", {200, {}, true});
+    m_server->set("/appcast.xml", { 200, {}, true });
     Updater updater(config(300));
     const UpdateCheckResult result = runCheck(updater);
     QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::Failed));
@@ -287,7 +295,7 @@ void UpdaterTest::stalledServerTimesOutAndAllowsTheNextCheck()
 
     Release r = publish("new");
     r.version = u"57"_s;
-    m_server->set("/appcast.xml", {200, feed({r})});
+    m_server->set("/appcast.xml", { 200, feed({ r }) });
     QCOMPARE(int(runCheck(updater).outcome), int(UpdateCheckResult::Outcome::UpToDate));
 }
 
@@ -295,7 +303,7 @@ void UpdaterTest::secondCheckWhileOneIsUnderWayIsIgnored()
 {
     Release r = publish("new");
     r.version = u"57"_s;
-    m_server->set("/appcast.xml", {200, feed({r})});
+    m_server->set("/appcast.xml", { 200, feed({ r }) });
     Updater updater(config());
     QSignalSpy finished(&updater, &Updater::checkFinished);
     updater.checkForUpdates();
@@ -311,7 +319,7 @@ void UpdaterTest::secondCheckWhileOneIsUnderWayIsIgnored()
 void UpdaterTest::unconfiguredUpdaterCannotCheck()
 {
     QSettings().setValue(QLatin1StringView(Updater::kAutomaticChecksKey), false);
-    Updater updater(UpdaterConfig{});
+    Updater updater(UpdaterConfig {});
     QSignalSpy finished(&updater, &Updater::checkFinished);
     QSignalSpy canCheck(&updater, &Updater::canCheckForUpdatesChanged);
     QVERIFY(!updater.isConfigured());
@@ -343,7 +351,7 @@ void UpdaterTest::automaticChecksSettingIsKept()
 void UpdaterTest::versionTextHasBuildNumber()
 {
     QCOMPARE(Updater(config()).currentVersionString(), u"2.3.1 (Build 57)"_s);
-    QCOMPARE(Updater(UpdaterConfig{}).currentVersionString(), u"1.0.0 (Build 1)"_s);
+    QCOMPARE(Updater(UpdaterConfig {}).currentVersionString(), u"1.0.0 (Build 1)"_s);
 }
 
 void UpdaterTest::versionsCompareAsPeopleReadThem_data()
@@ -373,7 +381,7 @@ void UpdaterTest::nextAutomaticCheckIsDueOneIntervalAfterTheLast()
     const QDateTime now = QDateTime::fromSecsSinceEpoch(1800000000, Qt::UTC);
     QCOMPARE(Updater::secondsUntilDue({}, now, 86400), qint64(0)); // never checked
     QCOMPARE(Updater::secondsUntilDue(now.addSecs(-3600), now, 86400), qint64(82800));
-    QCOMPARE(Updater::secondsUntilDue(now.addDays(-2), now, 86400), qint64(0));  // overdue
+    QCOMPARE(Updater::secondsUntilDue(now.addDays(-2), now, 86400), qint64(0)); // overdue
     QCOMPARE(Updater::secondsUntilDue(now.addSecs(600), now, 86400), qint64(0)); // clock went back
 }
 

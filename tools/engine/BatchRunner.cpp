@@ -4,8 +4,6 @@
 #include "HdrRenderer.h"
 #include "OutputNaming.h"
 #include "SystemLoad.h"
-
-#include "media/ExivAdapter.h"
 #include "media/ExivAdapter.h"
 
 #include <QDateTime>
@@ -19,9 +17,8 @@
 #include <chrono>
 #include <cstdio>
 #include <thread>
-#include <vector>
-
 #include <unistd.h>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -52,8 +49,8 @@ NamingFacts factsFor(const PhotoPair &pair, const QString &profileId)
 bool writeFile(const QString &path, const QByteArray &bytes, QString &error)
 {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)
-        || file.write(bytes) != bytes.size() || !file.flush()) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size()
+        || !file.flush()) {
         error = u"cannot write "_s + path + u": "_s + file.errorString();
         return false;
     }
@@ -63,8 +60,14 @@ bool writeFile(const QString &path, const QByteArray &bytes, QString &error)
 
 } // namespace
 
-void BatchRunner::requestInterrupt() { g_interrupt = true; }
-void BatchRunner::requestTerminate() { g_terminate = true; }
+void BatchRunner::requestInterrupt()
+{
+    g_interrupt = true;
+}
+void BatchRunner::requestTerminate()
+{
+    g_terminate = true;
+}
 
 BatchRunner::BatchRunner(const RunOptions &options, EventLog &log)
     : m_options(options)
@@ -95,17 +98,25 @@ int BatchRunner::run()
         return ExitSetup;
     }
     m_log.line(u"🔎 Scanning "_s + m_options.sourceDir);
-    ScanResult scan = scanSource(m_options, [this](const QString &fp) { return m_db.isDelivered(fp); });
+    ScanResult scan
+        = scanSource(m_options, [this](const QString &fp) { return m_db.isDelivered(fp); });
     if (!scan.error.isEmpty()) {
         m_log.line(u"❌ "_s + scan.error);
         return ExitSetup;
     }
     m_pending = scan.pending;
-    m_log.line(u"🔎 Found %1 pairs, %2 orphans; %3 already delivered, %4 below the rating filter, %5 pending"_s
-                   .arg(scan.pairs).arg(scan.orphans).arg(scan.delivered).arg(scan.belowRating)
-                   .arg(m_pending.size()));
-    m_log.event(u"scan"_s, { { u"pairs"_s, scan.pairs }, { u"orphans"_s, scan.orphans },
-                             { u"skipped"_s, scan.skipped() }, { u"pending"_s, int(m_pending.size()) } });
+    m_log.line(
+        u"🔎 Found %1 pairs, %2 orphans; %3 already delivered, %4 below the rating filter, %5 pending"_s
+            .arg(scan.pairs)
+            .arg(scan.orphans)
+            .arg(scan.delivered)
+            .arg(scan.belowRating)
+            .arg(m_pending.size()));
+    m_log.event(u"scan"_s,
+                { { u"pairs"_s, scan.pairs },
+                  { u"orphans"_s, scan.orphans },
+                  { u"skipped"_s, scan.skipped() },
+                  { u"pending"_s, int(m_pending.size()) } });
     if (m_options.dryRun) {
         for (const PhotoPair &pair : std::as_const(m_pending)) {
             const NamingFacts facts = factsFor(pair, m_options.profileId);
@@ -113,8 +124,8 @@ int BatchRunner::run()
                        + subfolderFor(m_options.subfolderRule, facts)
                        + outputFileName(m_options.namingTemplate, facts));
         }
-        m_log.event(u"batch_done"_s, { { u"success"_s, 0 }, { u"failed"_s, 0 },
-                                       { u"skipped"_s, scan.skipped() } });
+        m_log.event(u"batch_done"_s,
+                    { { u"success"_s, 0 }, { u"failed"_s, 0 }, { u"skipped"_s, scan.skipped() } });
         return ExitOk;
     }
     if (!m_pending.isEmpty() && !QDir().mkpath(m_options.destDir)) {
@@ -123,13 +134,18 @@ int BatchRunner::run()
     }
     const int workers = chooseWorkerCount(int(m_pending.size()));
     if (!m_pending.isEmpty())
-        m_log.line(u"🚀 Converting %1 pair%2 with %3 worker%4 (profile %5)"_s
-                       .arg(m_pending.size()).arg(m_pending.size() == 1 ? u""_s : u"s"_s)
-                       .arg(workers).arg(workers == 1 ? u""_s : u"s"_s).arg(m_options.profileId));
+        m_log.line(u"🚀 Converting %1 pair%2 with %3 worker%4 (profile %5)"_s.arg(m_pending.size())
+                       .arg(m_pending.size() == 1 ? u""_s : u"s"_s)
+                       .arg(workers)
+                       .arg(workers == 1 ? u""_s : u"s"_s)
+                       .arg(m_options.profileId));
     std::atomic<int> running { workers };
     std::vector<std::thread> pool;
     for (int w = 0; w < workers && !m_pending.isEmpty(); ++w)
-        pool.emplace_back([this, w, &running] { workerLoop(w); --running; });
+        pool.emplace_back([this, w, &running] {
+            workerLoop(w);
+            --running;
+        });
     while (running > 0 && !pool.empty()) {
         if (g_terminate)
             terminateNow();
@@ -142,10 +158,13 @@ int BatchRunner::run()
     const bool interrupted = g_interrupt;
     if (interrupted)
         m_log.line(u"⚠️ Interrupted: in-flight items were finished and recorded"_s);
-    m_log.event(u"batch_done"_s, { { u"success"_s, m_success.load() }, { u"failed"_s, m_failed.load() },
-                                   { u"skipped"_s, scan.skipped() } });
+    m_log.event(u"batch_done"_s,
+                { { u"success"_s, m_success.load() },
+                  { u"failed"_s, m_failed.load() },
+                  { u"skipped"_s, scan.skipped() } });
     m_log.line(u"✅ Done: %1 delivered, %2 failed, %3 skipped"_s.arg(m_success.load())
-                   .arg(m_failed.load()).arg(scan.skipped()));
+                   .arg(m_failed.load())
+                   .arg(scan.skipped()));
     if (interrupted)
         return ExitInterrupted;
     return m_canaryTripped ? ExitCanary : ExitOk;
@@ -196,7 +215,8 @@ QString BatchRunner::claimOutput(const QString &wanted, const QString &stem)
     QString candidate = wanted;
     for (int n = 2;; ++n) {
         const bool taken = m_claimedOutputs.contains(candidate)
-            || (QFileInfo::exists(candidate) && m_db.stemForOutput(candidate).value_or(stem) != stem);
+            || (QFileInfo::exists(candidate)
+                && m_db.stemForOutput(candidate).value_or(stem) != stem);
         if (!taken)
             break;
         candidate = base + u'-' + QString::number(n) + u'.' + suffix;
@@ -265,11 +285,12 @@ void BatchRunner::processPair(const PhotoPair &pair, int index)
     const int total = int(m_pending.size());
     QElapsedTimer timer;
     timer.start();
-    m_log.event(u"item_start"_s, { { u"stem"_s, pair.stem }, { u"index"_s, index }, { u"total"_s, total } });
+    m_log.event(u"item_start"_s,
+                { { u"stem"_s, pair.stem }, { u"index"_s, index }, { u"total"_s, total } });
     m_log.line(u"🚀 [%1/%2] %3"_s.arg(index).arg(total).arg(pair.stem));
 
-    const RenderRequest request { pair.rawPath, pair.jpgPath, m_tuning, m_options.backlitFill,
-                                  m_options.debugMasks, skinFinder() };
+    const RenderRequest request { pair.rawPath,          pair.jpgPath,         m_tuning,
+                                  m_options.backlitFill, m_options.debugMasks, skinFinder() };
     const RenderResult rendered = renderPair(request);
     Delivery delivery;
     if (rendered.error.isEmpty())
@@ -287,7 +308,8 @@ BatchRunner::Delivery BatchRunner::deliver(const PhotoPair &pair, const RenderRe
 {
     Delivery d;
     const NamingFacts facts = factsFor(pair, m_options.profileId);
-    const QString folder = QDir(m_options.destDir).filePath(subfolderFor(m_options.subfolderRule, facts));
+    const QString folder
+        = QDir(m_options.destDir).filePath(subfolderFor(m_options.subfolderRule, facts));
     const QString name = outputFileName(m_options.namingTemplate, facts);
     // The destination itself is never re-created here: a vanished drive must
     // stop the batch, not fill the mount point's folder.
@@ -307,7 +329,8 @@ BatchRunner::Delivery BatchRunner::deliver(const PhotoPair &pair, const RenderRe
         d.abandoned = true;
         return d;
     }
-    if (writeFile(temp, rendered.bytes, d.error) && std::rename(qPrintable(temp), qPrintable(output)) != 0)
+    if (writeFile(temp, rendered.bytes, d.error)
+        && std::rename(qPrintable(temp), qPrintable(output)) != 0)
         d.error = u"cannot move the result into place: "_s + output;
     if (!d.error.isEmpty())
         QFile::remove(temp);
@@ -325,13 +348,15 @@ BatchRunner::Delivery BatchRunner::deliver(const PhotoPair &pair, const RenderRe
     return d;
 }
 
-void BatchRunner::record(const PhotoPair &pair, const RenderResult &rendered, const Delivery &delivery,
-                         double seconds)
+void BatchRunner::record(const PhotoPair &pair, const RenderResult &rendered,
+                         const Delivery &delivery, double seconds)
 {
     const bool ok = delivery.error.isEmpty();
-    ProcessedRow row { pair.fingerprint, pair.stem, pair.rawPath, pair.jpgPath, std::nullopt,
-                       ok ? u"SUCCESS"_s : u"FAILED"_s, std::nullopt, std::nullopt,
-                       std::nullopt, timestampNow(), seconds, std::nullopt, pair.rating };
+    ProcessedRow row { pair.fingerprint, pair.stem,    pair.rawPath,
+                       pair.jpgPath,     std::nullopt, ok ? u"SUCCESS"_s : u"FAILED"_s,
+                       std::nullopt,     std::nullopt, std::nullopt,
+                       timestampNow(),   seconds,      std::nullopt,
+                       pair.rating };
     if (ok) {
         row.outputPath = delivery.outputPath;
         row.peakStops = rendered.peakStops;
@@ -346,14 +371,17 @@ void BatchRunner::record(const PhotoPair &pair, const RenderResult &rendered, co
         m_log.line(u"⚠️ Could not record "_s + pair.stem + u": "_s + m_db.error());
 }
 
-void BatchRunner::report(const PhotoPair &pair, const RenderResult &rendered, const Delivery &delivery,
-                         const Position &at)
+void BatchRunner::report(const PhotoPair &pair, const RenderResult &rendered,
+                         const Delivery &delivery, const Position &at)
 {
-    const QJsonObject where { { u"stem"_s, pair.stem }, { u"index"_s, at.index }, { u"total"_s, at.total },
+    const QJsonObject where { { u"stem"_s, pair.stem },
+                              { u"index"_s, at.index },
+                              { u"total"_s, at.total },
                               { u"duration"_s, at.seconds } };
     if (!delivery.error.isEmpty()) {
         ++m_failed;
-        m_log.line(u"❌ [%1/%2] %3: %4"_s.arg(at.index).arg(at.total).arg(pair.stem, delivery.error));
+        m_log.line(
+            u"❌ [%1/%2] %3: %4"_s.arg(at.index).arg(at.total).arg(pair.stem, delivery.error));
         QJsonObject failed = where;
         failed.insert(u"error"_s, delivery.error);
         failed.insert(u"status"_s, u"FAILED"_s);
@@ -361,9 +389,13 @@ void BatchRunner::report(const PhotoPair &pair, const RenderResult &rendered, co
         return;
     }
     ++m_success;
-    m_log.line(u"✅ [%1/%2] %3 -> %4 (+%5 st, %6 face%9, clip %7%, %8 s)"_s.arg(at.index).arg(at.total)
-                   .arg(pair.stem, delivery.outputPath).arg(rendered.peakStops, 0, 'f', 2).arg(rendered.faces)
-                   .arg(rendered.rawClipPct, 0, 'f', 2).arg(at.seconds, 0, 'f', 2)
+    m_log.line(u"✅ [%1/%2] %3 -> %4 (+%5 st, %6 face%9, clip %7%, %8 s)"_s.arg(at.index)
+                   .arg(at.total)
+                   .arg(pair.stem, delivery.outputPath)
+                   .arg(rendered.peakStops, 0, 'f', 2)
+                   .arg(rendered.faces)
+                   .arg(rendered.rawClipPct, 0, 'f', 2)
+                   .arg(at.seconds, 0, 'f', 2)
                    .arg(rendered.faces == 1 ? u""_s : u"s"_s));
     QJsonObject done = where;
     done.insert(u"faces"_s, rendered.faces);

@@ -17,8 +17,13 @@
 
 namespace orvanta::engine {
 
-enum ExitStatus { ExitOk = 0, ExitSetup = 1, ExitCanary = 2, ExitInterrupted = 130,
-                  ExitTerminated = 143 };
+enum ExitStatus {
+    ExitOk = 0,
+    ExitSetup = 1,
+    ExitCanary = 2,
+    ExitInterrupted = 130,
+    ExitTerminated = 143
+};
 
 class BatchRunner
 {
@@ -36,7 +41,7 @@ private:
     struct Delivery
     {
         QString outputPath;
-        QString error;          // empty when delivered
+        QString error; // empty when delivered
         bool abandoned = false; // the engine is terminating
     };
     struct Position

@@ -7,13 +7,12 @@
 #include <QJsonDocument>
 #include <QStandardPaths>
 
-#include <libraw/libraw.h>
-#include <opencv2/core/version.hpp>
+#include <cstdio>
 #include <exiv2/exiv2.hpp>
 #include <jpeglib.h>
+#include <libraw/libraw.h>
+#include <opencv2/core/version.hpp>
 #include <sqlite3.h>
-
-#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
@@ -24,8 +23,11 @@ namespace {
 QJsonObject item(const QString &name, const QString &kind, bool found, const QString &detail,
                  bool required)
 {
-    return { { u"name"_s, name }, { u"kind"_s, kind }, { u"found"_s, found },
-             { u"detail"_s, detail }, { u"required"_s, required } };
+    return { { u"name"_s, name },
+             { u"kind"_s, kind },
+             { u"found"_s, found },
+             { u"detail"_s, detail },
+             { u"required"_s, required } };
 }
 
 } // namespace
@@ -34,9 +36,11 @@ QJsonObject doctorReport()
 {
     QJsonArray checks;
     checks << item(u"libraw"_s, u"library"_s, true, QString::fromLatin1(LibRaw::version()), true);
-    checks << item(u"exiv2"_s, u"library"_s, true, QString::fromStdString(Exiv2::versionString()), true);
+    checks << item(u"exiv2"_s, u"library"_s, true, QString::fromStdString(Exiv2::versionString()),
+                   true);
     checks << item(u"libjpeg"_s, u"library"_s, true, QString::number(JPEG_LIB_VERSION), true);
-    checks << item(u"sqlite3"_s, u"library"_s, true, QString::fromLatin1(sqlite3_libversion()), true);
+    checks << item(u"sqlite3"_s, u"library"_s, true, QString::fromLatin1(sqlite3_libversion()),
+                   true);
     checks << item(u"opencv"_s, u"library"_s, true, QString::fromLatin1(CV_VERSION), true);
     const QString cascade = faceCascadePath();
     checks << item(u"face_cascade"_s, u"data"_s, !cascade.isEmpty(),
@@ -48,9 +52,12 @@ QJsonObject doctorReport()
     for (const QJsonValue &v : std::as_const(checks))
         if (v[u"required"_s].toBool() && !v[u"found"_s].toBool())
             missing << v[u"name"_s].toString();
-    return { { u"engine"_s, u"orvanta_engine"_s }, { u"version"_s, QStringLiteral(ORVANTA_VERSION) },
-             { u"healthy"_s, missing.isEmpty() }, { u"missing"_s, QJsonArray::fromStringList(missing) },
-             { u"checks"_s, checks }, { u"state_db"_s, StateDatabase::defaultPath() } };
+    return { { u"engine"_s, u"orvanta_engine"_s },
+             { u"version"_s, QStringLiteral(ORVANTA_VERSION) },
+             { u"healthy"_s, missing.isEmpty() },
+             { u"missing"_s, QJsonArray::fromStringList(missing) },
+             { u"checks"_s, checks },
+             { u"state_db"_s, StateDatabase::defaultPath() } };
 }
 
 int runDoctor(bool json)
@@ -60,7 +67,8 @@ int runDoctor(bool json)
         std::fputs(QJsonDocument(report).toJson(QJsonDocument::Indented).constData(), stdout);
     } else {
         for (const QJsonValue &v : report[u"checks"_s].toArray())
-            std::printf("%s %-14s %s\n", v[u"found"_s].toBool() ? "✅" : (v[u"required"_s].toBool() ? "❌" : "⚠️"),
+            std::printf("%s %-14s %s\n",
+                        v[u"found"_s].toBool() ? "✅" : (v[u"required"_s].toBool() ? "❌" : "⚠️"),
                         qPrintable(v[u"name"_s].toString()), qPrintable(v[u"detail"_s].toString()));
     }
     return report[u"healthy"_s].toBool() ? 0 : 1;

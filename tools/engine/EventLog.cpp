@@ -26,8 +26,8 @@ QString EventLog::logsFolder()
 void EventLog::openLogFile()
 {
     QDir().mkpath(logsFolder());
-    m_file.setFileName(logsFolder() + u"/engine-"_s
-                       + QDate::currentDate().toString(u"yyyy-MM-dd"_s) + u".log"_s);
+    m_file.setFileName(logsFolder() + u"/engine-"_s + QDate::currentDate().toString(u"yyyy-MM-dd"_s)
+                       + u".log"_s);
     if (!m_file.open(QIODevice::Append | QIODevice::Text))
         line(u"⚠️ Cannot write the log file "_s + m_file.fileName());
 }

@@ -2,11 +2,10 @@
 
 #include <QFileInfo>
 
-#include <opencv2/imgproc.hpp>
-#include <opencv2/objdetect.hpp>
-
 #include <algorithm>
 #include <memory>
+#include <opencv2/imgproc.hpp>
+#include <opencv2/objdetect.hpp>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -45,10 +44,10 @@ QString faceCascadePath()
 {
     const QString name = u"haarcascade_frontalface_default.xml"_s;
     const QString resources = qEnvironmentVariable("ORVANTA_RESOURCES_DIR");
-    const QStringList candidates = {
-        resources.isEmpty() ? QString() : QString(resources + u"/haarcascades/"_s + name),
-        QString(u"/usr/share/opencv4/haarcascades/"_s + name),
-        QString(u"/usr/share/opencv/haarcascades/"_s + name) };
+    const QStringList candidates
+        = { resources.isEmpty() ? QString() : QString(resources + u"/haarcascades/"_s + name),
+            QString(u"/usr/share/opencv4/haarcascades/"_s + name),
+            QString(u"/usr/share/opencv/haarcascades/"_s + name) };
     for (const QString &candidate : candidates) {
         if (!candidate.isEmpty() && QFileInfo(candidate).isFile())
             return candidate;
@@ -62,7 +61,8 @@ QImage findSkin(const QImage &grey, const QImage &rgb, int *faces)
     cv::CascadeClassifier *cascade = threadCascade();
     if (!cascade || grey.isNull())
         return {};
-    const double scale = std::min(1.0, double(kDetectLongSide) / std::max(grey.width(), grey.height()));
+    const double scale
+        = std::min(1.0, double(kDetectLongSide) / std::max(grey.width(), grey.height()));
     const cv::Mat full(grey.height(), grey.width(), CV_8UC1, const_cast<uchar *>(grey.constBits()),
                        size_t(grey.bytesPerLine()));
     cv::Mat small;
@@ -76,7 +76,8 @@ QImage findSkin(const QImage &grey, const QImage &rgb, int *faces)
         return {};
     cv::Mat mask(grey.height(), grey.width(), CV_8UC1, cv::Scalar(0));
     for (const cv::Rect &f : found) {
-        const cv::Point centre(int((f.x + f.width / 2.0) / scale), int((f.y + f.height / 2.0) / scale));
+        const cv::Point centre(int((f.x + f.width / 2.0) / scale),
+                               int((f.y + f.height / 2.0) / scale));
         const cv::Size axes(int(f.width * 0.75 / scale), int(f.height * 1.0 / scale));
         cv::Mat region(mask.size(), CV_8UC1, cv::Scalar(0));
         cv::ellipse(region, centre, axes, 0, 0, 360, cv::Scalar(255), cv::FILLED);

@@ -1,12 +1,10 @@
 #include "HdrRenderer.h"
 
 #include "RawDevelop.h"
-
 #include "hdr/JpegCodec.h"
 #include "hdr/UltraHdrDecoder.h"
 #include "hdr/UltraHdrWriter.h"
 #include "media/ExifOrientation.h"
-#include "media/ExivAdapter.h"
 #include "media/ExivAdapter.h"
 
 #include <QFile>
@@ -25,7 +23,7 @@ namespace {
 
 constexpr double kHeadroomStops = 3.0; // the most the highlight part may add
 constexpr float kOffset = 1.0f / 64.0f; // the writer's SDR/HDR offsets
-constexpr int kWorkLongSide = 1500;     // gains are worked out at about this size
+constexpr int kWorkLongSide = 1500; // gains are worked out at about this size
 
 double smoothstep(double e0, double e1, double x)
 {
@@ -144,7 +142,7 @@ double backlitStrength(const WorkPlanes &p)
 struct GainPlanes
 {
     std::vector<float> factor; // per channel: (hdr + offset) / (sdr + offset)
-    std::vector<float> lift;     // stops, for the mask and the peak
+    std::vector<float> lift; // stops, for the mask and the peak
     double peakStops = 0.0;
 };
 
@@ -162,7 +160,8 @@ GainPlanes computeGains(const WorkPlanes &p, const Tuning &t, const QImage &skin
         const double excess = std::max(0.0, std::log2((yr + 1e-4) / (ys + 1e-4)));
         double lift = liftStops(t, ys, excess, p.brightness[i]);
         if (!skin.isNull())
-            lift *= 1.0 - std::clamp(t.skinDamp, 0.0, 1.0)
+            lift *= 1.0
+                - std::clamp(t.skinDamp, 0.0, 1.0)
                     * skin.constScanLine(int(i / p.width))[i % p.width] / 255.0;
         if (fill > 0.0)
             lift += fill * std::pow(1.0 - smoothstep(0.0, 0.18, ys), 2.0);
@@ -232,7 +231,8 @@ QImage buildHdr(const QImage &full, const GainPlanes &g, int gw, int gh)
                 const float top = r0[a + c] + (r0[b + c] - r0[a + c]) * wx;
                 const float bottom = r1[a + c] + (r1[b + c] - r1[a + c]) * wx;
                 const float factor = top + (bottom - top) * wy;
-                out[x * 4 + c] = qfloat16(std::max(0.0f, (lut[s[x * 3 + c]] + kOffset) * factor - kOffset));
+                out[x * 4 + c]
+                    = qfloat16(std::max(0.0f, (lut[s[x * 3 + c]] + kOffset) * factor - kOffset));
             }
             out[x * 4 + 3] = one;
         }
@@ -245,8 +245,8 @@ QImage maskImage(const std::vector<float> &values, int w, int h, double full)
     QImage mask(w, h, QImage::Format_Grayscale8);
     for (int y = 0; y < h; ++y)
         for (int x = 0; x < w; ++x)
-            mask.scanLine(y)[x] =
-                uchar(std::clamp(values[size_t(y) * w + x] / full * 255.0, 0.0, 255.0));
+            mask.scanLine(y)[x]
+                = uchar(std::clamp(values[size_t(y) * w + x] / full * 255.0, 0.0, 255.0));
     return mask;
 }
 

@@ -27,14 +27,14 @@ struct RenderRequest
 
 struct RenderResult
 {
-    QByteArray bytes;     // the Ultra HDR file; empty on failure
+    QByteArray bytes; // the Ultra HDR file; empty on failure
     QString error;
     double peakStops = 0.0;
     double rawClipPct = 0.0;
     int faces = 0;
     bool backlit = false; // the fill light was applied
-    QImage gainMask;      // when asked for: the lift in stops, 0..4 mapped to 0..255
-    QImage skinMask;      // when asked for: the skin weight
+    QImage gainMask; // when asked for: the lift in stops, 0..4 mapped to 0..255
+    QImage skinMask; // when asked for: the skin weight
 };
 
 RenderResult renderPair(const RenderRequest &request);

@@ -10,7 +10,7 @@ struct NamingFacts
 {
     QString stem;
     QString profileId;
-    QString date;   // capture date, "yyyy-MM-dd"
+    QString date; // capture date, "yyyy-MM-dd"
     QString camera; // camera model
     int rating = 0;
 };

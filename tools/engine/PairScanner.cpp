@@ -44,8 +44,7 @@ namespace {
 
 std::optional<int> ratingFromXmpText(const QByteArray &xmp)
 {
-    static const QRegularExpression pattern(
-        u"xmp:Rating(?:=\"|>)\\s*(-?\\d+)"_s);
+    static const QRegularExpression pattern(u"xmp:Rating(?:=\"|>)\\s*(-?\\d+)"_s);
     const QRegularExpressionMatch m = pattern.match(QString::fromUtf8(xmp));
     if (!m.hasMatch())
         return std::nullopt;
@@ -56,8 +55,8 @@ std::optional<int> ratingFromSidecar(const QString &rawPath)
 {
     const QFileInfo raw(rawPath);
     const QString base = raw.dir().filePath(raw.completeBaseName());
-    const QStringList candidates = { QString(rawPath + u".xmp"_s), QString(base + u".xmp"_s),
-                                     QString(base + u".XMP"_s) };
+    const QStringList candidates
+        = { QString(rawPath + u".xmp"_s), QString(base + u".xmp"_s), QString(base + u".XMP"_s) };
     for (const QString &candidate : candidates) {
         QFile file(candidate);
         if (file.open(QIODevice::ReadOnly))

@@ -25,12 +25,12 @@ struct PhotoPair
 struct ScanResult
 {
     QList<PhotoPair> pending;
-    int pairs = 0;        // pairs considered (after the stem filter)
-    int orphans = 0;      // RAW or JPG files without a partner
-    int delivered = 0;    // skipped: already delivered with the same fingerprint
-    int belowRating = 0;  // skipped: rated below --min-rating
+    int pairs = 0; // pairs considered (after the stem filter)
+    int orphans = 0; // RAW or JPG files without a partner
+    int delivered = 0; // skipped: already delivered with the same fingerprint
+    int belowRating = 0; // skipped: rated below --min-rating
     int skipped() const { return delivered + belowRating; }
-    QString error;        // the folder could not be read
+    QString error; // the folder could not be read
 };
 
 bool isRawExtension(const QString &suffix);

@@ -2,9 +2,8 @@
 
 #include "media/ExifOrientation.h"
 
-#include <libraw/libraw.h>
-
 #include <algorithm>
+#include <libraw/libraw.h>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -100,8 +99,8 @@ RawDevelopment developRaw(const QString &path, QSize target, int jpgOrientation)
     params.no_auto_bright = 1;
     params.use_camera_wb = 1;
     params.output_color = 1; // sRGB primaries, like the camera JPG
-    params.highlight = 0;    // clip at the sensor's white point: no invented detail
-    params.user_qual = 0;    // bilinear: the result feeds a map at a quarter of the size
+    params.highlight = 0; // clip at the sensor's white point: no invented detail
+    params.user_qual = 0; // bilinear: the result feeds a map at a quarter of the size
     const QByteArray file = path.toUtf8();
     int code = raw->open_file(file.constData());
     if (code != LIBRAW_SUCCESS) {
@@ -128,7 +127,8 @@ RawDevelopment developRaw(const QString &path, QSize target, int jpgOrientation)
     QImage upright = toImage(processed);
     LibRaw::dcraw_clear_mem(processed);
     raw.reset();
-    const QImage stored = applyExifOrientation(std::move(upright), inverseOrientation(jpgOrientation));
+    const QImage stored
+        = applyExifOrientation(std::move(upright), inverseOrientation(jpgOrientation));
     out.image = frameLike(stored, target);
     return out;
 }

@@ -11,7 +11,7 @@ namespace orvanta::engine {
 
 struct RawDevelopment
 {
-    QImage image;         // Format_RGBX64, linear, 65535 = the sensor's clip point
+    QImage image; // Format_RGBX64, linear, 65535 = the sensor's clip point
     double clipPct = 0.0; // share of sensor samples at the clip point, in percent
     QString error;
 };

@@ -88,8 +88,7 @@ bool StateDatabase::open(const QString &path)
     QDir().mkpath(QFileInfo(path).absolutePath());
     const QByteArray file = path.toUtf8();
     if (sqlite3_open_v2(file.constData(), &m_db,
-                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX,
-                        nullptr)
+                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX, nullptr)
         != SQLITE_OK) {
         m_error = QString::fromUtf8(sqlite3_errmsg(m_db));
         sqlite3_close(m_db);

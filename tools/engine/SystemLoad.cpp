@@ -40,7 +40,8 @@ bool memoryPressureHigh()
 {
     // ORVANTA_PSI_FILE points elsewhere, for containers that mount their own
     // pressure file and for tests.
-    const QString path = qEnvironmentVariable("ORVANTA_PSI_FILE", QStringLiteral("/proc/pressure/memory"));
+    const QString path
+        = qEnvironmentVariable("ORVANTA_PSI_FILE", QStringLiteral("/proc/pressure/memory"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return false;

@@ -4,7 +4,6 @@
 #include "Doctor.h"
 #include "EngineOptions.h"
 #include "EventLog.h"
-
 #include "media/ExivAdapter.h"
 
 #include <QCoreApplication>
@@ -27,7 +26,9 @@ void onSignal(int signal)
 
 void installSignalHandlers()
 {
-    struct sigaction action {};
+    struct sigaction action
+    {
+    };
     action.sa_handler = onSignal;
     sigemptyset(&action.sa_mask);
     sigaction(SIGINT, &action, nullptr);
@@ -42,8 +43,8 @@ int runBatch(RunOptions options)
     applyConfigFile(options, defaultConfigPath());
     EventLog log(options.jsonStream);
     log.openLogFile();
-    log.line(u"🚀 orvanta_engine %1: %2 -> %3"_s.arg(QStringLiteral(ORVANTA_VERSION), options.sourceDir,
-                                                    options.destDir));
+    log.line(u"🚀 orvanta_engine %1: %2 -> %3"_s.arg(QStringLiteral(ORVANTA_VERSION),
+                                                    options.sourceDir, options.destDir));
     BatchRunner runner(options, log);
     return runner.run();
 }

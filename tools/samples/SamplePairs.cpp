@@ -17,7 +17,7 @@ namespace orvanta::samples {
 
 namespace {
 
-constexpr double kRawWhite = 60000.0;   // the DNG's white level
+constexpr double kRawWhite = 60000.0; // the DNG's white level
 constexpr double kRawExposure = 1.0 / 8; // radiance 8 reaches the sensor's white
 
 // A minimal little-endian TIFF writer: one IFD0 and an optional Exif IFD.
@@ -29,8 +29,18 @@ struct TiffEntry
     QByteArray data;
 };
 
-QByteArray le16(quint16 v) { QByteArray b(2, 0); qToLittleEndian(v, b.data()); return b; }
-QByteArray le32(quint32 v) { QByteArray b(4, 0); qToLittleEndian(v, b.data()); return b; }
+QByteArray le16(quint16 v)
+{
+    QByteArray b(2, 0);
+    qToLittleEndian(v, b.data());
+    return b;
+}
+QByteArray le32(quint32 v)
+{
+    QByteArray b(4, 0);
+    qToLittleEndian(v, b.data());
+    return b;
+}
 
 TiffEntry shortEntry(quint16 tag, QList<quint16> values)
 {
@@ -39,7 +49,10 @@ TiffEntry shortEntry(quint16 tag, QList<quint16> values)
         d += le16(v);
     return { tag, 3, quint32(values.size()), d };
 }
-TiffEntry longEntry(quint16 tag, quint32 value) { return { tag, 4, 1, le32(value) }; }
+TiffEntry longEntry(quint16 tag, quint32 value)
+{
+    return { tag, 4, 1, le32(value) };
+}
 TiffEntry asciiEntry(quint16 tag, const QString &text)
 {
     const QByteArray d = text.toLatin1() + '\0';
@@ -106,7 +119,10 @@ QList<TiffEntry> cameraEntries(const SampleScene &scene)
     return e;
 }
 
-bool inside(const QRect &r, int x, int y) { return r.contains(x, y); }
+bool inside(const QRect &r, int x, int y)
+{
+    return r.contains(x, y);
+}
 
 float srgbDecode(int code)
 {
@@ -119,8 +135,14 @@ struct FaceGeometry
     double cx, cy, fw, fh;
 };
 
-bool turnsSideways(int orientation) { return orientation >= 5 && orientation <= 8; }
-int undoOrientation(int orientation) { return orientation == 6 ? 8 : orientation == 8 ? 6 : orientation; }
+bool turnsSideways(int orientation)
+{
+    return orientation >= 5 && orientation <= 8;
+}
+int undoOrientation(int orientation)
+{
+    return orientation == 6 ? 8 : orientation == 8 ? 6 : orientation;
+}
 
 // The face as the photo is displayed (upright), in display pixels.
 FaceGeometry faceGeometry(const SampleScene &s)
@@ -180,8 +202,14 @@ const QImage &faceLayer(const SampleScene &scene)
 
 } // namespace
 
-QRect sunRect(const SampleScene &s) { return { s.width / 8, s.height / 6, s.width / 5, s.height / 4 }; }
-QRect blownRect(const SampleScene &s) { return { s.width * 5 / 8, s.height / 6, s.width / 8, s.height / 6 }; }
+QRect sunRect(const SampleScene &s)
+{
+    return { s.width / 8, s.height / 6, s.width / 5, s.height / 4 };
+}
+QRect blownRect(const SampleScene &s)
+{
+    return { s.width * 5 / 8, s.height / 6, s.width / 8, s.height / 6 };
+}
 QImage cheekMask(const SampleScene &s)
 {
     const auto [cx, cy, fw, fh] = faceGeometry(s);
@@ -189,7 +217,10 @@ QImage cheekMask(const SampleScene &s)
         p.fillRect(QRectF(cx - fw * 0.7, cy + fh * 0.05, fw * 0.35, fh * 0.2), Qt::white);
     });
 }
-QRect shadowRect(const SampleScene &s) { return { s.width / 10, s.height * 2 / 3, s.width / 4, s.height / 4 }; }
+QRect shadowRect(const SampleScene &s)
+{
+    return { s.width / 10, s.height * 2 / 3, s.width / 4, s.height / 4 };
+}
 
 void sceneRadiance(const SampleScene &scene, int x, int y, float rgb[3])
 {
@@ -241,25 +272,25 @@ QByteArray makeDng(const SampleScene &scene)
             }
         }
     // Camera space = linear sRGB: the colour matrix is the XYZ (D65) to sRGB one.
-    QList<std::pair<qint32, qint32>> xyzToSrgb = {
-        { 32406, 10000 }, { -15372, 10000 }, { -4986, 10000 },
-        { -9689, 10000 }, { 18758, 10000 }, { 415, 10000 },
-        { 557, 10000 }, { -2040, 10000 }, { 10570, 10000 } };
+    QList<std::pair<qint32, qint32>> xyzToSrgb
+        = { { 32406, 10000 }, { -15372, 10000 }, { -4986, 10000 },
+            { -9689, 10000 }, { 18758, 10000 },  { 415, 10000 },
+            { 557, 10000 },   { -2040, 10000 },  { 10570, 10000 } };
     QList<TiffEntry> ifd0 = cameraEntries(scene);
-    ifd0 << longEntry(254, 0) << longEntry(256, quint32(scene.width)) << longEntry(257, quint32(scene.height))
-         << shortEntry(259, { 1 }) << longEntry(273, 8) << longEntry(278, quint32(scene.height))
-         << longEntry(279, quint32(pixels.size())) << shortEntry(284, { 1 })
-         << TiffEntry { 50706, 1, 4, QByteArray("\x01\x04\x00\x00", 4) }
-         << asciiEntry(50708, QStringLiteral("Orvanta ") + scene.model)
-         << longEntry(50714, 0) << longEntry(50717, quint32(kRawWhite))
-         << rationalEntry(50721, 10, xyzToSrgb)
-         << rationalEntry(50728, 5, { { 1, 1 }, { 1, 1 }, { 1, 1 } })
-         << shortEntry(50778, { 21 });
+    ifd0 << longEntry(254, 0) << longEntry(256, quint32(scene.width))
+         << longEntry(257, quint32(scene.height)) << shortEntry(259, { 1 }) << longEntry(273, 8)
+         << longEntry(278, quint32(scene.height)) << longEntry(279, quint32(pixels.size()))
+         << shortEntry(284, { 1 }) << TiffEntry { 50706, 1, 4, QByteArray("\x01\x04\x00\x00", 4) }
+         << asciiEntry(50708, QStringLiteral("Orvanta ") + scene.model) << longEntry(50714, 0)
+         << longEntry(50717, quint32(kRawWhite)) << rationalEntry(50721, 10, xyzToSrgb)
+         << rationalEntry(50728, 5, { { 1, 1 }, { 1, 1 }, { 1, 1 } }) << shortEntry(50778, { 21 });
     if (scene.bayer)
         ifd0 << shortEntry(258, { 16 }) << shortEntry(262, { 32803 }) << shortEntry(277, { 1 })
-             << shortEntry(33421, { 2, 2 }) << TiffEntry { 33422, 1, 4, QByteArray("\x00\x01\x01\x02", 4) };
+             << shortEntry(33421, { 2, 2 })
+             << TiffEntry { 33422, 1, 4, QByteArray("\x00\x01\x01\x02", 4) };
     else
-        ifd0 << shortEntry(258, { 16, 16, 16 }) << shortEntry(262, { 34892 }) << shortEntry(277, { 3 });
+        ifd0 << shortEntry(258, { 16, 16, 16 }) << shortEntry(262, { 34892 })
+             << shortEntry(277, { 3 });
     return buildTiff(ifd0, {}, pixels);
 }
 
@@ -276,8 +307,8 @@ QByteArray makeJpeg(const SampleScene &scene)
                 rgb[(qsizetype(y) * scene.width + x) * 3 + c] = char(std::lround(e * 255));
             }
         }
-    const QByteArray jpeg = encodeJpeg(reinterpret_cast<const uchar *>(rgb.constData()), scene.width,
-                                       scene.height, 3, scene.width * 3, 95);
+    const QByteArray jpeg = encodeJpeg(reinterpret_cast<const uchar *>(rgb.constData()),
+                                       scene.width, scene.height, 3, scene.width * 3, 95);
     QList<TiffEntry> ifd0 = cameraEntries(scene);
     if (scene.exifRating)
         ifd0 << shortEntry(18246, { quint16(*scene.exifRating) });
@@ -294,8 +325,8 @@ bool writePair(const QString &dir, const QString &stem, const SampleScene &scene
     QDir().mkpath(dir);
     QFile raw(dir + QLatin1Char('/') + stem + QStringLiteral(".DNG"));
     QFile jpg(dir + QLatin1Char('/') + stem + QStringLiteral(".JPG"));
-    return raw.open(QIODevice::WriteOnly) && raw.write(makeDng(scene)) > 0 && jpg.open(QIODevice::WriteOnly)
-        && jpg.write(makeJpeg(scene)) > 0;
+    return raw.open(QIODevice::WriteOnly) && raw.write(makeDng(scene)) > 0
+        && jpg.open(QIODevice::WriteOnly) && jpg.write(makeJpeg(scene)) > 0;
 }
 
 } // namespace orvanta::samples

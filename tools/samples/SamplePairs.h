@@ -16,10 +16,10 @@ namespace orvanta::samples {
 
 struct SampleScene
 {
-    int width = 240;  // as stored (sensor orientation)
+    int width = 240; // as stored (sensor orientation)
     int height = 160;
-    int orientation = 1;           // Exif orientation of both files
-    bool bayer = false;            // an RGGB mosaic instead of three samples a pixel
+    int orientation = 1; // Exif orientation of both files
+    bool bayer = false; // an RGGB mosaic instead of three samples a pixel
     std::optional<int> exifRating; // Exif.Image.Rating of the JPG
     QString dateTimeOriginal = QStringLiteral("2024:05:06 07:08:09");
     QString model = QStringLiteral("Synthetic");

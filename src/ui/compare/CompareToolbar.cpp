@@ -209,8 +209,8 @@ void CompareToolbar::setDisplayHeadroom(double headroom)
     m_headroom = headroom;
     const bool hdr = headroom > kBadgeHdrHeadroom;
     const QColor color = hdr ? theme::kOrange : theme::kTextSecondary;
-    m_badgeIcon->setPixmap(icons::pixmap(hdr ? u"sun.max.fill"_s : u"display"_s, color, 16,
-                                         devicePixelRatioF()));
+    m_badgeIcon->setPixmap(
+        icons::pixmap(hdr ? u"sun.max.fill"_s : u"display"_s, color, 16, devicePixelRatioF()));
     badgeText->setText(m_model.t(hdr ? "edr_badge_xdr" : "edr_badge_sdr"));
     badgeText->setStyleSheet(u"color: %1; font-size: 9pt;"_s.arg(theme::css(color)));
 }

@@ -34,7 +34,7 @@ public:
     QButtonGroup *modes = nullptr; // ids are the compare modes' raw values
     QToolButton *zebra = nullptr;
     QToolButton *zebraOptions = nullptr;
-    QSlider *zebraThreshold = nullptr;  // tenths: 5...40
+    QSlider *zebraThreshold = nullptr; // tenths: 5...40
     QCheckBox *shadowZebra = nullptr;
     QSlider *shadowThreshold = nullptr; // hundredths: 1...50
     QToolButton *histogram = nullptr;

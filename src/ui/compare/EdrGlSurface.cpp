@@ -215,7 +215,8 @@ void EdrGlSurface::paintGL()
     uploadPending();
     const QSizeF drawable = QSizeF(size()) * devicePixelRatioF();
     const EdrFrameState state = m_source(drawable);
-    const QList<QRect> regions = m_shown && m_hasTextures ? changedRegions(state, drawable) : QList<QRect>();
+    const QList<QRect> regions
+        = m_shown && m_hasTextures ? changedRegions(state, drawable) : QList<QRect>();
     if (regions.isEmpty()) {
         drawFrame(state, drawable);
     } else {
@@ -278,8 +279,8 @@ void EdrGlSurface::shiftFramebuffer(int dx, int dy, QSize size)
                       GL_COLOR_BUFFER_BIT, GL_NEAREST);
     glBindFramebuffer(GL_READ_FRAMEBUFFER, m_scratch->handle());
     glBindFramebuffer(GL_DRAW_FRAMEBUFFER, target);
-    glBlitFramebuffer(0, 0, size.width(), size.height(), dx, dy, size.width() + dx, size.height() + dy,
-                      GL_COLOR_BUFFER_BIT, GL_NEAREST);
+    glBlitFramebuffer(0, 0, size.width(), size.height(), dx, dy, size.width() + dx,
+                      size.height() + dy, GL_COLOR_BUFFER_BIT, GL_NEAREST);
     glBindFramebuffer(GL_FRAMEBUFFER, target);
 }
 

@@ -6,9 +6,9 @@
 #include "hdr/EdrViewerTypes.h"
 
 #include <QImage>
+#include <QList>
 #include <QOpenGLExtraFunctions>
 #include <QOpenGLWidget>
-#include <QList>
 #include <QRect>
 #include <QRectF>
 
@@ -33,9 +33,9 @@ struct EdrFrameState
     float zebraThreshold = 1.0f;
     bool shadowZebra = false;
     float shadowThreshold = 0.02f;
-    bool filmic = false;     // HDR side through the filmic roll-off
+    bool filmic = false; // HDR side through the filmic roll-off
     float filmicGain = 1.0f; // scale before the curve (1 / simulated headroom)
-    bool encodeSrgb = true;  // false: linear extended values (HDR output or readback)
+    bool encodeSrgb = true; // false: linear extended values (HDR output or readback)
 };
 
 // Whether two frames differ in the divider position at most.

@@ -70,7 +70,8 @@ EdrViewer::EdrViewer(const QString &noGlText, QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     if (openGlAvailable()) {
-        m_surface = new EdrGlSurface([this](QSizeF drawable) { return frameState(drawable); }, this);
+        m_surface
+            = new EdrGlSurface([this](QSizeF drawable) { return frameState(drawable); }, this);
         m_surface->setObjectName(u"edrSurface"_s);
         layout->addWidget(m_surface);
     } else {
@@ -150,7 +151,8 @@ double EdrViewer::displayHeadroom() const
 EdrFrameState EdrViewer::frameState(QSizeF drawable) const
 {
     EdrFrameState state;
-    state.placement = edr::placement(drawable, m_imageSize, m_model.zoomScale(), m_model.panOffset());
+    state.placement
+        = edr::placement(drawable, m_imageSize, m_model.zoomScale(), m_model.panOffset());
     state.splitX = edr::splitX(drawable.width(), m_model.splitPosition());
     state.mode = m_settings.compareMode;
     state.zebra = m_settings.zebraEnabled;
@@ -255,7 +257,8 @@ void EdrViewer::updateReadout(QPointF point)
     }
     const double dpr = devicePixelRatioF();
     const QSizeF drawable = QSizeF(size()) * dpr;
-    const QRectF placed = edr::placement(drawable, m_imageSize, m_model.zoomScale(), m_model.panOffset());
+    const QRectF placed
+        = edr::placement(drawable, m_imageSize, m_model.zoomScale(), m_model.panOffset());
     const QPointF p(point.x() * dpr, drawable.height() - point.y() * dpr); // y up
     const double u = (p.x() - placed.x()) / placed.width();
     const double v = 1.0 - (p.y() - placed.y()) / placed.height();
@@ -266,7 +269,8 @@ void EdrViewer::updateReadout(QPointF point)
     const QPoint pixel(int(u * m_hdr.width()), int(v * m_hdr.height()));
     const auto *row = reinterpret_cast<const qfloat16 *>(m_hdr.constScanLine(pixel.y()));
     const qfloat16 *px = row + 4 * pixel.x();
-    Q_EMIT pixelReadoutChanged(EdrPixelReadout { pixel, { float(px[0]), float(px[1]), float(px[2]), float(px[3]) } });
+    Q_EMIT pixelReadoutChanged(
+        EdrPixelReadout { pixel, { float(px[0]), float(px[1]), float(px[2]), float(px[3]) } });
 }
 
 } // namespace orvanta

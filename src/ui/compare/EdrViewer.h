@@ -40,7 +40,7 @@ struct EdrViewerSettings
 
 struct EdrPixelReadout
 {
-    QPoint pixel;   // in the HDR picture
+    QPoint pixel; // in the HDR picture
     edr::Rgba value; // linear, extended
 };
 

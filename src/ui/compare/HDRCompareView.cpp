@@ -3,8 +3,8 @@
 #include "core/AppViewModel.h"
 #include "platform/FileManager.h"
 #include "ui/Theme.h"
-#include "ui/compare/CompareToolbar.h"
 #include "ui/compare/ComparePanelProvider.h"
+#include "ui/compare/CompareToolbar.h"
 #include "ui/compare/DisplayHeadroom.h"
 #include "ui/compare/SdrBanner.h"
 
@@ -92,7 +92,8 @@ QLabel *HDRCompareView::overlayLabel(const QString &name)
     auto *label = new QLabel(m_viewer);
     label->setObjectName(name);
     label->setAttribute(Qt::WA_TransparentForMouseEvents);
-    label->setStyleSheet(u"background: rgba(0, 0, 0, 0.55); color: #ecedef; border-radius: 6px; padding: 4px 9px;"_s);
+    label->setStyleSheet(
+        u"background: rgba(0, 0, 0, 0.55); color: #ecedef; border-radius: 6px; padding: 4px 9px;"_s);
     return label;
 }
 
@@ -162,36 +163,43 @@ void HDRCompareView::connectControls()
     connect(bar->previous, &QToolButton::clicked, this, &HDRCompareView::showPreviousPhoto);
     connect(bar->next, &QToolButton::clicked, this, &HDRCompareView::showNextPhoto);
     connect(bar->modes, &QButtonGroup::idClicked, this, [this](int id) {
-        change([id](CompareState &s) { s.compareMode = compareModeFromRaw(id).value_or(s.compareMode); });
+        change([id](CompareState &s) {
+            s.compareMode = compareModeFromRaw(id).value_or(s.compareMode);
+        });
     });
-    connect(bar->zebra, &QToolButton::toggled, this, [this](bool on) { change([on](CompareState &s) { s.isZebraEnabled = on; }); });
+    connect(bar->zebra, &QToolButton::toggled, this,
+            [this](bool on) { change([on](CompareState &s) { s.isZebraEnabled = on; }); });
     connect(bar->zebraThreshold, &QSlider::valueChanged, this, [this](int tenths) {
         change([tenths](CompareState &s) { s.zebraThreshold = float(tenths) / 10.0f; });
     });
-    connect(bar->shadowZebra, &QCheckBox::toggled, this, [this](bool on) { change([on](CompareState &s) { s.isShadowZebraEnabled = on; }); });
+    connect(bar->shadowZebra, &QCheckBox::toggled, this,
+            [this](bool on) { change([on](CompareState &s) { s.isShadowZebraEnabled = on; }); });
     connect(bar->shadowThreshold, &QSlider::valueChanged, this, [this](int hundredths) {
         change([hundredths](CompareState &s) { s.shadowThreshold = float(hundredths) / 100.0f; });
     });
-    connect(bar->histogram, &QToolButton::toggled, this, [this](bool on) { change([on](CompareState &s) { s.isHistogramPresented = on; }); });
-    connect(bar->inspector, &QToolButton::toggled, this, [this](bool on) { change([on](CompareState &s) { s.isInspectorPresented = on; }); });
+    connect(bar->histogram, &QToolButton::toggled, this,
+            [this](bool on) { change([on](CompareState &s) { s.isHistogramPresented = on; }); });
+    connect(bar->inspector, &QToolButton::toggled, this,
+            [this](bool on) { change([on](CompareState &s) { s.isInspectorPresented = on; }); });
     connect(m_banner->toneMapModes, &QButtonGroup::idClicked, this, [this](int id) {
-        change([id](CompareState &s) { s.sdrToneMapMode = toneMapModeFromRaw(id).value_or(s.sdrToneMapMode); });
+        change([id](CompareState &s) {
+            s.sdrToneMapMode = toneMapModeFromRaw(id).value_or(s.sdrToneMapMode);
+        });
     });
     connect(m_banner->headroom, &QSlider::valueChanged, this, [this](int tenths) {
         change([tenths](CompareState &s) { s.simulatedHeadroom = tenths / 10.0; });
     });
-    connect(bar->copyPath, &QAction::triggered, this, [this] {
-        QGuiApplication::clipboard()->setText(hdrPath(m_currentRecord));
-    });
+    connect(bar->copyPath, &QAction::triggered, this,
+            [this] { QGuiApplication::clipboard()->setText(hdrPath(m_currentRecord)); });
     connect(bar->reveal, &QAction::triggered, this, [this] {
         if (!m_fileManager)
             m_fileManager = new FileManager(QDBusConnection::sessionBus(), this);
         m_fileManager->showItem(hdrPath(m_currentRecord));
     });
-    connect(bar->openDefault, &QAction::triggered, this, [this] {
-        QDesktopServices::openUrl(QUrl::fromLocalFile(hdrPath(m_currentRecord)));
-    });
-    m_viewer->onSplitChanged = [this](double split) { change([split](CompareState &s) { s.splitPosition = split; }); };
+    connect(bar->openDefault, &QAction::triggered, this,
+            [this] { QDesktopServices::openUrl(QUrl::fromLocalFile(hdrPath(m_currentRecord))); });
+    m_viewer->onSplitChanged
+        = [this](double split) { change([split](CompareState &s) { s.splitPosition = split; }); };
     connect(m_viewer, &EdrViewer::pixelReadoutChanged, this, &HDRCompareView::showReadout);
     connect(m_viewer, &EdrViewer::picturesLoaded, this, [this] { sync(); });
 }
@@ -203,14 +211,17 @@ void HDRCompareView::installShortcuts()
         shortcut->setContext(Qt::WindowShortcut);
         connect(shortcut, &QShortcut::activated, this, action);
     };
-    add(Qt::Key_Z, [this] { change([](CompareState &s) { s.isZebraEnabled = !s.isZebraEnabled; }); });
+    add(Qt::Key_Z,
+        [this] { change([](CompareState &s) { s.isZebraEnabled = !s.isZebraEnabled; }); });
     add(Qt::Key_H, [this] {
         if (m_histogram)
             change([](CompareState &s) { s.isHistogramPresented = !s.isHistogramPresented; });
     });
     add(Qt::Key_Left, [this] { showPreviousPhoto(); });
     add(Qt::Key_Right, [this] { showNextPhoto(); });
-    add(Qt::Key_Space, [this] { change([](CompareState &s) { s.compareMode = nextCompareMode(s.compareMode); }); });
+    add(Qt::Key_Space, [this] {
+        change([](CompareState &s) { s.compareMode = nextCompareMode(s.compareMode); });
+    });
     add(Qt::Key_Tab, [this] { change([](CompareState &s) { s.isCleanMode = !s.isCleanMode; }); });
 }
 
@@ -289,10 +300,11 @@ void HDRCompareView::syncControls()
 {
     const CompareState &s = m_state;
     // Setting a control must not come back as a change of the state.
-    const QSignalBlocker blockers[] = { QSignalBlocker(m_toolbar->zebra), QSignalBlocker(m_toolbar->zebraThreshold),
-                                        QSignalBlocker(m_toolbar->shadowZebra), QSignalBlocker(m_toolbar->shadowThreshold),
-                                        QSignalBlocker(m_toolbar->histogram), QSignalBlocker(m_toolbar->inspector),
-                                        QSignalBlocker(m_banner->headroom) };
+    const QSignalBlocker blockers[]
+        = { QSignalBlocker(m_toolbar->zebra),       QSignalBlocker(m_toolbar->zebraThreshold),
+            QSignalBlocker(m_toolbar->shadowZebra), QSignalBlocker(m_toolbar->shadowThreshold),
+            QSignalBlocker(m_toolbar->histogram),   QSignalBlocker(m_toolbar->inspector),
+            QSignalBlocker(m_banner->headroom) };
     m_toolbar->modes->button(int(s.compareMode))->setChecked(true);
     m_toolbar->zebra->setChecked(s.isZebraEnabled);
     m_toolbar->zebraThreshold->setValue(int(std::lround(s.zebraThreshold * 10)));
@@ -362,9 +374,11 @@ void HDRCompareView::placeOverlays()
     m_notice->move((area.width() - m_notice->width()) / 2, margin + m_sdrLabel->height() + 8);
     m_readout->move(margin, area.height() - m_readout->height() - margin);
     if (m_histogram) {
-        const QSize size = m_histogram->sizeHint().boundedTo(area.size() - QSize(2 * margin, 2 * margin));
+        const QSize size
+            = m_histogram->sizeHint().boundedTo(area.size() - QSize(2 * margin, 2 * margin));
         m_histogram->resize(size);
-        m_histogram->move((area.width() - size.width()) / 2, area.height() - size.height() - margin);
+        m_histogram->move((area.width() - size.width()) / 2,
+                          area.height() - size.height() - margin);
         m_histogram->raise();
     }
     for (QLabel *label : { m_sdrLabel, m_hdrLabel, m_notice, m_readout })

@@ -45,8 +45,9 @@ class HDRCompareView : public QWidget
     Q_OBJECT
 public:
     // `provider` may be null: the inspector and histogram toggles are then hidden.
-    HDRCompareView(AppViewModel &model, const PhotoRecord &record, const QList<PhotoRecord> &allRecords,
-                   ComparePanelProvider *provider, QWidget *parent = nullptr);
+    HDRCompareView(AppViewModel &model, const PhotoRecord &record,
+                   const QList<PhotoRecord> &allRecords, ComparePanelProvider *provider,
+                   QWidget *parent = nullptr);
     ~HDRCompareView() override;
 
     const PhotoRecord &currentRecord() const { return m_currentRecord; }
@@ -85,7 +86,7 @@ private:
     void placeOverlays();
     void showReadout(const std::optional<EdrPixelReadout> &readout);
     QLabel *overlayLabel(const QString &name);
-    template <typename Change> void change(Change &&apply)
+    template<typename Change> void change(Change &&apply)
     {
         CompareState next = m_state;
         apply(next);

@@ -36,9 +36,11 @@ SdrBanner::SdrBanner(AppViewModel &model, QWidget *parent)
     , m_model(model)
 {
     setObjectName(u"sdrBanner"_s);
-    setStyleSheet(u"QFrame#sdrBanner { background: rgba(255, 159, 10, 0.10); border: 1px solid rgba(255, 159, 10, 0.35); border-radius: 10px; }"_s);
+    setStyleSheet(
+        u"QFrame#sdrBanner { background: rgba(255, 159, 10, 0.10); border: 1px solid rgba(255, 159, 10, 0.35); border-radius: 10px; }"_s);
     auto *icon = new QLabel(this);
-    icon->setPixmap(icons::pixmap(u"exclamationmark.triangle.fill"_s, theme::kOrange, 18, devicePixelRatioF()));
+    icon->setPixmap(
+        icons::pixmap(u"exclamationmark.triangle.fill"_s, theme::kOrange, 18, devicePixelRatioF()));
     icon->setAlignment(Qt::AlignTop);
     m_title = new QLabel(this);
     m_title->setObjectName(u"bannerTitle"_s);
@@ -79,7 +81,8 @@ SdrBanner::SdrBanner(AppViewModel &model, QWidget *parent)
     headroom->setRange(10, 40);
     headroom->setFocusPolicy(Qt::NoFocus);
     m_headroomValue = new QLabel(this);
-    m_headroomValue->setMinimumWidth(m_headroomValue->fontMetrics().horizontalAdvance(u"0.0×"_s) + 4);
+    m_headroomValue->setMinimumWidth(m_headroomValue->fontMetrics().horizontalAdvance(u"0.0×"_s)
+                                     + 4);
     auto *simulate = new QHBoxLayout;
     simulate->addWidget(m_headroomLabel);
     simulate->addWidget(headroom, 1);

@@ -27,7 +27,7 @@ public:
     void setSimulatedHeadroom(double headroom);
 
     QButtonGroup *toneMapModes = nullptr; // ids are the modes' raw values
-    QSlider *headroom = nullptr;          // tenths: 10...40
+    QSlider *headroom = nullptr; // tenths: 10...40
 
 private:
     AppViewModel &m_model;

@@ -9,7 +9,9 @@
 namespace orvanta {
 
 AsyncThumbnailView::AsyncThumbnailView(QSize points, QWidget *parent, ThumbnailManager &manager)
-    : QWidget(parent), m_manager(manager), m_points(points)
+    : QWidget(parent)
+    , m_manager(manager)
+    , m_points(points)
 {
     setFixedSize(points);
     m_fade = new QVariantAnimation(this);
@@ -28,7 +30,8 @@ AsyncThumbnailView::~AsyncThumbnailView()
 
 int AsyncThumbnailView::requestedPixelSize() const
 {
-    return ThumbnailManager::pixelSizeForView(QSizeF(m_points)).value_or(ThumbnailManager::DefaultMaxPixelSize);
+    return ThumbnailManager::pixelSizeForView(QSizeF(m_points))
+        .value_or(ThumbnailManager::DefaultMaxPixelSize);
 }
 
 void AsyncThumbnailView::setPaths(const QString &targetPath, const QString &fallbackPath)
@@ -49,8 +52,9 @@ void AsyncThumbnailView::load()
     m_state = RowMediaStore::ThumbState::Loading;
     m_image = QImage();
     update();
-    const ThumbnailManager::Ticket ticket = m_manager.loadThumbnail(
-        m_target, m_fallback, requestedPixelSize(), this, [this](const ThumbnailResult &result) { apply(result); });
+    const ThumbnailManager::Ticket ticket
+        = m_manager.loadThumbnail(m_target, m_fallback, requestedPixelSize(), this,
+                                  [this](const ThumbnailResult &result) { apply(result); });
     if (m_loading) // not answered at once
         m_ticket = ticket;
 }
@@ -81,7 +85,8 @@ void AsyncThumbnailView::paintEvent(QPaintEvent *)
 {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    const qreal opacity = m_fade->state() == QAbstractAnimation::Running ? m_fade->currentValue().toReal() : 1.0;
+    const qreal opacity
+        = m_fade->state() == QAbstractAnimation::Running ? m_fade->currentValue().toReal() : 1.0;
     paintThumbnailCell(p, QRectF(rect()), m_state, m_image, opacity);
 }
 

@@ -43,7 +43,9 @@ QColor withAlpha(QColor color, double alpha)
 
 } // namespace
 
-HdrHistogramView::HdrHistogramView(AppViewModel &model, QWidget *parent) : QWidget(parent), m_model(model)
+HdrHistogramView::HdrHistogramView(AppViewModel &model, QWidget *parent)
+    : QWidget(parent)
+    , m_model(model)
 {
     setObjectName(u"hdrHistogramView"_s);
     auto *layout = new QVBoxLayout(this);
@@ -52,7 +54,8 @@ HdrHistogramView::HdrHistogramView(AppViewModel &model, QWidget *parent) : QWidg
 
     auto *header = new QHBoxLayout;
     auto *icon = new QLabel(this);
-    icon->setPixmap(icons::pixmap(u"chart.bar.xaxis"_s, theme::kTextSecondary, 14, devicePixelRatioF()));
+    icon->setPixmap(
+        icons::pixmap(u"chart.bar.xaxis"_s, theme::kTextSecondary, 14, devicePixelRatioF()));
     header->addWidget(icon);
     m_title = new QLabel(this);
     m_title->setObjectName(u"histogramTitle"_s);
@@ -120,7 +123,7 @@ void HdrHistogramView::setFile(const QString &path)
     std::optional<double> peak;
     const QString canonical = QFileInfo(path).absoluteFilePath();
     for (const PhotoRecord &record : m_model.historyRecords()) {
-        for (const auto *candidate : {&record.outputPath, &record.jpgPath}) {
+        for (const auto *candidate : { &record.outputPath, &record.jpgPath }) {
             if (*candidate && QFileInfo(**candidate).absoluteFilePath() == canonical) {
                 peak = record.peakStops;
                 break;
@@ -165,7 +168,8 @@ void HdrHistogramView::updateTexts()
     m_sdr->setText(u"■ "_s + m_model.t("hist_sdr"));
     m_edr->setText(u"■ "_s + m_model.t("hist_edr"));
     m_peak->setText(m_model.t("hist_peak") + u": "_s
-                    + (m_peakStops ? formatPrintf(u"+%.2f st"_s, {*m_peakStops}) : missingValuePlaceholder()));
+                    + (m_peakStops ? formatPrintf(u"+%.2f st"_s, { *m_peakStops })
+                                   : missingValuePlaceholder()));
 }
 
 bool HdrHistogramView::eventFilter(QObject *watched, QEvent *event)
@@ -208,7 +212,7 @@ void HdrHistogramView::paintPlot(QWidget &plot)
     }
 
     QPen dashed(withAlpha(theme::kYellow, 0.8), 1.2, Qt::DashLine);
-    dashed.setDashPattern({4, 3});
+    dashed.setDashPattern({ 4, 3 });
     p.setPen(dashed);
     p.drawLine(QPointF(boundary, 0), QPointF(boundary, area.height()));
 

@@ -23,7 +23,8 @@ QList<RowAction> rowActions(const PhotoRecord &record, bool canCompare)
     QList<RowAction> actions;
     if (success && canCompare)
         actions << RowAction::Compare;
-    actions << RowAction::Inspector << RowAction::QuickLook << RowAction::Reveal << RowAction::Share;
+    actions << RowAction::Inspector << RowAction::QuickLook << RowAction::Reveal
+            << RowAction::Share;
     if (!success)
         actions << RowAction::ViewError;
     return actions;
@@ -32,12 +33,18 @@ QList<RowAction> rowActions(const PhotoRecord &record, bool canCompare)
 QString rowActionSymbol(RowAction action)
 {
     switch (action) {
-    case RowAction::Compare: return u"sun.max.fill"_s;
-    case RowAction::Inspector: return u"info.circle"_s;
-    case RowAction::QuickLook: return u"eye"_s;
-    case RowAction::Reveal: return u"folder"_s;
-    case RowAction::Share: return u"square.and.arrow.up"_s;
-    case RowAction::ViewError: return u"exclamationmark.triangle.fill"_s;
+    case RowAction::Compare:
+        return u"sun.max.fill"_s;
+    case RowAction::Inspector:
+        return u"info.circle"_s;
+    case RowAction::QuickLook:
+        return u"eye"_s;
+    case RowAction::Reveal:
+        return u"folder"_s;
+    case RowAction::Share:
+        return u"square.and.arrow.up"_s;
+    case RowAction::ViewError:
+        return u"exclamationmark.triangle.fill"_s;
     }
     return {};
 }
@@ -45,12 +52,18 @@ QString rowActionSymbol(RowAction action)
 const char *rowActionKey(RowAction action)
 {
     switch (action) {
-    case RowAction::Compare: return "action_edr_compare";
-    case RowAction::Inspector: return "action_inspector";
-    case RowAction::QuickLook: return "action_quicklook";
-    case RowAction::Reveal: return "action_reveal_finder";
-    case RowAction::Share: return "action_share_sheet";
-    case RowAction::ViewError: return "action_view_error";
+    case RowAction::Compare:
+        return "action_edr_compare";
+    case RowAction::Inspector:
+        return "action_inspector";
+    case RowAction::QuickLook:
+        return "action_quicklook";
+    case RowAction::Reveal:
+        return "action_reveal_finder";
+    case RowAction::Share:
+        return "action_share_sheet";
+    case RowAction::ViewError:
+        return "action_view_error";
     }
     return "";
 }
@@ -81,9 +94,11 @@ void paintThumbnailCell(QPainter &p, const QRectF &rect, RowMediaStore::ThumbSta
     QColor secondary = theme::kTextSecondary;
     if (state == RowMediaStore::ThumbState::Image && !image.isNull()) {
         // Fill the frame, cropping the longer side, like an aspect-fill.
-        const QSizeF scaled = QSizeF(image.size()).scaled(rect.size(), Qt::KeepAspectRatioByExpanding);
+        const QSizeF scaled
+            = QSizeF(image.size()).scaled(rect.size(), Qt::KeepAspectRatioByExpanding);
         const QRectF target(rect.center().x() - scaled.width() / 2,
-                            rect.center().y() - scaled.height() / 2, scaled.width(), scaled.height());
+                            rect.center().y() - scaled.height() / 2, scaled.width(),
+                            scaled.height());
         p.setOpacity(opacity);
         p.setRenderHint(QPainter::SmoothPixmapTransform);
         p.drawImage(target, image);
@@ -95,8 +110,9 @@ void paintThumbnailCell(QPainter &p, const QRectF &rect, RowMediaStore::ThumbSta
         QColor fore = secondary;
         fore.setAlphaF(missing ? 0.45f : 0.6f);
         const int size = 13;
-        const QPixmap icon = cachedIcon(missing ? u"photo.badge.exclamationmark"_s : u"photo"_s,
-                                           fore, size, p.device() ? p.device()->devicePixelRatioF() : 1.0);
+        const QPixmap icon
+            = cachedIcon(missing ? u"photo.badge.exclamationmark"_s : u"photo"_s, fore, size,
+                         p.device() ? p.device()->devicePixelRatioF() : 1.0);
         p.drawPixmap(QPointF(rect.center().x() - size / 2.0, rect.center().y() - size / 2.0), icon);
     }
     p.restore();
@@ -104,7 +120,10 @@ void paintThumbnailCell(QPainter &p, const QRectF &rect, RowMediaStore::ThumbSta
 
 HistoryRowDelegate::HistoryRowDelegate(AppViewModel &model, HistoryTableModel &table,
                                        RowMediaStore &media, QObject *parent)
-    : QStyledItemDelegate(parent), m_model(model), m_table(table), m_media(media)
+    : QStyledItemDelegate(parent)
+    , m_model(model)
+    , m_table(table)
+    , m_media(media)
 {
 }
 
@@ -120,12 +139,13 @@ QList<QRect> HistoryRowDelegate::actionRects(const QRect &cell, int count) const
 
 QRect HistoryRowDelegate::pillRect(const QRect &cell) const
 {
-    const QFontMetrics metrics(QFont{});
+    const QFontMetrics metrics(QFont {});
     const int width = metrics.horizontalAdvance(m_model.t("btn_xdr_compare_pill")) + 30;
     return QRect(cell.right() - 8 - width, cell.center().y() - 10, width, 20);
 }
 
-QSize HistoryRowDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+QSize HistoryRowDelegate::sizeHint(const QStyleOptionViewItem &option,
+                                   const QModelIndex &index) const
 {
     return QSize(QStyledItemDelegate::sizeHint(option, index).width(), RowHeight);
 }
@@ -150,15 +170,23 @@ void HistoryRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
     switch (column.kind) {
     case HistoryColumn::Kind::Select: {
         const QPixmap box = cachedIcon(selected ? u"checkmark.square.fill"_s : u"square"_s,
-                                          selected ? theme::kAccent : theme::kTextSecondary, 16,
-                                          p.device()->devicePixelRatioF());
+                                       selected ? theme::kAccent : theme::kTextSecondary, 16,
+                                       p.device()->devicePixelRatioF());
         p.drawPixmap(r.center().x() - 8, r.center().y() - 8, box);
         break;
     }
-    case HistoryColumn::Kind::Name: paintName(p, r, record); break;
-    case HistoryColumn::Kind::Status: paintStatus(p, r, record); break;
-    case HistoryColumn::Kind::Optional: paintOptional(p, r, record, column.optional); break;
-    case HistoryColumn::Kind::Actions: paintActions(p, r, record, hovered); break;
+    case HistoryColumn::Kind::Name:
+        paintName(p, r, record);
+        break;
+    case HistoryColumn::Kind::Status:
+        paintStatus(p, r, record);
+        break;
+    case HistoryColumn::Kind::Optional:
+        paintOptional(p, r, record, column.optional);
+        break;
+    case HistoryColumn::Kind::Actions:
+        paintActions(p, r, record, hovered);
+        break;
     }
     p.restore();
 }
@@ -181,7 +209,8 @@ void HistoryRowDelegate::paintName(QPainter &p, const QRect &r, const PhotoRecor
     small.setPointSizeF(small.pointSizeF() * 0.85);
     p.setFont(small);
     const QRect bottom(x, r.top() + 23, r.right() - x - 4, 16);
-    const QPixmap star = cachedIcon(u"star.fill"_s, theme::kYellow, 10, p.device()->devicePixelRatioF());
+    const QPixmap star
+        = cachedIcon(u"star.fill"_s, theme::kYellow, 10, p.device()->devicePixelRatioF());
     p.drawPixmap(bottom.left(), bottom.center().y() - 5, star);
     p.setPen(theme::kTextSecondary);
     const QString rating = QString::number(record.rating);
@@ -198,8 +227,9 @@ void HistoryRowDelegate::paintStatus(QPainter &p, const QRect &r, const PhotoRec
 {
     const bool success = record.status == u"SUCCESS"_s;
     const QColor color = success ? theme::kGreen : theme::kRed;
-    const QPixmap icon = cachedIcon(success ? u"checkmark.circle.fill"_s : u"exclamationmark.triangle.fill"_s,
-                                       color, 14, p.device()->devicePixelRatioF());
+    const QPixmap icon
+        = cachedIcon(success ? u"checkmark.circle.fill"_s : u"exclamationmark.triangle.fill"_s,
+                     color, 14, p.device()->devicePixelRatioF());
     p.drawPixmap(r.left() + 6, r.center().y() - 7, icon);
     p.setPen(color);
     const QRect text = r.adjusted(26, 0, -4, 0);
@@ -238,7 +268,8 @@ void HistoryRowDelegate::paintOptional(QPainter &p, const QRect &r, const PhotoR
     const QFontMetrics metrics = p.fontMetrics();
     p.setPen(color);
     if (second.isEmpty()) {
-        p.drawText(text, Qt::AlignLeft | Qt::AlignVCenter, metrics.elidedText(line, Qt::ElideRight, text.width()));
+        p.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
+                   metrics.elidedText(line, Qt::ElideRight, text.width()));
         return;
     }
     p.drawText(QRect(text.left(), r.top() + 5, text.width(), 18), Qt::AlignLeft | Qt::AlignVCenter,
@@ -273,16 +304,18 @@ void HistoryRowDelegate::paintActions(QPainter &p, const QRect &r, const PhotoRe
     p.setPen(QColor(0xff, 0xd0, 0x2e, 110));
     p.setBrush(QColor(0xff, 0xd0, 0x2e, 30));
     p.drawRoundedRect(pill, 10, 10);
-    p.drawPixmap(pill.left() + 8, pill.center().y() - 6, cachedIcon(u"sun.max.fill"_s, theme::kYellow, 12, dpr));
+    p.drawPixmap(pill.left() + 8, pill.center().y() - 6,
+                 cachedIcon(u"sun.max.fill"_s, theme::kYellow, 12, dpr));
     QFont small = p.font();
     small.setPointSizeF(small.pointSizeF() * 0.9);
     p.setFont(small);
     p.setPen(theme::kYellow);
-    p.drawText(pill.adjusted(24, 0, -6, 0), Qt::AlignLeft | Qt::AlignVCenter, m_model.t("btn_xdr_compare_pill"));
+    p.drawText(pill.adjusted(24, 0, -6, 0), Qt::AlignLeft | Qt::AlignVCenter,
+               m_model.t("btn_xdr_compare_pill"));
 }
 
-bool HistoryRowDelegate::editorEvent(QEvent *event, QAbstractItemModel *, const QStyleOptionViewItem &option,
-                                     const QModelIndex &index)
+bool HistoryRowDelegate::editorEvent(QEvent *event, QAbstractItemModel *,
+                                     const QStyleOptionViewItem &option, const QModelIndex &index)
 {
     if (event->type() != QEvent::MouseButtonRelease || !index.isValid())
         return false;

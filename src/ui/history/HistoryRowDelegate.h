@@ -17,7 +17,6 @@ namespace orvanta {
 class AppViewModel;
 class HistoryTableModel;
 
-
 enum class RowAction { Compare, Inspector, QuickLook, Reveal, Share, ViewError };
 
 // The actions a row offers, in button and menu order: compare only for a
@@ -61,7 +60,8 @@ Q_SIGNALS:
 private:
     void paintName(QPainter &p, const QRect &r, const PhotoRecord &record) const;
     void paintStatus(QPainter &p, const QRect &r, const PhotoRecord &record) const;
-    void paintOptional(QPainter &p, const QRect &r, const PhotoRecord &record, ListColumn column) const;
+    void paintOptional(QPainter &p, const QRect &r, const PhotoRecord &record,
+                       ListColumn column) const;
     void paintActions(QPainter &p, const QRect &r, const PhotoRecord &record, bool hovered) const;
 
     AppViewModel &m_model;
@@ -74,7 +74,7 @@ private:
 // Draws a thumbnail cell in any of its states: the picture filling the frame,
 // the missing-file mark, or the plain photo placeholder while loading or
 // when the file could not be decoded.
-void paintThumbnailCell(QPainter &p, const QRectF &rect, RowMediaStore::ThumbState state, const QImage &image,
-                        qreal opacity = 1.0);
+void paintThumbnailCell(QPainter &p, const QRectF &rect, RowMediaStore::ThumbState state,
+                        const QImage &image, qreal opacity = 1.0);
 
 } // namespace orvanta

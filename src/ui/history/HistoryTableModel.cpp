@@ -13,13 +13,13 @@ QString recordCellText(const PhotoRecord &record, ListColumn column)
     const QString none = missingValuePlaceholder();
     switch (column) {
     case ListColumn::PeakStops:
-        return record.peakStops ? formatPrintf(u"%.2f"_s, {*record.peakStops}) : none;
+        return record.peakStops ? formatPrintf(u"%.2f"_s, { *record.peakStops }) : none;
     case ListColumn::Duration:
-        return record.durationSec ? formatPrintf(u"%.2f"_s, {*record.durationSec}) : none;
+        return record.durationSec ? formatPrintf(u"%.2f"_s, { *record.durationSec }) : none;
     case ListColumn::BayerClip:
-        return record.rawClipPct ? formatPrintf(u"%.2f%%"_s, {*record.rawClipPct}) : none;
+        return record.rawClipPct ? formatPrintf(u"%.2f%%"_s, { *record.rawClipPct }) : none;
     case ListColumn::Faces:
-        return record.numFaces ? formatPrintf(u"%lld"_s, {*record.numFaces}) : none;
+        return record.numFaces ? formatPrintf(u"%lld"_s, { *record.numFaces }) : none;
     case ListColumn::Exposure:
     case ListColumn::CameraLens:
     case ListColumn::FileSize:
@@ -31,18 +31,20 @@ QString recordCellText(const PhotoRecord &record, ListColumn column)
 
 QString peakLabel(double peakStops)
 {
-    return formatPrintf(u"+%.2fst (1600nits)"_s, {peakStops});
+    return formatPrintf(u"+%.2fst (1600nits)"_s, { peakStops });
 }
 
 HistoryTableModel::HistoryTableModel(AppViewModel &model, QObject *parent)
-    : QAbstractTableModel(parent), m_model(model)
+    : QAbstractTableModel(parent)
+    , m_model(model)
 {
     syncColumns();
     m_records = m_model.historyRecords();
     reindex(0);
     connect(&m_model, &AppViewModel::historyRecordsChanged, this, &HistoryTableModel::syncRecords);
     connect(&m_model, &AppViewModel::visibleColumnsChanged, this, &HistoryTableModel::syncColumns);
-    connect(&m_model, &AppViewModel::selectedRecordIdsChanged, this, &HistoryTableModel::syncSelection);
+    connect(&m_model, &AppViewModel::selectedRecordIdsChanged, this,
+            &HistoryTableModel::syncSelection);
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, [this] {
         Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
         if (rowCount() > 0)
@@ -166,11 +168,12 @@ void HistoryTableModel::syncRecords()
 
 void HistoryTableModel::syncColumns()
 {
-    QList<HistoryColumn> columns{{HistoryColumn::Kind::Select}, {HistoryColumn::Kind::Name},
-                                 {HistoryColumn::Kind::Status}};
+    QList<HistoryColumn> columns { { HistoryColumn::Kind::Select },
+                                   { HistoryColumn::Kind::Name },
+                                   { HistoryColumn::Kind::Status } };
     for (ListColumn column : normalizedColumnSet(m_model.visibleColumns()))
-        columns.append({HistoryColumn::Kind::Optional, column});
-    columns.append({HistoryColumn::Kind::Actions});
+        columns.append({ HistoryColumn::Kind::Optional, column });
+    columns.append({ HistoryColumn::Kind::Actions });
     if (columns == m_columns)
         return;
     beginResetModel();
@@ -182,7 +185,7 @@ void HistoryTableModel::syncColumns()
 void HistoryTableModel::syncSelection()
 {
     if (!m_records.isEmpty())
-        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1), {SelectedRole});
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1), { SelectedRole });
 }
 
 void HistoryTableModel::reindex(int from)

@@ -30,9 +30,12 @@ QToolButton *makeButton(QWidget *parent, const QString &objectName, const QStrin
 const char *filterKey(HistoryStatusFilter filter)
 {
     switch (filter) {
-    case HistoryStatusFilter::All: return "filter_all";
-    case HistoryStatusFilter::SuccessOnly: return "filter_success";
-    case HistoryStatusFilter::FailedOnly: return "filter_failed";
+    case HistoryStatusFilter::All:
+        return "filter_all";
+    case HistoryStatusFilter::SuccessOnly:
+        return "filter_success";
+    case HistoryStatusFilter::FailedOnly:
+        return "filter_failed";
     }
     return "filter_all";
 }
@@ -40,18 +43,25 @@ const char *filterKey(HistoryStatusFilter filter)
 const char *sortKey(HistorySortField field)
 {
     switch (field) {
-    case HistorySortField::Date: return "sort_date";
-    case HistorySortField::PeakStops: return "sort_peak_stops";
-    case HistorySortField::Faces: return "sort_faces";
-    case HistorySortField::Duration: return "sort_duration";
-    case HistorySortField::Stem: return "sort_name";
+    case HistorySortField::Date:
+        return "sort_date";
+    case HistorySortField::PeakStops:
+        return "sort_peak_stops";
+    case HistorySortField::Faces:
+        return "sort_faces";
+    case HistorySortField::Duration:
+        return "sort_duration";
+    case HistorySortField::Stem:
+        return "sort_name";
     }
     return "sort_date";
 }
 
 } // namespace
 
-HistoryToolbar::HistoryToolbar(AppViewModel &model, QWidget *parent) : QWidget(parent), m_model(model)
+HistoryToolbar::HistoryToolbar(AppViewModel &model, QWidget *parent)
+    : QWidget(parent)
+    , m_model(model)
 {
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(12, 8, 12, 8);
@@ -73,7 +83,8 @@ HistoryToolbar::HistoryToolbar(AppViewModel &model, QWidget *parent) : QWidget(p
     m_search = new QLineEdit(this);
     m_search->setObjectName(u"historySearch"_s);
     m_search->setMinimumWidth(180);
-    m_search->addAction(icons::icon(u"magnifyingglass"_s, theme::kTextSecondary), QLineEdit::LeadingPosition);
+    m_search->addAction(icons::icon(u"magnifyingglass"_s, theme::kTextSecondary),
+                        QLineEdit::LeadingPosition);
     m_clearSearch = m_search->addAction(icons::icon(u"xmark.circle.fill"_s, theme::kTextSecondary),
                                         QLineEdit::TrailingPosition);
     m_clearSearch->setObjectName(u"historySearchClear"_s);
@@ -101,7 +112,8 @@ HistoryToolbar::HistoryToolbar(AppViewModel &model, QWidget *parent) : QWidget(p
     layout->addWidget(m_sort);
     layout->addWidget(m_columns);
 
-    connect(&m_model, &AppViewModel::selectedRecordIdsChanged, this, &HistoryToolbar::updateSelection);
+    connect(&m_model, &AppViewModel::selectedRecordIdsChanged, this,
+            &HistoryToolbar::updateSelection);
     connect(&m_model, &AppViewModel::historyRecordsChanged, this, &HistoryToolbar::updateSelection);
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &HistoryToolbar::updateTexts);
     connect(&m_model, &AppViewModel::historySearchTextChanged, this, [this] {
@@ -165,7 +177,8 @@ void HistoryToolbar::fillFilterMenu()
         action->setChecked(filter == m_model.historyStatusFilter());
         action->setData(rawValue(filter));
         group->addAction(action);
-        connect(action, &QAction::triggered, this, [this, filter] { m_model.setHistoryStatusFilter(filter); });
+        connect(action, &QAction::triggered, this,
+                [this, filter] { m_model.setHistoryStatusFilter(filter); });
     }
 }
 
@@ -179,17 +192,20 @@ void HistoryToolbar::fillSortMenu()
         action->setChecked(field == m_model.historySortField());
         action->setData(rawValue(field));
         fields->addAction(action);
-        connect(action, &QAction::triggered, this, [this, field] { m_model.setHistorySortField(field); });
+        connect(action, &QAction::triggered, this,
+                [this, field] { m_model.setHistorySortField(field); });
     }
     m_sortMenu->addSeparator();
     auto *direction = new QActionGroup(m_sortMenu);
-    for (bool ascending : {true, false}) {
-        QAction *action = m_sortMenu->addAction(theme::literal(m_model.t(ascending ? "sort_asc" : "sort_desc")));
+    for (bool ascending : { true, false }) {
+        QAction *action = m_sortMenu->addAction(
+            theme::literal(m_model.t(ascending ? "sort_asc" : "sort_desc")));
         action->setCheckable(true);
         action->setChecked(ascending == m_model.historySortAscending());
         action->setData(ascending ? u"asc"_s : u"desc"_s);
         direction->addAction(action);
-        connect(action, &QAction::triggered, this, [this, ascending] { m_model.setHistorySortAscending(ascending); });
+        connect(action, &QAction::triggered, this,
+                [this, ascending] { m_model.setHistorySortAscending(ascending); });
     }
 }
 
@@ -214,10 +230,11 @@ void HistoryToolbar::updateSelection()
     const SelectAllState state = selectAllState();
     const bool any = state != SelectAllState::None;
     m_selectAll->setIcon(icons::icon(state == SelectAllState::All ? u"checkmark.square.fill"_s
-                                     : any                        ? u"minus.square.fill"_s
+                                         : any                    ? u"minus.square.fill"_s
                                                                   : u"square"_s,
                                      any ? theme::kAccent : theme::kTextSecondary));
-    m_count->setText(m_model.t("batch_selected_count", {qint64(m_model.selectedRecordIds().size())}));
+    m_count->setText(
+        m_model.t("batch_selected_count", { qint64(m_model.selectedRecordIds().size()) }));
     m_count->setVisible(any);
     m_reprocess->setVisible(any);
     m_delete->setVisible(any);

@@ -40,14 +40,22 @@ namespace {
 int optionalColumnWidth(ListColumn column)
 {
     switch (column) {
-    case ListColumn::PeakStops: return 84;
-    case ListColumn::Exposure: return 120;
-    case ListColumn::CameraLens: return 176;
-    case ListColumn::Faces: return 64;
-    case ListColumn::BayerClip: return 90;
-    case ListColumn::Duration: return 80;
-    case ListColumn::FileSize: return 90;
-    case ListColumn::Date: return 150;
+    case ListColumn::PeakStops:
+        return 84;
+    case ListColumn::Exposure:
+        return 120;
+    case ListColumn::CameraLens:
+        return 176;
+    case ListColumn::Faces:
+        return 64;
+    case ListColumn::BayerClip:
+        return 90;
+    case ListColumn::Duration:
+        return 80;
+    case ListColumn::FileSize:
+        return 90;
+    case ListColumn::Date:
+        return 150;
     }
     return 90;
 }
@@ -55,7 +63,8 @@ int optionalColumnWidth(ListColumn column)
 } // namespace
 
 HistoryView::HistoryView(AppViewModel &model, QWidget *parent)
-    : QWidget(parent), m_model(model)
+    : QWidget(parent)
+    , m_model(model)
 {
     setObjectName(u"historyView"_s);
     m_media = new RowMediaStore(ThumbnailManager::shared(), this);
@@ -140,23 +149,27 @@ QWidget *HistoryView::buildTablePage()
     m_table->verticalHeader()->setDefaultSectionSize(HistoryRowDelegate::RowHeight);
     m_table->horizontalHeader()->setHighlightSections(false);
     m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    m_table->setStyleSheet(u"QTableView { background: %1; border: none; }"
-                           "QHeaderView::section { background: %2; color: %3; border: none;"
-                           " border-bottom: 1px solid %4; padding: 4px 6px; font-size: 8pt; font-weight: 600; }"_s
-                               .arg(theme::css(theme::kWindow), theme::css(theme::kSurface),
-                                    theme::css(theme::kTextSecondary), theme::css(theme::kBorder)));
+    m_table->setStyleSheet(
+        u"QTableView { background: %1; border: none; }"
+        "QHeaderView::section { background: %2; color: %3; border: none;"
+        " border-bottom: 1px solid %4; padding: 4px 6px; font-size: 8pt; font-weight: 600; }"_s.arg(
+            theme::css(theme::kWindow), theme::css(theme::kSurface),
+            theme::css(theme::kTextSecondary), theme::css(theme::kBorder)));
     m_table->viewport()->installEventFilter(this);
     m_table->installEventFilter(this);
 
-    connect(m_delegate, &HistoryRowDelegate::selectionToggled, &m_model, &AppViewModel::toggleRecordSelection);
+    connect(m_delegate, &HistoryRowDelegate::selectionToggled, &m_model,
+            &AppViewModel::toggleRecordSelection);
     connect(m_delegate, &HistoryRowDelegate::actionTriggered, this, &HistoryView::triggerAction);
     connect(m_media, &RowMediaStore::rowChanged, m_tableModel, &HistoryTableModel::refreshRow);
     connect(m_tableModel, &QAbstractItemModel::modelReset, this, &HistoryView::applyColumnWidths);
     // A new list (a refresh, often after a photo finished) may point at files
     // that did not exist before: ask again. The thumbnail cache makes it cheap.
     connect(m_tableModel, &QAbstractItemModel::modelReset, m_media, &RowMediaStore::clear);
-    connect(m_tableModel, &QAbstractItemModel::modelReset, this, &HistoryView::scheduleVisibleRowsCheck);
-    connect(m_table->verticalScrollBar(), &QScrollBar::valueChanged, this, &HistoryView::scheduleVisibleRowsCheck);
+    connect(m_tableModel, &QAbstractItemModel::modelReset, this,
+            &HistoryView::scheduleVisibleRowsCheck);
+    connect(m_table->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &HistoryView::scheduleVisibleRowsCheck);
     connect(m_table, &QWidget::customContextMenuRequested, this, &HistoryView::showContextMenu);
     connect(m_table, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex &index) {
         const PhotoRecord record = m_tableModel->record(index.row());
@@ -230,7 +243,8 @@ void HistoryView::applyColumnWidths()
     const QFontMetrics titles(titleFont);
     const QFontMetrics cells(m_table->font());
     const auto fitted = [&](int section, int width) {
-        const QString title = m_tableModel->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
+        const QString title
+            = m_tableModel->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
         return qMax(width, titles.horizontalAdvance(title) + 18);
     };
     for (int section = 0; section < m_tableModel->columnCount(); ++section) {
@@ -256,7 +270,8 @@ void HistoryView::applyColumnWidths()
             break;
         case HistoryColumn::Kind::Actions:
             header->setSectionResizeMode(section, QHeaderView::Fixed);
-            header->resizeSection(section, fitted(section, 8 + 6 * (HistoryRowDelegate::ActionButton + 2) + 6));
+            header->resizeSection(
+                section, fitted(section, 8 + 6 * (HistoryRowDelegate::ActionButton + 2) + 6));
             break;
         }
     }
@@ -301,7 +316,7 @@ void HistoryView::updateFooter()
     if (loading)
         text = m_model.t("history_loading_more");
     else if (!m_model.hasMoreHistory() && !m_model.historyRecords().isEmpty())
-        text = m_model.t("history_all_loaded", {qint64(m_model.historyRecords().size())});
+        text = m_model.t("history_all_loaded", { qint64(m_model.historyRecords().size()) });
     m_footerLabel->setText(text);
 }
 
@@ -338,11 +353,12 @@ void HistoryView::setHoveredRow(int row)
         return;
     m_delegate->setHoveredRow(row);
     const int last = m_tableModel->columnCount() - 1;
-    for (int r : {old, row}) {
+    for (int r : { old, row }) {
         if (r >= 0 && r < m_tableModel->rowCount()) {
             const QRect rect = m_table->visualRect(m_tableModel->index(r, 0))
                                    .united(m_table->visualRect(m_tableModel->index(r, last)));
-            m_table->viewport()->update(QRect(0, rect.top(), m_table->viewport()->width(), rect.height()));
+            m_table->viewport()->update(
+                QRect(0, rect.top(), m_table->viewport()->width(), rect.height()));
         }
     }
 }
@@ -351,7 +367,8 @@ bool HistoryView::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_table->viewport()) {
         if (event->type() == QEvent::MouseMove)
-            setHoveredRow(m_table->rowAt(static_cast<QMouseEvent *>(event)->position().toPoint().y()));
+            setHoveredRow(
+                m_table->rowAt(static_cast<QMouseEvent *>(event)->position().toPoint().y()));
         else if (event->type() == QEvent::Leave)
             setHoveredRow(-1);
         else if (event->type() == QEvent::Resize)

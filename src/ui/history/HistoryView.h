@@ -37,7 +37,8 @@ class HistoryView : public QWidget
     Q_OBJECT
 
 public:
-    using CompareOpener = std::function<void(const PhotoRecord &record, const QList<PhotoRecord> &list)>;
+    using CompareOpener
+        = std::function<void(const PhotoRecord &record, const QList<PhotoRecord> &list)>;
     enum class DialogKind { None, QuarantineError, FileMissing, ConfirmDelete };
 
     explicit HistoryView(AppViewModel &model, QWidget *parent = nullptr);

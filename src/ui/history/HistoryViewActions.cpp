@@ -1,8 +1,6 @@
 // The row actions of the history tab: compare, inspector, quick preview,
 // reveal with its fallbacks, sharing, the error and file-missing dialogs, the
 // delete confirmation and the context menu.
-#include "ui/history/HistoryView.h"
-
 #include "core/AppViewModel.h"
 #include "media/ProPhotoMetadata.h"
 #include "platform/FileManager.h"
@@ -10,6 +8,7 @@
 #include "ui/Theme.h"
 #include "ui/history/HistoryRowDelegate.h"
 #include "ui/history/HistoryTableModel.h"
+#include "ui/history/HistoryView.h"
 #include "ui/history/InspectorView.h"
 #include "ui/history/QuickPreviewWindow.h"
 #include "ui/history/ShareMenu.h"
@@ -41,16 +40,24 @@ void HistoryView::triggerAction(RowAction action, const PhotoRecord &record)
         if (m_compareOpener)
             m_compareOpener(record, m_model.filteredHistoryRecords());
         break;
-    case RowAction::Inspector: openInspector(record); break;
-    case RowAction::QuickLook: toggleQuickPreview(record); break;
-    case RowAction::Reveal: revealRecord(record); break;
+    case RowAction::Inspector:
+        openInspector(record);
+        break;
+    case RowAction::QuickLook:
+        toggleQuickPreview(record);
+        break;
+    case RowAction::Reveal:
+        revealRecord(record);
+        break;
     case RowAction::Share: {
         auto *menu = new ShareMenu(m_model, record, this);
         menu->setAttribute(Qt::WA_DeleteOnClose);
         menu->popup(QCursor::pos());
         break;
     }
-    case RowAction::ViewError: showErrorDetails(record); break;
+    case RowAction::ViewError:
+        showErrorDetails(record);
+        break;
     }
 }
 
@@ -63,9 +70,10 @@ QString HistoryView::revealRecord(const PhotoRecord &record)
         path = *record.jpgPath;
     if (path.isEmpty()) {
         const QString name = record.outputPath && !record.outputPath->isEmpty()
-            ? QFileInfo(*record.outputPath).fileName() : record.stem;
+            ? QFileInfo(*record.outputPath).fileName()
+            : record.stem;
         showDialog(DialogKind::FileMissing, m_model.t("dialog_file_missing_title"),
-                   m_model.t("dialog_file_missing_desc", {name}));
+                   m_model.t("dialog_file_missing_desc", { name }));
         return {};
     }
     m_fileManager->showItem(path);
@@ -79,7 +87,7 @@ void HistoryView::openInspector(const PhotoRecord &record)
     if (m_inspectorPanel->isHidden()) {
         m_inspectorPanel->show();
         const int panel = qMax(m_inspectorPanel->minimumWidth(), 380);
-        m_splitter->setSizes({qMax(0, m_splitter->width() - panel), panel});
+        m_splitter->setSizes({ qMax(0, m_splitter->width() - panel), panel });
     }
 }
 
@@ -119,7 +127,7 @@ void HistoryView::confirmDelete()
     const qint64 count = m_model.selectedRecordIds().size();
     if (count == 0)
         return;
-    showDialog(DialogKind::ConfirmDelete, m_model.t("history_delete_confirm_title", {count}),
+    showDialog(DialogKind::ConfirmDelete, m_model.t("history_delete_confirm_title", { count }),
                m_model.t("history_delete_confirm_desc"));
 }
 
@@ -135,12 +143,14 @@ void HistoryView::showDialog(DialogKind kind, const QString &title, const QStrin
     box->setInformativeText(text);
     if (kind == DialogKind::ConfirmDelete) {
         box->setIcon(QMessageBox::Warning);
-        QPushButton *remove = box->addButton(theme::literal(m_model.t("btn_batch_delete")), QMessageBox::AcceptRole);
+        QPushButton *remove = box->addButton(theme::literal(m_model.t("btn_batch_delete")),
+                                             QMessageBox::AcceptRole);
         box->addButton(theme::literal(m_model.t("recipes_btn_cancel")), QMessageBox::RejectRole);
         box->setDefaultButton(remove);
         connect(remove, &QPushButton::clicked, &m_model, &AppViewModel::deleteSelectedRecords);
     } else {
-        box->setIcon(kind == DialogKind::QuarantineError ? QMessageBox::Critical : QMessageBox::Information);
+        box->setIcon(kind == DialogKind::QuarantineError ? QMessageBox::Critical
+                                                         : QMessageBox::Information);
         box->addButton(theme::literal(m_model.t("dialog_ok")), QMessageBox::AcceptRole);
     }
     m_dialog = box;
@@ -154,9 +164,10 @@ QMenu *HistoryView::buildContextMenu(const PhotoRecord &record, QWidget *parent)
     menu->setObjectName(u"historyRowMenu"_s);
     for (RowAction action : rowActions(record, bool(m_compareOpener))) {
         const QString text = theme::literal(m_model.t(rowActionKey(action)));
-        const QIcon icon = icons::icon(rowActionSymbol(action), action == RowAction::Compare ? theme::kYellow
-                                                                : action == RowAction::ViewError ? theme::kRed
-                                                                                                 : theme::kTextPrimary);
+        const QIcon icon = icons::icon(rowActionSymbol(action),
+                                       action == RowAction::Compare         ? theme::kYellow
+                                           : action == RowAction::ViewError ? theme::kRed
+                                                                            : theme::kTextPrimary);
         if (action == RowAction::Share) {
             QMenu *share = new ShareMenu(m_model, record, menu);
             share->setTitle(text);
@@ -166,7 +177,8 @@ QMenu *HistoryView::buildContextMenu(const PhotoRecord &record, QWidget *parent)
         }
         QAction *item = menu->addAction(icon, text);
         item->setData(int(action));
-        connect(item, &QAction::triggered, this, [this, action, record] { triggerAction(action, record); });
+        connect(item, &QAction::triggered, this,
+                [this, action, record] { triggerAction(action, record); });
     }
     return menu;
 }

@@ -39,7 +39,8 @@ GainMapSummary readGainMapSummary(const QString &path)
         return summary;
     const GainMapMetadata &meta = *layout.metadata;
     summary.present = true;
-    summary.kind = meta.source == GainMapMetadataSource::Iso21496 ? u"ISO 21496-1"_s : u"XMP (hdrgm)"_s;
+    summary.kind
+        = meta.source == GainMapMetadataSource::Iso21496 ? u"ISO 21496-1"_s : u"XMP (hdrgm)"_s;
     summary.version = meta.version;
     summary.channels = meta.channelCount;
     summary.minStops = meta.channel(0).minLog2;
@@ -79,7 +80,8 @@ QLabel *valueLabel(const QString &key, const QString &text, QWidget *parent)
 }
 
 // A label on the left and its value on the right.
-void addRow(QGridLayout *grid, const QString &label, const QString &key, const QString &value, QWidget *parent)
+void addRow(QGridLayout *grid, const QString &label, const QString &key, const QString &value,
+            QWidget *parent)
 {
     const int row = grid->rowCount();
     auto *name = new QLabel(label, parent);
@@ -92,7 +94,8 @@ void addRow(QGridLayout *grid, const QString &label, const QString &key, const Q
 }
 
 // A symbol beside a value (the camera rows).
-void addSymbolRow(QVBoxLayout *layout, const QString &symbol, const QString &key, const QString &value, QWidget *parent)
+void addSymbolRow(QVBoxLayout *layout, const QString &symbol, const QString &key,
+                  const QString &value, QWidget *parent)
 {
     auto *row = new QHBoxLayout;
     auto *icon = new QLabel(parent);
@@ -119,7 +122,9 @@ QGridLayout *rowSection(QWidget *section, const QString &symbol, const QString &
 } // namespace
 
 InspectorView::InspectorView(AppViewModel &model, QWidget *parent)
-    : QWidget(parent), m_model(model), m_headroom([] { return 1.0; })
+    : QWidget(parent)
+    , m_model(model)
+    , m_headroom([] { return 1.0; })
 {
     setObjectName(u"inspectorView"_s);
     auto *layout = new QVBoxLayout(this);
@@ -171,7 +176,8 @@ void InspectorView::setRecord(const PhotoRecord &record)
     m_targetPath = metadataPathOf(record);
     m_metadata = ProPhotoMetadata();
     m_gainMap = GainMapSummary();
-    m_thumbnail->setPaths(record.outputPath.value_or(QString()), record.jpgPath.value_or(QString()));
+    m_thumbnail->setPaths(record.outputPath.value_or(QString()),
+                          record.jpgPath.value_or(QString()));
     rebuild();
     if (m_targetPath.isEmpty())
         m_histogram->setFile(QString(), record.peakStops);
@@ -181,10 +187,12 @@ void InspectorView::setRecord(const PhotoRecord &record)
     const QString path = m_targetPath;
     QPointer<InspectorView> self(this);
     QThreadPool::globalInstance()->start([self, request, path] {
-        ProPhotoMetadata metadata = path.isEmpty() ? ProPhotoMetadata() : MetadataService::shared().extractMetadata(path);
+        ProPhotoMetadata metadata
+            = path.isEmpty() ? ProPhotoMetadata() : MetadataService::shared().extractMetadata(path);
         GainMapSummary gainMap = readGainMapSummary(path);
         QMetaObject::invokeMethod(
-            qApp, [self, request, metadata = std::move(metadata), gainMap] {
+            qApp,
+            [self, request, metadata = std::move(metadata), gainMap] {
                 if (!self || request != self->m_request)
                     return;
                 self->m_metadata = metadata;
@@ -206,7 +214,7 @@ void InspectorView::rebuild()
 {
     m_title->setText(m_model.t("inspector_title"));
     m_stem->setText(m_record.stem);
-    for (QVBoxLayout *box : {m_upper, m_lower}) {
+    for (QVBoxLayout *box : { m_upper, m_lower }) {
         while (QLayoutItem *item = box->takeAt(0)) {
             delete item->widget();
             delete item;
@@ -225,10 +233,13 @@ QWidget *InspectorView::buildCameraSection()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(sectionHeader(u"camera.fill"_s, m_model.t("inspector_sec_camera"), section));
     const QString none = missingValuePlaceholder();
-    const QString camera = m_metadata.cameraModel.value_or(m_metadata.cameraMake.value_or(m_record.stem));
+    const QString camera
+        = m_metadata.cameraModel.value_or(m_metadata.cameraMake.value_or(m_record.stem));
     addSymbolRow(layout, u"camera"_s, u"camera"_s, camera, section);
-    addSymbolRow(layout, u"camera.aperture"_s, u"lens"_s, m_metadata.lensModel.value_or(none), section);
-    addSymbolRow(layout, u"calendar"_s, u"date"_s, m_metadata.dateTimeOriginal.value_or(none), section);
+    addSymbolRow(layout, u"camera.aperture"_s, u"lens"_s, m_metadata.lensModel.value_or(none),
+                 section);
+    addSymbolRow(layout, u"calendar"_s, u"date"_s, m_metadata.dateTimeOriginal.value_or(none),
+                 section);
     return section;
 }
 
@@ -237,15 +248,23 @@ QWidget *InspectorView::buildExposureSection()
     auto *section = new QWidget(this);
     auto *layout = new QVBoxLayout(section);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(sectionHeader(u"dial.low.fill"_s, m_model.t("inspector_sec_exposure"), section));
+    layout->addWidget(
+        sectionHeader(u"dial.low.fill"_s, m_model.t("inspector_sec_exposure"), section));
     auto *grid = new QGridLayout;
     grid->setSpacing(6);
-    struct Tile { const char *key; QString value; const char *symbol; QColor color; };
+    struct Tile
+    {
+        const char *key;
+        QString value;
+        const char *symbol;
+        QColor color;
+    };
     const Tile tiles[] = {
-        {"inspector_aperture", m_metadata.apertureString(), "camera.aperture", theme::kCyan},
-        {"inspector_shutter", m_metadata.shutterSpeedString(), "timer", theme::kOrange},
-        {"inspector_focal_len", m_metadata.focalLengthString(), "arrow.up.left.and.down.right.and.arrow.up.right.and.down.left", theme::kPurple},
-        {"inspector_exp_bias", m_metadata.exposureBiasString(), "rays", theme::kYellow},
+        { "inspector_aperture", m_metadata.apertureString(), "camera.aperture", theme::kCyan },
+        { "inspector_shutter", m_metadata.shutterSpeedString(), "timer", theme::kOrange },
+        { "inspector_focal_len", m_metadata.focalLengthString(),
+          "arrow.up.left.and.down.right.and.arrow.up.right.and.down.left", theme::kPurple },
+        { "inspector_exp_bias", m_metadata.exposureBiasString(), "rays", theme::kYellow },
     };
     for (int i = 0; i < 4; ++i) {
         auto *tile = new QFrame(section);
@@ -255,7 +274,8 @@ QWidget *InspectorView::buildExposureSection()
         box->setSpacing(2);
         auto *head = new QHBoxLayout;
         auto *icon = new QLabel(tile);
-        icon->setPixmap(icons::pixmap(QString::fromLatin1(tiles[i].symbol), tiles[i].color, 12, devicePixelRatioF()));
+        icon->setPixmap(icons::pixmap(QString::fromLatin1(tiles[i].symbol), tiles[i].color, 12,
+                                      devicePixelRatioF()));
         head->addWidget(icon);
         auto *title = new QLabel(m_model.t(tiles[i].key), tile);
         title->setProperty("role", u"kpiLabel"_s);
@@ -279,19 +299,23 @@ QWidget *InspectorView::buildHdrRows()
     if (m_record.peakStops) {
         const double stops = *m_record.peakStops;
         addRow(grid, m_model.t("inspector_peak_stops"), u"inspector_peak_stops"_s,
-               formatPrintf(u"+%.2f stops (%.1fx)"_s, {stops, std::exp2(stops)}), section);
+               formatPrintf(u"+%.2f stops (%.1fx)"_s, { stops, std::exp2(stops) }), section);
     }
-    addRow(grid, m_model.t("inspector_gainmap_spec"), u"inspector_gainmap_spec"_s, gainMapText(), section);
+    addRow(grid, m_model.t("inspector_gainmap_spec"), u"inspector_gainmap_spec"_s, gainMapText(),
+           section);
     if (m_record.numFaces) {
         const qint64 faces = *m_record.numFaces;
         addRow(grid, m_model.t("inspector_faces_detected"), u"inspector_faces_detected"_s,
-               faces < 1 ? m_model.t("inspector_faces_none") : m_model.t("inspector_faces_count", {faces}), section);
+               faces < 1 ? m_model.t("inspector_faces_none")
+                         : m_model.t("inspector_faces_count", { faces }),
+               section);
     }
     if (m_record.rawClipPct) {
         addRow(grid, m_model.t("inspector_bayer_clip"), u"inspector_bayer_clip"_s,
-               formatPrintf(u"%.3f%%"_s, {*m_record.rawClipPct}), section);
+               formatPrintf(u"%.3f%%"_s, { *m_record.rawClipPct }), section);
     }
-    addRow(grid, m_model.t("inspector_engine_version"), u"inspector_engine_version"_s, u"V30 Cython Native"_s, section);
+    addRow(grid, m_model.t("inspector_engine_version"), u"inspector_engine_version"_s,
+           u"V30 Cython Native"_s, section);
     return section;
 }
 
@@ -299,9 +323,12 @@ QWidget *InspectorView::buildFileSection()
 {
     auto *section = new QWidget(this);
     QGridLayout *grid = rowSection(section, u"display"_s, m_model.t("inspector_sec_file_display"));
-    addRow(grid, m_model.t("inspector_resolution"), u"inspector_resolution"_s, m_metadata.resolutionString(), section);
-    addRow(grid, m_model.t("inspector_filesize"), u"inspector_filesize"_s, m_metadata.fileSizeString(), section);
-    addRow(grid, m_model.t("inspector_display_cap"), u"inspector_display_cap"_s, displayText(), section);
+    addRow(grid, m_model.t("inspector_resolution"), u"inspector_resolution"_s,
+           m_metadata.resolutionString(), section);
+    addRow(grid, m_model.t("inspector_filesize"), u"inspector_filesize"_s,
+           m_metadata.fileSizeString(), section);
+    addRow(grid, m_model.t("inspector_display_cap"), u"inspector_display_cap"_s, displayText(),
+           section);
     return section;
 }
 
@@ -311,15 +338,16 @@ QString InspectorView::gainMapText() const
         return missingValuePlaceholder();
     if (!m_gainMap.present)
         return m_model.t("inspector_gainmap_none");
-    return m_model.t("inspector_gainmap_detail", {m_gainMap.kind, m_gainMap.version, m_gainMap.minStops,
-                                                  m_gainMap.maxStops, qint64(m_gainMap.channels)});
+    return m_model.t("inspector_gainmap_detail",
+                     { m_gainMap.kind, m_gainMap.version, m_gainMap.minStops, m_gainMap.maxStops,
+                       qint64(m_gainMap.channels) });
 }
 
 QString InspectorView::displayText() const
 {
     const double headroom = m_headroom();
     if (headroom > 1.0)
-        return m_model.t("inspector_display_hdr", {headroom});
+        return m_model.t("inspector_display_hdr", { headroom });
     return m_model.t("inspector_display_sdr");
 }
 

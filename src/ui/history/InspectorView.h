@@ -25,7 +25,7 @@ struct GainMapSummary
 {
     bool readDone = false;
     bool present = false;
-    QString kind;    // "ISO 21496-1" or "XMP (hdrgm)"
+    QString kind; // "ISO 21496-1" or "XMP (hdrgm)"
     QString version;
     double minStops = 0;
     double maxStops = 0;

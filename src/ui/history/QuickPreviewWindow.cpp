@@ -35,7 +35,8 @@ QImage readPreviewImage(const QString &path, QSize bounds)
 }
 
 QuickPreviewWindow::QuickPreviewWindow(AppViewModel &model, QWidget *parent)
-    : QWidget(parent, Qt::Window), m_model(model)
+    : QWidget(parent, Qt::Window)
+    , m_model(model)
 {
     setObjectName(u"historyQuickPreview"_s);
     setAttribute(Qt::WA_DeleteOnClose, false);
@@ -63,7 +64,8 @@ void QuickPreviewWindow::showFile(const QString &path, const QString &title)
     QThreadPool::globalInstance()->start([self, path, request, bounds, dpr] {
         QImage image = readPreviewImage(path, bounds * dpr);
         QMetaObject::invokeMethod(
-            qApp, [self, request, image = std::move(image)] {
+            qApp,
+            [self, request, image = std::move(image)] {
                 // Only the newest request counts: an older one may finish later.
                 if (!self || request != self->m_request)
                     return;
@@ -83,7 +85,8 @@ void QuickPreviewWindow::paintEvent(QPaintEvent *)
         return;
     const QSizeF logical = QSizeF(m_image.size()) / devicePixelRatioF();
     const QSizeF fitted = logical.width() > width() || logical.height() > height()
-        ? logical.scaled(size(), Qt::KeepAspectRatio) : logical;
+        ? logical.scaled(size(), Qt::KeepAspectRatio)
+        : logical;
     const QRectF target((width() - fitted.width()) / 2, (height() - fitted.height()) / 2,
                         fitted.width(), fitted.height());
     p.setRenderHint(QPainter::SmoothPixmapTransform);

@@ -11,7 +11,7 @@ namespace orvanta {
 
 QString metadataPathOf(const PhotoRecord &record)
 {
-    for (const auto *path : {&record.outputPath, &record.jpgPath, &record.rawPath}) {
+    for (const auto *path : { &record.outputPath, &record.jpgPath, &record.rawPath }) {
         if (path->has_value() && !(*path)->isEmpty() && QFileInfo(**path).isFile())
             return **path;
     }
@@ -19,7 +19,8 @@ QString metadataPathOf(const PhotoRecord &record)
 }
 
 RowMediaStore::RowMediaStore(ThumbnailManager &thumbnails, QObject *parent)
-    : QObject(parent), m_thumbnails(thumbnails)
+    : QObject(parent)
+    , m_thumbnails(thumbnails)
 {
     // Metadata reads are mostly file I/O; two at a time keeps a fast scroll
     // from flooding the disk while leaving a core for the interface.
@@ -38,7 +39,7 @@ RowMediaStore::Thumb RowMediaStore::thumbnail(const PhotoRecord &record)
     auto it = m_thumbs.constFind(id);
     if (it != m_thumbs.constEnd())
         return *it;
-    m_thumbs.insert(id, Thumb{});
+    m_thumbs.insert(id, Thumb {});
     const ThumbnailManager::Ticket ticket = m_thumbnails.loadThumbnail(
         record.outputPath.value_or(QString()), record.jpgPath.value_or(QString()),
         RowThumbnailPixels, this, [this, id](const ThumbnailResult &result) {
@@ -48,7 +49,7 @@ RowMediaStore::Thumb RowMediaStore::thumbnail(const PhotoRecord &record)
             Thumb thumb;
             switch (result.kind()) {
             case ThumbnailResult::Kind::Success:
-                thumb = {ThumbState::Image, result.image()};
+                thumb = { ThumbState::Image, result.image() };
                 break;
             case ThumbnailResult::Kind::MissingOnDisk:
                 thumb.state = ThumbState::Missing;
@@ -86,10 +87,11 @@ void RowMediaStore::requestMetadata(const PhotoRecord &record)
         if (*cancelled)
             return; // the row left the view before its turn came
         const QString path = metadataPathOf(copy);
-        ProPhotoMetadata metadata =
-            path.isEmpty() ? ProPhotoMetadata() : MetadataService::shared().extractMetadata(path);
+        ProPhotoMetadata metadata
+            = path.isEmpty() ? ProPhotoMetadata() : MetadataService::shared().extractMetadata(path);
         QMetaObject::invokeMethod(
-            qApp, [self, id, cancelled, metadata = std::move(metadata)] {
+            qApp,
+            [self, id, cancelled, metadata = std::move(metadata)] {
                 if (!self || *cancelled)
                     return;
                 self->m_metaJobs.remove(id);

@@ -19,43 +19,51 @@ using namespace Qt::StringLiterals;
 
 QString ShareMenu::sharedFile(const PhotoRecord &record)
 {
-    for (const auto *path : {&record.outputPath, &record.jpgPath}) {
+    for (const auto *path : { &record.outputPath, &record.jpgPath }) {
         if (path->has_value() && !(*path)->isEmpty() && QFileInfo(**path).isFile())
             return **path;
     }
     return {};
 }
 
-ShareMenu::ShareMenu(AppViewModel &model, const PhotoRecord &record, QWidget *parent) : QMenu(parent)
+ShareMenu::ShareMenu(AppViewModel &model, const PhotoRecord &record, QWidget *parent)
+    : QMenu(parent)
 {
     setObjectName(u"historyShareMenu"_s);
     setTitle(theme::literal(model.t("action_share_sheet")));
     const QString path = sharedFile(record);
     const bool exists = !path.isEmpty();
 
-    QAction *image = addAction(icons::icon(u"photo"_s, theme::kTextPrimary), theme::literal(model.t("share_copy_image")));
+    QAction *image = addAction(icons::icon(u"photo"_s, theme::kTextPrimary),
+                               theme::literal(model.t("share_copy_image")));
     image->setObjectName(u"shareCopyImage"_s);
     connect(image, &QAction::triggered, this, [path] {
         QImageReader reader(path);
         reader.setAutoTransform(true);
         auto *mime = new QMimeData;
         mime->setImageData(reader.read());
-        mime->setUrls({QUrl::fromLocalFile(path)});
+        mime->setUrls({ QUrl::fromLocalFile(path) });
         QGuiApplication::clipboard()->setMimeData(mime);
     });
-    QAction *copyPath = addAction(icons::icon(u"doc.on.doc"_s, theme::kTextPrimary), theme::literal(model.t("share_copy_path")));
+    QAction *copyPath = addAction(icons::icon(u"doc.on.doc"_s, theme::kTextPrimary),
+                                  theme::literal(model.t("share_copy_path")));
     copyPath->setObjectName(u"shareCopyPath"_s);
-    connect(copyPath, &QAction::triggered, this, [path] { QGuiApplication::clipboard()->setText(path); });
-    QAction *open = addAction(icons::icon(u"arrow.up.left.and.down.right.and.arrow.up.right.and.down.left"_s, theme::kTextPrimary),
-                              theme::literal(model.t("share_open_default")));
+    connect(copyPath, &QAction::triggered, this,
+            [path] { QGuiApplication::clipboard()->setText(path); });
+    QAction *open
+        = addAction(icons::icon(u"arrow.up.left.and.down.right.and.arrow.up.right.and.down.left"_s,
+                                theme::kTextPrimary),
+                    theme::literal(model.t("share_open_default")));
     open->setObjectName(u"shareOpenDefault"_s);
-    connect(open, &QAction::triggered, this, [path] { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); });
-    QAction *mail = addAction(icons::icon(u"square.and.arrow.up"_s, theme::kTextPrimary), theme::literal(model.t("action_airdrop")));
+    connect(open, &QAction::triggered, this,
+            [path] { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); });
+    QAction *mail = addAction(icons::icon(u"square.and.arrow.up"_s, theme::kTextPrimary),
+                              theme::literal(model.t("action_airdrop")));
     mail->setObjectName(u"shareEmail"_s);
     connect(mail, &QAction::triggered, this, [path] {
-        QProcess::startDetached(u"xdg-email"_s, {u"--attach"_s, path});
+        QProcess::startDetached(u"xdg-email"_s, { u"--attach"_s, path });
     });
-    for (QAction *action : {image, copyPath, open, mail})
+    for (QAction *action : { image, copyPath, open, mail })
         action->setEnabled(exists);
 }
 

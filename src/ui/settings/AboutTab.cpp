@@ -22,12 +22,12 @@ const QList<Acknowledgement> &AboutTab::acknowledgements()
     // libsodium for checking update signatures. Their own dependencies
     // (zlib, expat, Little CMS, ...) come with them from the system.
     static const QList<Acknowledgement> list = {
-        {u"Qt 6"_s, u"LGPL-3.0"_s, u"qt.io"_s},
-        {u"SQLite"_s, u"Public Domain"_s, u"sqlite.org"_s},
-        {u"Exiv2"_s, u"GPL-2.0-or-later"_s, u"exiv2.org"_s},
-        {u"LibRaw"_s, u"LGPL-2.1 / CDDL-1.0"_s, u"libraw.org"_s},
-        {u"libjpeg-turbo"_s, u"IJG / BSD-3-Clause"_s, u"libjpeg-turbo.org"_s},
-        {u"libsodium"_s, u"ISC"_s, u"libsodium.org"_s},
+        { u"Qt 6"_s, u"LGPL-3.0"_s, u"qt.io"_s },
+        { u"SQLite"_s, u"Public Domain"_s, u"sqlite.org"_s },
+        { u"Exiv2"_s, u"GPL-2.0-or-later"_s, u"exiv2.org"_s },
+        { u"LibRaw"_s, u"LGPL-2.1 / CDDL-1.0"_s, u"libraw.org"_s },
+        { u"libjpeg-turbo"_s, u"IJG / BSD-3-Clause"_s, u"libjpeg-turbo.org"_s },
+        { u"libsodium"_s, u"ISC"_s, u"libsodium.org"_s },
     };
     return list;
 }
@@ -60,9 +60,10 @@ QWidget *AboutTab::buildHeader(Updater *updater)
     m_version = label(u"tertiary"_s, head);
     m_version->setObjectName(u"aboutVersion"_s);
     m_version->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_version->setText(updater ? updater->currentVersionString()
-                               : QStringLiteral(ORVANTA_VERSION " (Build " ORVANTA_BUILD_NUMBER ")"));
-    for (QLabel *centred : {m_title, m_tagline, m_version})
+    m_version->setText(updater
+                           ? updater->currentVersionString()
+                           : QStringLiteral(ORVANTA_VERSION " (Build " ORVANTA_BUILD_NUMBER ")"));
+    for (QLabel *centred : { m_title, m_tagline, m_version })
         centred->setAlignment(Qt::AlignHCenter);
 
     m_badge = new QLabel(head);

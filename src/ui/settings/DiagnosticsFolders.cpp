@@ -21,17 +21,17 @@ RevealTarget prepareLogsReveal()
 {
     const QString folder = logsFolder();
     QDir().mkpath(folder);
-    return {folder, false};
+    return { folder, false };
 }
 
 RevealTarget prepareStateDatabaseReveal(const QString &databasePath)
 {
     const QFileInfo database(databasePath);
     if (database.exists())
-        return {database.absoluteFilePath(), true};
+        return { database.absoluteFilePath(), true };
     const QString folder = database.absolutePath();
     QDir().mkpath(folder);
-    return {folder, false};
+    return { folder, false };
 }
 
 } // namespace orvanta::diagnostics

@@ -32,14 +32,14 @@ QString describeCharacter(QChar c)
 
 const QStringList &chipPlaceholders()
 {
-    static const QStringList chips = {u"{original}"_s, u"{profile}"_s, u"{date}"_s, u"{camera}"_s,
-                                      u"{rating}"_s};
+    static const QStringList chips
+        = { u"{original}"_s, u"{profile}"_s, u"{date}"_s, u"{camera}"_s, u"{rating}"_s };
     return chips;
 }
 
 const QStringList &knownPlaceholders()
 {
-    static const QStringList known = chipPlaceholders() + QStringList{u"{stem}"_s};
+    static const QStringList known = chipPlaceholders() + QStringList { u"{stem}"_s };
     return known;
 }
 

@@ -18,8 +18,8 @@ namespace orvanta {
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr FineTuning kOrder[] = {FineTuning::MidTarget, FineTuning::PowerMid, FineTuning::PowerHi,
-                                 FineTuning::ChromaBoost, FineTuning::SkinDamp};
+constexpr FineTuning kOrder[] = { FineTuning::MidTarget, FineTuning::PowerMid, FineTuning::PowerHi,
+                                  FineTuning::ChromaBoost, FineTuning::SkinDamp };
 }
 
 int FineTuningPanel::toTicks(double value)
@@ -83,12 +83,16 @@ FineTuningPanel::FineTuningPanel(AppViewModel &model, QWidget *parent)
     layout->addWidget(frame);
 
     connect(m_reset, &QPushButton::clicked, &m_model, &AppViewModel::resetCustomParameters);
-    connect(&m_model, &AppViewModel::customMidTargetChanged, this, [this] { showValue(FineTuning::MidTarget); });
-    connect(&m_model, &AppViewModel::customPowerMidChanged, this, [this] { showValue(FineTuning::PowerMid); });
-    connect(&m_model, &AppViewModel::customPowerHiChanged, this, [this] { showValue(FineTuning::PowerHi); });
+    connect(&m_model, &AppViewModel::customMidTargetChanged, this,
+            [this] { showValue(FineTuning::MidTarget); });
+    connect(&m_model, &AppViewModel::customPowerMidChanged, this,
+            [this] { showValue(FineTuning::PowerMid); });
+    connect(&m_model, &AppViewModel::customPowerHiChanged, this,
+            [this] { showValue(FineTuning::PowerHi); });
     connect(&m_model, &AppViewModel::customChromaBoostChanged, this,
             [this] { showValue(FineTuning::ChromaBoost); });
-    connect(&m_model, &AppViewModel::customSkinDampChanged, this, [this] { showValue(FineTuning::SkinDamp); });
+    connect(&m_model, &AppViewModel::customSkinDampChanged, this,
+            [this] { showValue(FineTuning::SkinDamp); });
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &FineTuningPanel::retranslate);
     for (FineTuning which : kOrder)
         showValue(which);
@@ -117,11 +121,16 @@ void FineTuningPanel::showValue(FineTuning which)
 double FineTuningPanel::modelValue(FineTuning which) const
 {
     switch (which) {
-    case FineTuning::MidTarget: return m_model.customMidTarget();
-    case FineTuning::PowerMid: return m_model.customPowerMid();
-    case FineTuning::PowerHi: return m_model.customPowerHi();
-    case FineTuning::ChromaBoost: return m_model.customChromaBoost();
-    case FineTuning::SkinDamp: return m_model.customSkinDamp();
+    case FineTuning::MidTarget:
+        return m_model.customMidTarget();
+    case FineTuning::PowerMid:
+        return m_model.customPowerMid();
+    case FineTuning::PowerHi:
+        return m_model.customPowerHi();
+    case FineTuning::ChromaBoost:
+        return m_model.customChromaBoost();
+    case FineTuning::SkinDamp:
+        return m_model.customSkinDamp();
     }
     return 0;
 }
@@ -130,11 +139,21 @@ void FineTuningPanel::setModelValue(FineTuning which, double value)
 {
     value = clampToSlider(which, value);
     switch (which) {
-    case FineTuning::MidTarget: m_model.setCustomMidTarget(value); break;
-    case FineTuning::PowerMid: m_model.setCustomPowerMid(value); break;
-    case FineTuning::PowerHi: m_model.setCustomPowerHi(value); break;
-    case FineTuning::ChromaBoost: m_model.setCustomChromaBoost(value); break;
-    case FineTuning::SkinDamp: m_model.setCustomSkinDamp(value); break;
+    case FineTuning::MidTarget:
+        m_model.setCustomMidTarget(value);
+        break;
+    case FineTuning::PowerMid:
+        m_model.setCustomPowerMid(value);
+        break;
+    case FineTuning::PowerHi:
+        m_model.setCustomPowerHi(value);
+        break;
+    case FineTuning::ChromaBoost:
+        m_model.setCustomChromaBoost(value);
+        break;
+    case FineTuning::SkinDamp:
+        m_model.setCustomSkinDamp(value);
+        break;
     }
 }
 

@@ -20,10 +20,10 @@ using namespace settingsui;
 const QList<std::pair<QString, const char *>> &PathsTab::subfolderRules()
 {
     static const QList<std::pair<QString, const char *>> rules = {
-        {u"none"_s, "subfolder_rule_none"},
-        {u"by_date"_s, "subfolder_rule_by_date"},
-        {u"by_rating"_s, "subfolder_rule_by_rating"},
-        {u"by_profile"_s, "subfolder_rule_by_profile"},
+        { u"none"_s, "subfolder_rule_none" },
+        { u"by_date"_s, "subfolder_rule_by_date" },
+        { u"by_rating"_s, "subfolder_rule_by_rating" },
+        { u"by_profile"_s, "subfolder_rule_by_profile" },
     };
     return rules;
 }
@@ -43,7 +43,8 @@ PathsTab::PathsTab(AppViewModel &model, const SettingsHooks &hooks, QWidget *par
     connect(&m_model, &AppViewModel::sourceDirChanged, this, &PathsTab::showFolders);
     connect(&m_model, &AppViewModel::destDirChanged, this, &PathsTab::showFolders);
     connect(&m_model, &AppViewModel::exportNamingTemplateChanged, this, &PathsTab::showTemplate);
-    connect(&m_model, &AppViewModel::exportSubfolderRuleChanged, this, &PathsTab::showSubfolderRule);
+    connect(&m_model, &AppViewModel::exportSubfolderRuleChanged, this,
+            &PathsTab::showSubfolderRule);
     connect(&m_model, &AppViewModel::selectedProfileChanged, this, &PathsTab::updatePreview);
     // The folders of a running batch stay as they are until it ends.
     connect(&m_model, &AppViewModel::isRunningChanged, this, &PathsTab::showFolders);
@@ -61,10 +62,10 @@ QWidget *PathsTab::buildFolders()
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(12);
     grid->setVerticalSpacing(4);
-    QLabel **titles[] = {&m_sourceTitle, &m_destTitle};
-    QLabel **paths[] = {&m_sourcePath, &m_destPath};
-    QPushButton **buttons[] = {&m_browseSource, &m_browseDest};
-    const QString symbols[] = {u"folder.fill"_s, u"tray.and.arrow.down.fill"_s};
+    QLabel **titles[] = { &m_sourceTitle, &m_destTitle };
+    QLabel **paths[] = { &m_sourcePath, &m_destPath };
+    QPushButton **buttons[] = { &m_browseSource, &m_browseDest };
+    const QString symbols[] = { u"folder.fill"_s, u"tray.and.arrow.down.fill"_s };
     for (int i = 0; i < 2; ++i) {
         *titles[i] = label(u"cardTitle"_s, frame);
         *paths[i] = label(u"path"_s, frame, false);
@@ -106,7 +107,8 @@ QWidget *PathsTab::buildNaming()
         chip->setObjectName(u"chip_"_s + placeholder.mid(1, placeholder.size() - 2));
         chip->setCursor(Qt::PointingHandCursor);
         connect(chip, &QPushButton::clicked, this, [this, placeholder] {
-            m_model.setExportNamingTemplate(naming::insertPlaceholder(m_model.exportNamingTemplate(), placeholder));
+            m_model.setExportNamingTemplate(
+                naming::insertPlaceholder(m_model.exportNamingTemplate(), placeholder));
         });
         chips->addWidget(chip);
         m_chips.append(chip);
@@ -211,8 +213,8 @@ void PathsTab::showSubfolderRule()
 
 void PathsTab::updatePreview()
 {
-    m_preview->setText(naming::previewFileName(m_model.exportNamingTemplate(), m_model.exportSubfolderRule(),
-                                               m_model.selectedProfile()));
+    m_preview->setText(naming::previewFileName(
+        m_model.exportNamingTemplate(), m_model.exportSubfolderRule(), m_model.selectedProfile()));
     const naming::TemplateIssues issues = naming::templateIssues(m_model.exportNamingTemplate());
     QStringList lines;
     if (!issues.forbiddenCharacters.isEmpty()) {
@@ -220,10 +222,11 @@ void PathsTab::updatePreview()
         QStringList quoted;
         for (const QString &c : issues.forbiddenCharacters)
             quoted << u"“"_s + c + u"”"_s;
-        lines << m_model.t("export_warning_forbidden_chars", {quoted.join(u' ')});
+        lines << m_model.t("export_warning_forbidden_chars", { quoted.join(u' ') });
     }
     if (!issues.unknownPlaceholders.isEmpty())
-        lines << m_model.t("export_warning_unknown_placeholders", {issues.unknownPlaceholders.join(u", "_s)});
+        lines << m_model.t("export_warning_unknown_placeholders",
+                           { issues.unknownPlaceholders.join(u", "_s) });
     m_warning->setText(lines.isEmpty() ? QString() : u"⚠  "_s + lines.join(u"\n⚠  "_s));
     m_warning->setVisible(!lines.isEmpty());
 }

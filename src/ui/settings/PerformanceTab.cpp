@@ -17,7 +17,7 @@ using namespace settingsui;
 
 const QList<int> &PerformanceTab::workerChoices()
 {
-    static const QList<int> choices = {0, 1, 2, 3, 4, 6, 8};
+    static const QList<int> choices = { 0, 1, 2, 3, 4, 6, 8 };
     return choices;
 }
 
@@ -53,8 +53,8 @@ PerformanceTab::PerformanceTab(AppViewModel &model, QWidget *parent)
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(18);
     grid->setVerticalSpacing(8);
-    QLabel **names[] = {&m_ramLabel, &m_archLabel, &m_pressureLabel};
-    QLabel **values[] = {&m_ramValue, &m_archValue, &m_pressureValue};
+    QLabel **names[] = { &m_ramLabel, &m_archLabel, &m_pressureLabel };
+    QLabel **values[] = { &m_ramValue, &m_archValue, &m_pressureValue };
     for (int row = 0; row < 3; ++row) {
         *names[row] = label(u"secondary"_s, probeCard);
         *values[row] = label(QString(), probeCard);
@@ -75,7 +75,8 @@ PerformanceTab::PerformanceTab(AppViewModel &model, QWidget *parent)
     connect(m_workers, &QComboBox::activated, this, [this](int index) {
         m_model.setSelectedWorkers(m_workers->itemData(index).toLongLong());
     });
-    connect(m_throttle->box(), &QCheckBox::toggled, &m_model, &AppViewModel::setMemoryThrottleEnabled);
+    connect(m_throttle->box(), &QCheckBox::toggled, &m_model,
+            &AppViewModel::setMemoryThrottleEnabled);
     connect(m_refresh, &QPushButton::clicked, &m_model, &AppViewModel::updateMemoryProbe);
     connect(&m_model, &AppViewModel::selectedWorkersChanged, this, &PerformanceTab::showWorkers);
     connect(&m_model, &AppViewModel::memoryThrottleEnabledChanged, this,
@@ -84,8 +85,8 @@ PerformanceTab::PerformanceTab(AppViewModel &model, QWidget *parent)
     connect(&m_model, &AppViewModel::memoryPressureDescChanged, this, &PerformanceTab::showProbe);
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &PerformanceTab::retranslate);
 
-    m_archValue->setText(QSysInfo::currentCpuArchitecture() + u" · "_s + QSysInfo::kernelType() + u' '
-                         + QSysInfo::kernelVersion());
+    m_archValue->setText(QSysInfo::currentCpuArchitecture() + u" · "_s + QSysInfo::kernelType()
+                         + u' ' + QSysInfo::kernelVersion());
     m_throttle->box()->setChecked(m_model.memoryThrottleEnabled());
     retranslate();
 }
@@ -126,8 +127,9 @@ void PerformanceTab::showWorkers()
 
 void PerformanceTab::showProbe()
 {
-    m_ramValue->setText(m_model.ramTotalGB() > 0 ? QString::number(m_model.ramTotalGB(), 'f', 1) + u" GB"_s
-                                                 : u"—"_s);
+    m_ramValue->setText(m_model.ramTotalGB() > 0
+                            ? QString::number(m_model.ramTotalGB(), 'f', 1) + u" GB"_s
+                            : u"—"_s);
     const QString pressure = m_model.memoryPressureDesc();
     m_pressureValue->setText(pressure.isEmpty() ? u"—"_s : pressure);
 }

@@ -12,7 +12,9 @@ class QPushButton;
 namespace orvanta {
 
 class AppViewModel;
-namespace settingsui { class SwitchRow; }
+namespace settingsui {
+class SwitchRow;
+}
 
 class PerformanceTab : public QWidget
 {

@@ -24,7 +24,8 @@ ProfileCard::ProfileCard(StyleProfile profile, QWidget *parent)
     setAttribute(Qt::WA_Hover);
 
     m_icon = new QLabel(this);
-    m_icon->setPixmap(icons::pixmap(iconName(profile), accentColor(profile), 26, devicePixelRatioF()));
+    m_icon->setPixmap(
+        icons::pixmap(iconName(profile), accentColor(profile), 26, devicePixelRatioF()));
     m_icon->setFixedSize(34, 34);
     m_icon->setAlignment(Qt::AlignCenter);
     m_title = settingsui::label(u"cardTitle"_s, this);
@@ -81,7 +82,8 @@ void ProfileCard::paintEvent(QPaintEvent *)
     p.setRenderHint(QPainter::Antialiasing);
     const qreal width = m_selected ? 2.0 : 1.0;
     QPainterPath shape;
-    shape.addRoundedRect(QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2), 12, 12);
+    shape.addRoundedRect(QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2), 12,
+                         12);
     QColor fill = m_selected ? theme::kSurfaceRaised : theme::kSurface;
     if (m_hovered && !m_selected)
         fill = fill.lighter(112);
@@ -103,7 +105,8 @@ void ProfileCard::mouseReleaseEvent(QMouseEvent *event)
 
 void ProfileCard::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return
+        || event->key() == Qt::Key_Enter) {
         Q_EMIT chosen(m_profile);
         return;
     }

@@ -13,7 +13,9 @@ class QLabel;
 
 namespace orvanta {
 
-namespace settingsui { class Badge; }
+namespace settingsui {
+class Badge;
+}
 
 class ProfileCard : public QWidget
 {

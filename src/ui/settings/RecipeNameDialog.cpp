@@ -12,8 +12,9 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-RecipeNameDialog::RecipeNameDialog(const QString &title, const QString &placeholder, const QString &saveText,
-                                   const QString &cancelText, QWidget *parent)
+RecipeNameDialog::RecipeNameDialog(const QString &title, const QString &placeholder,
+                                   const QString &saveText, const QString &cancelText,
+                                   QWidget *parent)
     : QDialog(parent)
 {
     setObjectName(u"recipeNameDialog"_s);

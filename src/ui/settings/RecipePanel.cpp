@@ -110,7 +110,8 @@ QWidget *RecipePanel::buildRow(const UserRecipe &recipe)
     auto *mark = new QLabel(row);
     mark->setFixedSize(18, 18);
     if (active)
-        mark->setPixmap(icons::pixmap(u"checkmark.circle.fill"_s, theme::kGreen, 16, devicePixelRatioF()));
+        mark->setPixmap(
+            icons::pixmap(u"checkmark.circle.fill"_s, theme::kGreen, 16, devicePixelRatioF()));
     auto *name = label(u"cardTitle"_s, row, false);
     name->setText(recipe.name);
     name->setTextFormat(Qt::PlainText);
@@ -152,7 +153,8 @@ QWidget *RecipePanel::buildRow(const UserRecipe &recipe)
     return row;
 }
 
-void RecipePanel::connectRow(const QUuid &id, QPushButton *apply, QPushButton *rename, QPushButton *remove)
+void RecipePanel::connectRow(const QUuid &id, QPushButton *apply, QPushButton *rename,
+                             QPushButton *remove)
 {
     // Rows are rebuilt whenever the list changes, so the handlers look the
     // recipe up again by id in the model's current list.
@@ -170,7 +172,8 @@ void RecipePanel::connectRow(const QUuid &id, QPushButton *apply, QPushButton *r
 
 void RecipePanel::saveAsRecipe()
 {
-    const std::optional<QString> name = m_hooks.askRecipeName(m_model.t("recipes_save_dialog_title"), QString());
+    const std::optional<QString> name
+        = m_hooks.askRecipeName(m_model.t("recipes_save_dialog_title"), QString());
     if (name)
         m_model.saveCurrentAsRecipe(*name);
 }
@@ -181,14 +184,16 @@ void RecipePanel::renameRecipe(const QUuid &id)
     for (const UserRecipe &r : m_model.userRecipes())
         if (r.id == id)
             current = r.name;
-    const std::optional<QString> name = m_hooks.askRecipeName(m_model.t("recipes_rename_dialog_title"), current);
+    const std::optional<QString> name
+        = m_hooks.askRecipeName(m_model.t("recipes_rename_dialog_title"), current);
     if (name)
         m_model.renameRecipe(id, *name);
 }
 
 void RecipePanel::exportRecipes()
 {
-    const QString path = m_hooks.chooseExportFile(m_model.t("recipes_export_all"), u"orvanta_recipes.json"_s);
+    const QString path
+        = m_hooks.chooseExportFile(m_model.t("recipes_export_all"), u"orvanta_recipes.json"_s);
     if (path.isEmpty())
         return;
     const QString error = m_model.exportRecipes(path);
@@ -205,7 +210,7 @@ void RecipePanel::importRecipes()
         return;
     const RecipeImport result = m_model.importRecipes(path);
     if (result.ok())
-        showMessage(m_model.t("recipes_imported_success", {result.added}), true);
+        showMessage(m_model.t("recipes_imported_success", { result.added }), true);
     else
         showMessage(u"Failed to import recipes: "_s + result.error, false);
 }

@@ -59,15 +59,18 @@ SafetyTab::SafetyTab(AppViewModel &model, const SettingsHooks &hooks, QWidget *p
 
     connect(m_canary->box(), &QCheckBox::toggled, &m_model, &AppViewModel::setEnableCanary);
     connect(m_masks->box(), &QCheckBox::toggled, &m_model, &AppViewModel::setExportDebugMasks);
-    connect(m_sound->box(), &QCheckBox::toggled, &m_model, &AppViewModel::setNotificationSoundEnabled);
-    connect(m_logs, &QPushButton::clicked, this, [this] { m_hooks.reveal(diagnostics::prepareLogsReveal()); });
+    connect(m_sound->box(), &QCheckBox::toggled, &m_model,
+            &AppViewModel::setNotificationSoundEnabled);
+    connect(m_logs, &QPushButton::clicked, this,
+            [this] { m_hooks.reveal(diagnostics::prepareLogsReveal()); });
     connect(m_database, &QPushButton::clicked, this, [this] {
         const QString path = m_model.historyService() ? m_model.historyService()->dbPath()
                                                       : HistoryService::defaultDbPath();
         m_hooks.reveal(diagnostics::prepareStateDatabaseReveal(path));
     });
-    for (auto changed : {&AppViewModel::enableCanaryChanged, &AppViewModel::exportDebugMasksChanged,
-                         &AppViewModel::notificationSoundEnabledChanged})
+    for (auto changed :
+         { &AppViewModel::enableCanaryChanged, &AppViewModel::exportDebugMasksChanged,
+           &AppViewModel::notificationSoundEnabledChanged })
         connect(&m_model, changed, this, &SafetyTab::showValues);
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &SafetyTab::retranslate);
     showValues();

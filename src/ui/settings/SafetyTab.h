@@ -13,7 +13,9 @@ class QPushButton;
 namespace orvanta {
 
 class AppViewModel;
-namespace settingsui { class SwitchRow; }
+namespace settingsui {
+class SwitchRow;
+}
 
 class SafetyTab : public QWidget
 {

@@ -12,7 +12,8 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-void SettingsHooks::completeWithDefaults(QWidget *parent, const std::function<QString(const char *)> &text)
+void SettingsHooks::completeWithDefaults(QWidget *parent,
+                                         const std::function<QString(const char *)> &text)
 {
     QPointer<QWidget> owner(parent);
     if (!chooseFolder) {
@@ -22,8 +23,8 @@ void SettingsHooks::completeWithDefaults(QWidget *parent, const std::function<QS
     }
     if (!chooseExportFile) {
         chooseExportFile = [owner](const QString &title, const QString &proposedName) {
-            return QFileDialog::getSaveFileName(owner, title, QDir::homePath() + u'/' + proposedName,
-                                                u"JSON (*.json)"_s);
+            return QFileDialog::getSaveFileName(
+                owner, title, QDir::homePath() + u'/' + proposedName, u"JSON (*.json)"_s);
         };
     }
     if (!chooseImportFile) {
@@ -32,9 +33,10 @@ void SettingsHooks::completeWithDefaults(QWidget *parent, const std::function<QS
         };
     }
     if (!askRecipeName) {
-        askRecipeName = [owner, text](const QString &title, const QString &initial) -> std::optional<QString> {
-            RecipeNameDialog dialog(title, text("recipes_name_placeholder"), text("recipes_btn_save"),
-                                    text("recipes_btn_cancel"), owner);
+        askRecipeName = [owner, text](const QString &title,
+                                      const QString &initial) -> std::optional<QString> {
+            RecipeNameDialog dialog(title, text("recipes_name_placeholder"),
+                                    text("recipes_btn_save"), text("recipes_btn_cancel"), owner);
             dialog.setName(initial);
             if (dialog.exec() != QDialog::Accepted)
                 return std::nullopt;
@@ -43,7 +45,8 @@ void SettingsHooks::completeWithDefaults(QWidget *parent, const std::function<QS
     }
     if (!reveal) {
         auto *fileManager = new FileManager(QDBusConnection::sessionBus(), parent);
-        reveal = [fileManager = QPointer<FileManager>(fileManager)](const diagnostics::RevealTarget &target) {
+        reveal = [fileManager
+                  = QPointer<FileManager>(fileManager)](const diagnostics::RevealTarget &target) {
             if (!fileManager)
                 return;
             if (target.selectItem)

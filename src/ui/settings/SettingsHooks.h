@@ -24,7 +24,8 @@ struct SettingsHooks
     // A recipe file to import, or empty when cancelled.
     std::function<QString(const QString &title)> chooseImportFile;
     // A recipe name, or nothing when cancelled. `initial` prefills the field.
-    std::function<std::optional<QString>(const QString &title, const QString &initial)> askRecipeName;
+    std::function<std::optional<QString>(const QString &title, const QString &initial)>
+        askRecipeName;
     // Opens a folder or selects a file in the file manager.
     std::function<void(const diagnostics::RevealTarget &target)> reveal;
 

@@ -82,8 +82,9 @@ QSize Badge::sizeHint() const
     const QFontMetrics fm(font());
     QFont bold = font();
     bold.setBold(true);
-    const int width = fm.horizontalAdvance(m_name) + QFontMetrics(bold).horizontalAdvance(m_value) + 5 + 16;
-    return {width, fm.height() + 6};
+    const int width
+        = fm.horizontalAdvance(m_name) + QFontMetrics(bold).horizontalAdvance(m_value) + 5 + 16;
+    return { width, fm.height() + 6 };
 }
 
 void Badge::paintEvent(QPaintEvent *)

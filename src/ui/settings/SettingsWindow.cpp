@@ -30,17 +30,18 @@ struct TabInfo
 };
 
 constexpr TabInfo kTabs[SettingsWindow::TabCount] = {
-    {"settings_tab_perf", u"cpu", u"tabPerformance"},
-    {"settings_tab_paths", u"folder.fill", u"tabPaths"},
-    {"settings_tab_safety", u"shield.checkerboard", u"tabSafety"},
-    {"settings_tab_styles", u"sparkles", u"tabStyles"},
-    {"settings_tab_updates", u"arrow.triangle.2.circlepath", u"tabUpdates"},
-    {"settings_tab_about", u"info.circle", u"tabAbout"},
+    { "settings_tab_perf", u"cpu", u"tabPerformance" },
+    { "settings_tab_paths", u"folder.fill", u"tabPaths" },
+    { "settings_tab_safety", u"shield.checkerboard", u"tabSafety" },
+    { "settings_tab_styles", u"sparkles", u"tabStyles" },
+    { "settings_tab_updates", u"arrow.triangle.2.circlepath", u"tabUpdates" },
+    { "settings_tab_about", u"info.circle", u"tabAbout" },
 };
 
 } // namespace
 
-SettingsWindow::SettingsWindow(AppViewModel &model, Updater *updater, SettingsHooks hooks, QWidget *parent)
+SettingsWindow::SettingsWindow(AppViewModel &model, Updater *updater, SettingsHooks hooks,
+                               QWidget *parent)
     : QDialog(parent)
     , m_model(model)
     , m_hooks(std::move(hooks))
@@ -58,9 +59,9 @@ SettingsWindow::SettingsWindow(AppViewModel &model, Updater *updater, SettingsHo
     m_about = new AboutTab(m_model, updater, this);
 
     m_pages = new QStackedWidget(this);
-    for (QWidget *page : {static_cast<QWidget *>(m_performance), static_cast<QWidget *>(m_paths),
-                          static_cast<QWidget *>(m_safety), static_cast<QWidget *>(m_style),
-                          static_cast<QWidget *>(m_updates), static_cast<QWidget *>(m_about)}) {
+    for (QWidget *page : { static_cast<QWidget *>(m_performance), static_cast<QWidget *>(m_paths),
+                           static_cast<QWidget *>(m_safety), static_cast<QWidget *>(m_style),
+                           static_cast<QWidget *>(m_updates), static_cast<QWidget *>(m_about) }) {
         auto *content = new QWidget;
         auto *box = new QVBoxLayout(content);
         box->setContentsMargins(22, 20, 22, 20);
@@ -93,7 +94,8 @@ SettingsWindow::SettingsWindow(AppViewModel &model, Updater *updater, SettingsHo
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &SettingsWindow::retranslate);
     // The pressure description is stored as text: read it again in the new
     // language rather than leave the old one on show.
-    connect(&m_model, &AppViewModel::currentLanguageChanged, &m_model, &AppViewModel::updateMemoryProbe);
+    connect(&m_model, &AppViewModel::currentLanguageChanged, &m_model,
+            &AppViewModel::updateMemoryProbe);
     retranslate();
     showTab(Performance);
     // The probe page shows what the machine has now, not at start-up.

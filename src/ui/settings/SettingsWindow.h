@@ -30,7 +30,8 @@ public:
     enum Tab { Performance, Paths, Safety, Styles, Updates, About, TabCount };
 
     // `updater` may be null; empty `hooks` get the interactive dialogs.
-    SettingsWindow(AppViewModel &model, Updater *updater, SettingsHooks hooks = {}, QWidget *parent = nullptr);
+    SettingsWindow(AppViewModel &model, Updater *updater, SettingsHooks hooks = {},
+                   QWidget *parent = nullptr);
 
     Tab currentTab() const { return m_current; }
     void showTab(Tab tab);

@@ -87,7 +87,8 @@ void UpdatesTab::showState()
     const bool configured = m_updater && m_updater->isConfigured();
     {
         const QSignalBlocker blocker(m_automatic->box());
-        m_automatic->box()->setChecked(m_updater ? m_updater->automaticallyChecksForUpdates() : true);
+        m_automatic->box()->setChecked(m_updater ? m_updater->automaticallyChecksForUpdates()
+                                                 : true);
     }
     m_automatic->box()->setEnabled(configured);
     // Disabled while a check is under way, as the menu item is.

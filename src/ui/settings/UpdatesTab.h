@@ -12,7 +12,9 @@ namespace orvanta {
 
 class AppViewModel;
 class Updater;
-namespace settingsui { class SwitchRow; }
+namespace settingsui {
+class SwitchRow;
+}
 
 class UpdatesTab : public QWidget
 {

@@ -34,10 +34,12 @@ inline SceneColor sceneAt(double u, double v)
     const double dx = u - 0.7, dy = (v - 0.27) * 0.66;
     const double d = std::sqrt(dx * dx + dy * dy);
     const double sun = 10.0 * std::exp(-std::pow(d / 0.035, 4.0)) + 1.6 * std::exp(-d / 0.09);
-    const double cloud = std::max(0.0, std::sin(u * 9.0 + 2.0 * std::sin(v * 13.0)) * std::sin(v * 17.0 + u * 3.0));
+    const double cloud = std::max(
+        0.0, std::sin(u * 9.0 + 2.0 * std::sin(v * 13.0)) * std::sin(v * 17.0 + u * 3.0));
     const double cloudLight = cloud * cloud * (0.6 + 1.8 * std::exp(-d / 0.25));
     const double sky = 0.25 + 0.35 * v / horizon;
-    return { float(sky * 0.75 + sun * 1.0 + cloudLight * 1.05), float(sky * 0.85 + sun * 0.85 + cloudLight * 0.95),
+    return { float(sky * 0.75 + sun * 1.0 + cloudLight * 1.05),
+             float(sky * 0.85 + sun * 0.85 + cloudLight * 0.95),
              float(sky * 1.25 + sun * 0.55 + cloudLight * 0.85) };
 }
 
@@ -73,7 +75,8 @@ inline QImage sceneHdr(int width, int height, QImage::Format format = QImage::Fo
             const SceneColor c = sceneAt((x + 0.5) / width, (y + 0.5) / height);
             if (half) {
                 auto *p = reinterpret_cast<qfloat16 *>(image.scanLine(y)) + 4 * x;
-                p[0] = qfloat16(c.r), p[1] = qfloat16(c.g), p[2] = qfloat16(c.b), p[3] = qfloat16(1.0f);
+                p[0] = qfloat16(c.r), p[1] = qfloat16(c.g), p[2] = qfloat16(c.b),
+                p[3] = qfloat16(1.0f);
             } else {
                 auto *p = reinterpret_cast<float *>(image.scanLine(y)) + 4 * x;
                 p[0] = c.r, p[1] = c.g, p[2] = c.b, p[3] = 1.0f;
@@ -88,9 +91,11 @@ inline bool writeScene(int width, int height, const QString &jpgPath, const QStr
 {
     const QImage sdr = sceneSdr(width, height);
     const QByteArray jpeg = encodeJpeg(sdr.constBits(), width, height, 3, sdr.bytesPerLine(), 92);
-    const UltraHdrEncodeResult encoded = encodeUltraHdr(QByteArrayView(jpeg), sceneHdr(width, height));
+    const UltraHdrEncodeResult encoded
+        = encodeUltraHdr(QByteArrayView(jpeg), sceneHdr(width, height));
     QFile camera(jpgPath), output(uhdrPath);
-    if (encoded.bytes.isEmpty() || !camera.open(QIODevice::WriteOnly) || !output.open(QIODevice::WriteOnly))
+    if (encoded.bytes.isEmpty() || !camera.open(QIODevice::WriteOnly)
+        || !output.open(QIODevice::WriteOnly))
         return false;
     camera.write(jpeg);
     output.write(encoded.bytes);

@@ -53,9 +53,11 @@ int main(int argc, char *argv[])
     parser.addOption({ u"lang"_s, u"Language code"_s, u"code"_s, u"en"_s });
     parser.addOption({ u"out"_s, u"Folder for the PNG files"_s, u"dir"_s, u"."_s });
     parser.process(app);
-    const AppLanguage language = appLanguageFromRawValue(parser.value(u"lang"_s)).value_or(AppLanguage::English);
+    const AppLanguage language
+        = appLanguageFromRawValue(parser.value(u"lang"_s)).value_or(AppLanguage::English);
     const QString out = parser.value(u"out"_s);
-    const QString suffix = language == AppLanguage::English ? QString() : u"_"_s + parser.value(u"lang"_s);
+    const QString suffix
+        = language == AppLanguage::English ? QString() : u"_"_s + parser.value(u"lang"_s);
 
     LocalizationService::shared().setCurrentLanguage(language);
     theme::apply(app, LocalizationService::shared().effectiveLanguageCode());
@@ -66,7 +68,8 @@ int main(int argc, char *argv[])
     const PhotoRecord record = sceneRecord(folder, u"DSC04187"_s);
     if (!test::writeScene(2400, 1600, *record.jpgPath, *record.outputPath))
         return 1;
-    HDRCompareWindowManager::shared().open(model, record, { sceneRecord(folder, u"DSC04186"_s), record });
+    HDRCompareWindowManager::shared().open(model, record,
+                                           { sceneRecord(folder, u"DSC04186"_s), record });
     HDRCompareView *view = HDRCompareWindowManager::shared().currentWindow();
     if (!QTest::qWaitForWindowExposed(view))
         return 1;
@@ -87,8 +90,8 @@ int main(int argc, char *argv[])
     view->setState(state);
     EdrViewer *viewer = view->viewer();
     const QPointF centre(viewer->width() * 0.62, viewer->height() * 0.42);
-    QNativeGestureEvent pinch(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2, centre,
-                              centre, viewer->mapToGlobal(centre), 2.0, {});
+    QNativeGestureEvent pinch(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
+                              centre, centre, viewer->mapToGlobal(centre), 2.0, {});
     QApplication::sendEvent(viewer, &pinch);
     QTest::mouseMove(viewer, (centre + QPointF(40, -30)).toPoint());
     ok &= save(view, out + u"/compare_zoom_readout"_s + suffix + u".png"_s);

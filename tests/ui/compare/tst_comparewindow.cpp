@@ -14,9 +14,9 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QSlider>
 #include <QLabel>
 #include <QSignalSpy>
+#include <QSlider>
 #include <QtTest>
 
 #include <memory>
@@ -109,7 +109,8 @@ void TestCompareWindow::cleanup()
     m_model.reset();
 }
 
-std::unique_ptr<HDRCompareView> TestCompareWindow::makeView(const PhotoRecord &r, const QList<PhotoRecord> &list,
+std::unique_ptr<HDRCompareView> TestCompareWindow::makeView(const PhotoRecord &r,
+                                                            const QList<PhotoRecord> &list,
                                                             ComparePanelProvider *provider)
 {
     auto view = std::make_unique<HDRCompareView>(*m_model, r, list, provider);
@@ -141,7 +142,8 @@ void TestCompareWindow::opensOnTheRecordsPositionOrTheFirst()
     QCOMPARE(view->currentIndex(), index);
     QCOMPARE(view->allRecords().size(), count);
     QCOMPARE(view->currentRecord().id(), opened); // the opening record, even when not in the list
-    QCOMPARE(view->findChild<QLabel *>(u"positionLabel"_s)->text(), u"%1 / %2"_s.arg(index + 1).arg(count));
+    QCOMPARE(view->findChild<QLabel *>(u"positionLabel"_s)->text(),
+             u"%1 / %2"_s.arg(index + 1).arg(count));
     QCOMPARE(view->findChild<QLabel *>(u"stemLabel"_s)->text(), u"IMG_"_s + opened);
     QCOMPARE(view->state(), CompareState());
 }
@@ -255,7 +257,8 @@ void TestCompareWindow::cleanModeLeavesOnlyThePicture()
     view->setState(state);
     view->show();
     QVERIFY(QTest::qWaitForWindowExposed(view.get()));
-    const QStringList chrome { u"compareToolbar"_s, u"sdrBanner"_s, u"compareFooter"_s, u"sdrSideLabel"_s, u"hdrSideLabel"_s };
+    const QStringList chrome { u"compareToolbar"_s, u"sdrBanner"_s, u"compareFooter"_s,
+                               u"sdrSideLabel"_s, u"hdrSideLabel"_s };
     for (const QString &name : chrome)
         QVERIFY2(view->findChild<QWidget *>(name)->isVisible(), qPrintable(name));
     QVERIFY(view->inspector()->isVisible() && view->histogram()->isVisible());
@@ -420,7 +423,8 @@ void TestCompareWindow::thresholdAndHeadroomControlsDriveTheViewer()
     const EdrFrameState frame = view->viewer()->frameState({ 100, 100 });
     QVERIFY(frame.filmic);
     QCOMPARE(frame.filmicGain, float(1.0 / 3.0));
-    QCOMPARE(view->findChild<QLabel *>(u"toneMapHint"_s)->text(), m_model->t("sdr_mode_filmic_hint"));
+    QCOMPARE(view->findChild<QLabel *>(u"toneMapHint"_s)->text(),
+             m_model->t("sdr_mode_filmic_hint"));
 }
 
 void TestCompareWindow::pixelReadoutShowsTheValueUnderThePointer()
@@ -430,7 +434,8 @@ void TestCompareWindow::pixelReadoutShowsTheValueUnderThePointer()
     QVERIFY(QTest::qWaitForWindowExposed(view.get()));
     auto *label = view->findChild<QLabel *>(u"pixelReadout"_s);
     QVERIFY(!label->isVisible());
-    Q_EMIT view->viewer()->pixelReadoutChanged(EdrPixelReadout { { 12, 34 }, { 2.5f, 1.25f, 0.5f, 1.0f } });
+    Q_EMIT view->viewer()->pixelReadoutChanged(
+        EdrPixelReadout { { 12, 34 }, { 2.5f, 1.25f, 0.5f, 1.0f } });
     QVERIFY(label->isVisible());
     const double stops = std::log2(0.2126 * 2.5 + 0.7152 * 1.25 + 0.0722 * 0.5);
     QCOMPARE(label->text(), m_model->t("edr_pixel_readout", { 12, 34, 2.5, 1.25, 0.5, stops }));

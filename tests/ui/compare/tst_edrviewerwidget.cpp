@@ -3,8 +3,8 @@
 // kernels (read back from a half-float framebuffer, so no 8-bit rounding).
 #include "common/TestEnvironment.h"
 #include "hdr/EdrKernels.h"
-#include "hdr/UltraHdrWriter.h"
 #include "hdr/UltraHdrFixtures.h"
+#include "hdr/UltraHdrWriter.h"
 #include "ui/compare/DisplayHeadroom.h"
 #include "ui/compare/EdrGlSurface.h"
 #include "ui/compare/EdrViewer.h"
@@ -51,7 +51,8 @@ EdrPicturePair uniformPair(QSize size, float sdr, float hdr)
 
 edr::Rgba at(const QImage &frame, int x, int yUp)
 {
-    const auto *row = reinterpret_cast<const float *>(frame.constScanLine(frame.height() - 1 - yUp));
+    const auto *row
+        = reinterpret_cast<const float *>(frame.constScanLine(frame.height() - 1 - yUp));
     return { row[4 * x], row[4 * x + 1], row[4 * x + 2], row[4 * x + 3] };
 }
 
@@ -109,7 +110,10 @@ private:
     void drag(QPointF point);
     void release(QPointF point);
     void pinch(double magnification);
-    QImage frame() { return m_viewer->surface()->renderLinear(m_viewer->size() * m_viewer->devicePixelRatioF()); }
+    QImage frame()
+    {
+        return m_viewer->surface()->renderLinear(m_viewer->size() * m_viewer->devicePixelRatioF());
+    }
 
     std::unique_ptr<EdrViewer> m_viewer;
     QList<double> m_splitReports;
@@ -295,7 +299,8 @@ void TestEdrViewerWidget::readoutReportsTheHdrValueUnderThePointerWhenZoomed()
     QSignalSpy readouts(m_viewer.get(), &EdrViewer::pixelReadoutChanged);
     QTest::mouseMove(m_viewer.get(), QPoint(300, 150));
     QVERIFY(!readouts.isEmpty());
-    QVERIFY(!readouts.last().at(0).value<std::optional<EdrPixelReadout>>().has_value()); // at 1x: none
+    QVERIFY(
+        !readouts.last().at(0).value<std::optional<EdrPixelReadout>>().has_value()); // at 1x: none
     pinch(2.0); // 3x around the centre
     QTest::mouseMove(m_viewer.get(), QPoint(260, 150));
     const auto readout = readouts.last().at(0).value<std::optional<EdrPixelReadout>>();
@@ -312,10 +317,13 @@ void TestEdrViewerWidget::splitShowsSdrLeftDividerAndHdrRight()
     const double xs = f.width() * 0.3;
     for (int x = 0; x < f.width(); ++x) {
         const edr::Rgba c = at(f, x, 150);
-        edr::Rgba expected = x + 0.5 < xs ? edr::Rgba { 0.25f, 0.25f, 0.25f } : edr::Rgba { 2, 2, 2 };
+        edr::Rgba expected
+            = x + 0.5 < xs ? edr::Rgba { 0.25f, 0.25f, 0.25f } : edr::Rgba { 2, 2, 2 };
         if (x + 0.5 >= xs - 1.0 && x + 0.5 < xs + 1.0)
-            expected = { 0.95f + 0.05f * expected.r, 0.95f + 0.05f * expected.g, 0.95f + 0.05f * expected.b };
-        QVERIFY2(near(c, expected), qPrintable(u"x %1: %2 vs %3"_s.arg(x).arg(show(c), show(expected))));
+            expected = { 0.95f + 0.05f * expected.r, 0.95f + 0.05f * expected.g,
+                         0.95f + 0.05f * expected.b };
+        QVERIFY2(near(c, expected),
+                 qPrintable(u"x %1: %2 vs %3"_s.arg(x).arg(show(c), show(expected))));
     }
 }
 
@@ -356,7 +364,8 @@ void TestEdrViewerWidget::zebraStripesWhereTheReferenceSays()
     pair.hdr = picture(400, 300, [](int x, int) { return x < 200 ? 0.5f : 2.0f; });
     m_viewer->setPictures(pair);
     EdrViewerSettings settings;
-    settings.splitPosition = 0.75; // the bright half shows SDR on its right part: stripes on both sides
+    settings.splitPosition
+        = 0.75; // the bright half shows SDR on its right part: stripes on both sides
     settings.zebraEnabled = true;
     settings.zebraThreshold = 1.0f;
     m_viewer->updateState(settings);
@@ -373,7 +382,9 @@ void TestEdrViewerWidget::zebraStripesWhereTheReferenceSays()
             const edr::Rgba expected = edr::zebraFilter(displayed, ref, x, y, 1.0f, 1.0f);
             const edr::Rgba c = at(f, x, y);
             striped += expected.g == 0.82f;
-            QVERIFY2(near(c, expected), qPrintable(u"(%1, %2): %3 vs %4"_s.arg(x).arg(y).arg(show(c), show(expected))));
+            QVERIFY2(
+                near(c, expected),
+                qPrintable(u"(%1, %2): %3 vs %4"_s.arg(x).arg(y).arg(show(c), show(expected))));
         }
     }
     QVERIFY(striped > 1000);
@@ -393,7 +404,8 @@ void TestEdrViewerWidget::shadowStripesBelowTheirThreshold()
     for (int y = 3; y < f.height(); y += 11) {
         for (int x : { 0, 5, 9, 120, 198, 201, 300, 399 }) {
             const float v = x < 200 ? 0.01f : 0.5f;
-            const edr::Rgba expected = edr::shadowZebraFilter({ v, v, v }, { v, v, v }, x, y, 0.05f, 1.0f);
+            const edr::Rgba expected
+                = edr::shadowZebraFilter({ v, v, v }, { v, v, v }, x, y, 0.05f, 1.0f);
             QVERIFY2(near(at(f, x, y), expected), qPrintable(u"(%1, %2)"_s.arg(x).arg(y)));
         }
     }
@@ -450,7 +462,8 @@ void TestEdrViewerWidget::zoomedOutViewsReadAReducedLevel()
     const QImage f = frame();
     for (int y = 5; y < f.height(); y += 37) {
         for (int x = 3; x < f.width(); x += 41)
-            QVERIFY2(near(at(f, x, y), { 1, 1, 1 }, 0.01f), qPrintable(u"(%1, %2): "_s.arg(x).arg(y) + show(at(f, x, y))));
+            QVERIFY2(near(at(f, x, y), { 1, 1, 1 }, 0.01f),
+                     qPrintable(u"(%1, %2): "_s.arg(x).arg(y) + show(at(f, x, y))));
     }
     // At 5x the level is the picture itself: single texels show again.
     for (int i = 0; i < 4; ++i)
@@ -503,7 +516,8 @@ void TestEdrViewerWidget::pannedFramesMatchAFullFrame()
     EdrPicturePair pair = uniformPair({ 400, 300 }, 0, 0);
     pair.sdr = picture(400, 300, [](int x, int y) { return float((x * 3 + y) % 50) / 50.0f; });
     pair.hdr = picture(400, 300, [](int x, int y) { return float((x + 2 * y) % 90) / 60.0f; });
-    const QList<QPoint> path { { 50, 150 }, { 60, 150 }, { 60, 165 }, { 40, 140 }, { 45, 200 }, { 100, 100 }, { 99, 101 } };
+    const QList<QPoint> path { { 50, 150 }, { 60, 150 },  { 60, 165 }, { 40, 140 },
+                               { 45, 200 }, { 100, 100 }, { 99, 101 } };
     const auto run = [&](EdrViewer &viewer, bool stripes) {
         viewer.setPictures(pair);
         EdrViewerSettings settings;
@@ -511,12 +525,14 @@ void TestEdrViewerWidget::pannedFramesMatchAFullFrame()
         settings.zebraThreshold = 1000.0f;
         viewer.updateState(settings);
         QNativeGestureEvent zoom(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
-                                 QPointF(200, 150), QPointF(200, 150), viewer.mapToGlobal(QPointF(200, 150)), 1.0, {});
+                                 QPointF(200, 150), QPointF(200, 150),
+                                 viewer.mapToGlobal(QPointF(200, 150)), 1.0, {});
         QApplication::sendEvent(&viewer, &zoom);
         viewer.surface()->grabFramebuffer();
         QTest::mousePress(&viewer, Qt::LeftButton, {}, path.first());
         for (const QPoint &p : path) {
-            QMouseEvent move(QEvent::MouseMove, p, viewer.mapToGlobal(QPointF(p)), Qt::NoButton, Qt::LeftButton, {});
+            QMouseEvent move(QEvent::MouseMove, p, viewer.mapToGlobal(QPointF(p)), Qt::NoButton,
+                             Qt::LeftButton, {});
             QApplication::sendEvent(&viewer, &move);
             if (!stripes)
                 viewer.surface()->grabFramebuffer(); // draws this step
@@ -540,7 +556,8 @@ void TestEdrViewerWidget::loadsAGeneratedUltraHdrFileInTheBackground()
 {
     QTemporaryDir dir;
     const QByteArray sdr = test::encodeSdr(test::makeSdr(160, 120));
-    const UltraHdrEncodeResult encoded = encodeUltraHdr(QByteArrayView(sdr), test::makeHdr(sdr, false));
+    const UltraHdrEncodeResult encoded
+        = encodeUltraHdr(QByteArrayView(sdr), test::makeHdr(sdr, false));
     QVERIFY2(encoded.error.isEmpty(), qPrintable(encoded.error));
     const QString hdrPath = dir.filePath(u"photo.jpg"_s);
     QFile file(hdrPath);

@@ -5,8 +5,6 @@
 //   orvanta_history_screenshot --shot history|inspector|histogram-luma|histogram-rgb
 //                              --lang en|de|fr|es|ja|zh-Hans|zh-Hant --out FILE.png
 #include "common/ScreenshotSupport.h"
-#include "ui/history/HistoryViewFixtures.h"
-
 #include "core/AppViewModel.h"
 #include "hdr/UltraHdrFixtures.h"
 #include "hdr/UltraHdrWriter.h"
@@ -16,6 +14,7 @@
 #include "ui/history/HdrHistogramView.h"
 #include "ui/history/HistoryTableModel.h"
 #include "ui/history/HistoryView.h"
+#include "ui/history/HistoryViewFixtures.h"
 #include "ui/history/InspectorView.h"
 #include "ui/history/RowMediaStore.h"
 
@@ -92,21 +91,30 @@ Library writeLibrary(const QString &root)
         const QImage picture = landscape(i, 480, 320);
         QDir().mkpath(root + u"/Lofoten"_s);
         writeJpeg(jpg, picture);
-        writeExif(jpg, {{"Exif.Image.Make", "Ascii", u"SONY"_s},
-                        {"Exif.Image.Model", "Ascii", i % 3 ? u"ILCE-7RM5"_s : u"ILCE-1"_s},
-                        {"Exif.Photo.LensModel", "Ascii", i % 2 ? u"FE 24-70mm F2.8 GM II"_s : u"FE 16-35mm F2.8 GM"_s},
-                        {"Exif.Photo.FNumber", "Rational", u"%1/10"_s.arg(28 + (i % 4) * 12)},
-                        {"Exif.Photo.ExposureTime", "Rational", u"1/%1"_s.arg(60 << (i % 5))},
-                        {"Exif.Photo.ISOSpeedRatings", "Short", QString::number(100 << (i % 4))},
-                        {"Exif.Photo.FocalLength", "Rational", u"%1/1"_s.arg(16 + i * 2)},
-                        {"Exif.Photo.ExposureBiasValue", "SRational", u"%1/10"_s.arg((i % 5) * 3 - 6)},
-                        {"Exif.Photo.DateTimeOriginal", "Ascii", u"2026:10:%1 %2:%3:07"_s.arg(12 + i / 10).arg(7 + i % 10, 2, 10, QChar(u'0')).arg(i * 2 % 60, 2, 10, QChar(u'0'))}});
+        writeExif(
+            jpg,
+            { { "Exif.Image.Make", "Ascii", u"SONY"_s },
+              { "Exif.Image.Model", "Ascii", i % 3 ? u"ILCE-7RM5"_s : u"ILCE-1"_s },
+              { "Exif.Photo.LensModel", "Ascii",
+                i % 2 ? u"FE 24-70mm F2.8 GM II"_s : u"FE 16-35mm F2.8 GM"_s },
+              { "Exif.Photo.FNumber", "Rational", u"%1/10"_s.arg(28 + (i % 4) * 12) },
+              { "Exif.Photo.ExposureTime", "Rational", u"1/%1"_s.arg(60 << (i % 5)) },
+              { "Exif.Photo.ISOSpeedRatings", "Short", QString::number(100 << (i % 4)) },
+              { "Exif.Photo.FocalLength", "Rational", u"%1/1"_s.arg(16 + i * 2) },
+              { "Exif.Photo.ExposureBiasValue", "SRational", u"%1/10"_s.arg((i % 5) * 3 - 6) },
+              { "Exif.Photo.DateTimeOriginal", "Ascii",
+                u"2026:10:%1 %2:%3:07"_s.arg(12 + i / 10)
+                    .arg(7 + i % 10, 2, 10, QChar(u'0'))
+                    .arg(i * 2 % 60, 2, 10, QChar(u'0')) } });
         const bool failed = i == 4 || i == 17 || i == 23;
-        Row row{.fingerprint = u"fp%1"_s.arg(i), .stem = stem,
-                .status = failed ? u"FAILED"_s : u"SUCCESS"_s,
-                .processedAt = u"2026-10-14T09:%1:00"_s.arg(59 - i, 2, 10, QChar(u'0')),
-                .rawPath = root + u"/Lofoten/"_s + stem + u".ARW"_s, .jpgPath = jpg,
-                .durationSec = 4.2 + (i % 7) * 0.83, .rating = qint64(i % 6)};
+        Row row { .fingerprint = u"fp%1"_s.arg(i),
+                  .stem = stem,
+                  .status = failed ? u"FAILED"_s : u"SUCCESS"_s,
+                  .processedAt = u"2026-10-14T09:%1:00"_s.arg(59 - i, 2, 10, QChar(u'0')),
+                  .rawPath = root + u"/Lofoten/"_s + stem + u".ARW"_s,
+                  .jpgPath = jpg,
+                  .durationSec = 4.2 + (i % 7) * 0.83,
+                  .rating = qint64(i % 6) };
         if (failed) {
             row.errorMessage = u"LibRaw: data corrupted near offset 0x3f2a10 (truncated ARW?)"_s;
         } else {
@@ -140,12 +148,13 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationName(u"orvanta"_s);
 
     QCommandLineParser parser;
-    parser.addOption({u"shot"_s, u"What to show"_s, u"shot"_s, u"history"_s});
-    parser.addOption({u"lang"_s, u"Language code"_s, u"code"_s, u"en"_s});
-    parser.addOption({u"out"_s, u"PNG file"_s, u"file"_s, u"history.png"_s});
+    parser.addOption({ u"shot"_s, u"What to show"_s, u"shot"_s, u"history"_s });
+    parser.addOption({ u"lang"_s, u"Language code"_s, u"code"_s, u"en"_s });
+    parser.addOption({ u"out"_s, u"PNG file"_s, u"file"_s, u"history.png"_s });
     parser.process(app);
     const QString shot = parser.value(u"shot"_s);
-    const AppLanguage language = appLanguageFromRawValue(parser.value(u"lang"_s)).value_or(AppLanguage::English);
+    const AppLanguage language
+        = appLanguageFromRawValue(parser.value(u"lang"_s)).value_or(AppLanguage::English);
 
     const Library library = writeLibrary(environment.home() + u"/Pictures"_s);
     LocalizationService::shared().setCurrentLanguage(language);
@@ -155,20 +164,22 @@ int main(int argc, char *argv[])
     // Folders as a photographer would have them (they only label the fields).
     model.setSourceDir(u"/home/anna/Pictures/2026-10 Lofoten"_s);
     model.setDestDir(u"/home/anna/Pictures/Ultra HDR"_s);
-    model.setVisibleColumns({ListColumn::PeakStops, ListColumn::Exposure, ListColumn::CameraLens,
-                             ListColumn::Faces, ListColumn::Duration});
+    model.setVisibleColumns({ ListColumn::PeakStops, ListColumn::Exposure, ListColumn::CameraLens,
+                              ListColumn::Faces, ListColumn::Duration });
 
     if (shot.startsWith(u"histogram"_s)) {
         QWidget frame;
         frame.setObjectName(u"histogramFrame"_s);
-        frame.setStyleSheet(u"QWidget#histogramFrame { background: %1; }"_s.arg(theme::css(theme::kSurface)));
+        frame.setStyleSheet(
+            u"QWidget#histogramFrame { background: %1; }"_s.arg(theme::css(theme::kSurface)));
         auto *layout = new QVBoxLayout(&frame);
         layout->setContentsMargins(16, 14, 16, 14);
         auto *view = new HdrHistogramView(model, &frame);
         layout->addWidget(view);
         frame.resize(460, 210);
         frame.show();
-        view->setChannelMode(shot.endsWith(u"rgb"_s) ? HistogramChannelMode::Rgb : HistogramChannelMode::Luma);
+        view->setChannelMode(shot.endsWith(u"rgb"_s) ? HistogramChannelMode::Rgb
+                                                     : HistogramChannelMode::Luma);
         view->setFile(library.firstUltraHdr, 2.42);
         waitFor([&] { return !view->isCalculating(); }, 20000);
         settle();
@@ -189,15 +200,19 @@ int main(int argc, char *argv[])
     model.toggleRecordSelection(u"fp1"_s);
     model.toggleRecordSelection(u"fp3"_s);
     if (shot == u"inspector"_s) {
-        const PhotoRecord record = history->tableModel()->record(history->tableModel()->rowOf(u"fp2"_s));
+        const PhotoRecord record
+            = history->tableModel()->record(history->tableModel()->rowOf(u"fp2"_s));
         history->openInspector(record);
         waitFor([&] { return !history->inspector()->histogram()->isCalculating(); }, 20000);
     }
     // Let the thumbnails and metadata of the visible rows arrive.
     settle();
-    waitFor([&] {
-        return history->mediaStore()->pendingThumbnails() == 0 && history->mediaStore()->pendingMetadata() == 0;
-    }, 20000);
+    waitFor(
+        [&] {
+            return history->mediaStore()->pendingThumbnails() == 0
+                && history->mediaStore()->pendingMetadata() == 0;
+        },
+        20000);
     QTableView *table = history->tableView();
     const QRect row = table->visualRect(history->tableModel()->index(5, 1));
     QTest::mouseMove(table->viewport(), row.center());

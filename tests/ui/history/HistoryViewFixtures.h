@@ -42,19 +42,22 @@ inline void removeDatabaseAndConfig()
 }
 
 // A camera-like JPEG with the Exif the metadata columns show.
-inline bool writeCameraJpeg(const QString &path, QColor left, QColor right, int width = 320, int height = 213)
+inline bool writeCameraJpeg(const QString &path, QColor left, QColor right, int width = 320,
+                            int height = 213)
 {
     QDir().mkpath(QFileInfo(path).absolutePath());
     if (!writeJpeg(path, twoToneImage(width, height, left, right)))
         return false;
-    return writeExif(path, {{"Exif.Image.Make", "Ascii", QStringLiteral("SONY")},
-                            {"Exif.Image.Model", "Ascii", QStringLiteral("ILCE-7RM5")},
-                            {"Exif.Photo.LensModel", "Ascii", QStringLiteral("FE 24-70mm F2.8 GM II")},
-                            {"Exif.Photo.FNumber", "Rational", QStringLiteral("28/10")},
-                            {"Exif.Photo.ExposureTime", "Rational", QStringLiteral("1/250")},
-                            {"Exif.Photo.ISOSpeedRatings", "Short", QStringLiteral("200")},
-                            {"Exif.Photo.FocalLength", "Rational", QStringLiteral("35/1")},
-                            {"Exif.Photo.DateTimeOriginal", "Ascii", QStringLiteral("2026:03:14 09:41:00")}});
+    return writeExif(
+        path,
+        { { "Exif.Image.Make", "Ascii", QStringLiteral("SONY") },
+          { "Exif.Image.Model", "Ascii", QStringLiteral("ILCE-7RM5") },
+          { "Exif.Photo.LensModel", "Ascii", QStringLiteral("FE 24-70mm F2.8 GM II") },
+          { "Exif.Photo.FNumber", "Rational", QStringLiteral("28/10") },
+          { "Exif.Photo.ExposureTime", "Rational", QStringLiteral("1/250") },
+          { "Exif.Photo.ISOSpeedRatings", "Short", QStringLiteral("200") },
+          { "Exif.Photo.FocalLength", "Rational", QStringLiteral("35/1") },
+          { "Exif.Photo.DateTimeOriginal", "Ascii", QStringLiteral("2026:03:14 09:41:00") } });
 }
 
 } // namespace orvanta::test

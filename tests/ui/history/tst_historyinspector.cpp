@@ -2,20 +2,18 @@
 // files: where the metadata comes from, which HDR rows show and how, what
 // the gain map of an Ultra HDR file really carries, the display row, and
 // the histogram computed in the background with its channel selector.
-#include "ui/history/HistoryViewFixtures.h"
-
 #include "core/AppViewModel.h"
-#include "hdr/UltraHdrWriter.h"
 #include "hdr/UltraHdrFixtures.h"
+#include "hdr/UltraHdrWriter.h"
 #include "ui/history/AsyncThumbnailView.h"
 #include "ui/history/HdrHistogramView.h"
+#include "ui/history/HistoryViewFixtures.h"
 #include "ui/history/InspectorView.h"
 #include "ui/history/QuickPreviewWindow.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QToolButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QToolButton>
@@ -79,8 +77,11 @@ void HistoryInspectorTest::metadataComesFromTheJpegWhenTheOutputMoved()
     AppViewModel model;
     InspectorView inspector(model);
     QSignalSpy loaded(&inspector, &InspectorView::loaded);
-    inspector.setRecord({.fingerprint = u"a"_s, .stem = u"DSC04223"_s, .jpgPath = m_cameraJpeg,
-                         .outputPath = m_files.filePath(u"moved/DSC04223_hdr.jpg"_s), .status = u"SUCCESS"_s});
+    inspector.setRecord({ .fingerprint = u"a"_s,
+                          .stem = u"DSC04223"_s,
+                          .jpgPath = m_cameraJpeg,
+                          .outputPath = m_files.filePath(u"moved/DSC04223_hdr.jpg"_s),
+                          .status = u"SUCCESS"_s });
     QCOMPARE(inspector.targetPath(), m_cameraJpeg);
     QTRY_COMPARE(loaded.size(), 1);
     QCOMPARE(inspector.valueText(u"camera"_s), u"ILCE-7RM5"_s);
@@ -95,7 +96,7 @@ void HistoryInspectorTest::withNoFileEveryValueShowsItsPlaceholder()
     AppViewModel model;
     InspectorView inspector(model);
     QSignalSpy loaded(&inspector, &InspectorView::loaded);
-    inspector.setRecord({.fingerprint = u"n"_s, .stem = u"GONE01"_s, .status = u"SUCCESS"_s});
+    inspector.setRecord({ .fingerprint = u"n"_s, .stem = u"GONE01"_s, .status = u"SUCCESS"_s });
     QVERIFY(inspector.targetPath().isNull());
     QTRY_COMPARE(loaded.size(), 1);
     // With no camera the stem stands in.
@@ -121,7 +122,8 @@ void HistoryInspectorTest::facesRowFollowsTheCount()
     QFETCH(QString, shown);
     AppViewModel model;
     InspectorView inspector(model);
-    inspector.setRecord({.fingerprint = u"f"_s, .stem = u"F"_s, .status = u"SUCCESS"_s, .numFaces = faces});
+    inspector.setRecord(
+        { .fingerprint = u"f"_s, .stem = u"F"_s, .status = u"SUCCESS"_s, .numFaces = faces });
     QCOMPARE(inspector.valueText(u"inspector_faces_detected"_s), shown);
 }
 
@@ -129,12 +131,16 @@ void HistoryInspectorTest::peakAndClipRowsUseTheirFormatsOrAreLeftOut()
 {
     AppViewModel model;
     InspectorView inspector(model);
-    inspector.setRecord({.fingerprint = u"p"_s, .stem = u"P"_s, .status = u"SUCCESS"_s, .peakStops = 1.0,
-                         .rawClipPct = 0.0123});
+    inspector.setRecord({ .fingerprint = u"p"_s,
+                          .stem = u"P"_s,
+                          .status = u"SUCCESS"_s,
+                          .peakStops = 1.0,
+                          .rawClipPct = 0.0123 });
     QCOMPARE(inspector.valueText(u"inspector_peak_stops"_s), u"+1.00 stops (2.0x)"_s);
     QCOMPARE(inspector.valueText(u"inspector_bayer_clip"_s), u"0.012%"_s);
     QCOMPARE(inspector.valueText(u"inspector_engine_version"_s), u"V30 Cython Native"_s);
-    inspector.setRecord({.fingerprint = u"q"_s, .stem = u"Q"_s, .status = u"SUCCESS"_s, .peakStops = 2.5});
+    inspector.setRecord(
+        { .fingerprint = u"q"_s, .stem = u"Q"_s, .status = u"SUCCESS"_s, .peakStops = 2.5 });
     QCOMPARE(inspector.valueText(u"inspector_peak_stops"_s), u"+2.50 stops (5.7x)"_s);
     QVERIFY(inspector.valueText(u"inspector_bayer_clip"_s).isNull());
 }
@@ -154,7 +160,8 @@ void HistoryInspectorTest::displayRowReadsTheHeadroomProvider()
     QFETCH(QString, shown);
     AppViewModel model;
     InspectorView inspector(model);
-    QCOMPARE(inspector.valueText(u"inspector_display_cap"_s), u"Standard SDR (1.0x)"_s); // Linux default
+    QCOMPARE(inspector.valueText(u"inspector_display_cap"_s),
+             u"Standard SDR (1.0x)"_s); // Linux default
     inspector.setDisplayHeadroomProvider([headroom] { return headroom; });
     QCOMPARE(inspector.valueText(u"inspector_display_cap"_s), shown);
 }
@@ -170,8 +177,11 @@ void HistoryInspectorTest::gainMapRowShowsWhatTheUltraHdrFileCarries()
     AppViewModel model;
     InspectorView inspector(model);
     QSignalSpy loaded(&inspector, &InspectorView::loaded);
-    inspector.setRecord({.fingerprint = u"u"_s, .stem = u"DSC04223"_s, .outputPath = m_ultraHdr,
-                         .status = u"SUCCESS"_s, .peakStops = 2.5});
+    inspector.setRecord({ .fingerprint = u"u"_s,
+                          .stem = u"DSC04223"_s,
+                          .outputPath = m_ultraHdr,
+                          .status = u"SUCCESS"_s,
+                          .peakStops = 2.5 });
     QTRY_COMPARE(loaded.size(), 1);
     const QString text = inspector.valueText(u"inspector_gainmap_spec"_s);
     QVERIFY2(text.startsWith(u"ISO 21496-1 v"_s), qPrintable(text));
@@ -210,7 +220,10 @@ void HistoryInspectorTest::histogramIsComputedInTheBackgroundAndKeepsTheChannel(
 void HistoryInspectorTest::histogramTakesThePeakFromTheLoadedRecord()
 {
     auto db = freshDatabase();
-    db->insert({.fingerprint = u"h"_s, .stem = u"DSC04223"_s, .outputPath = m_ultraHdr, .peakStops = 1.8});
+    db->insert({ .fingerprint = u"h"_s,
+                 .stem = u"DSC04223"_s,
+                 .outputPath = m_ultraHdr,
+                 .peakStops = 1.8 });
     AppViewModel model;
     settleHistory();
     QCOMPARE(model.historyRecords().size(), 1);
@@ -270,10 +283,14 @@ void HistoryInspectorTest::inspectorShowsThePhotoItIsAbout()
 {
     AppViewModel model;
     InspectorView inspector(model);
-    inspector.setRecord({.fingerprint = u"t"_s, .stem = u"DSC04223"_s, .jpgPath = m_cameraJpeg,
-                         .outputPath = m_ultraHdr, .status = u"SUCCESS"_s});
+    inspector.setRecord({ .fingerprint = u"t"_s,
+                          .stem = u"DSC04223"_s,
+                          .jpgPath = m_cameraJpeg,
+                          .outputPath = m_ultraHdr,
+                          .status = u"SUCCESS"_s });
     QTRY_COMPARE(inspector.thumbnail()->state(), RowMediaStore::ThumbState::Image);
-    QCOMPARE(inspector.thumbnail()->image().size(), QSize(192, 128)); // the Ultra HDR output, 240 × 160
+    QCOMPARE(inspector.thumbnail()->image().size(),
+             QSize(192, 128)); // the Ultra HDR output, 240 × 160
 }
 
 ORVANTA_TEST_WIDGETS_MAIN(HistoryInspectorTest)

@@ -2,25 +2,23 @@
 // through fetchMore, the select-all states, the column menu and its
 // persistence, reveal and its fallbacks, the dialogs, the empty states and
 // the row thumbnails that follow the scroll position.
-#include "ui/history/HistoryViewFixtures.h"
-
 #include "core/AppViewModel.h"
 #include "core/ConfigStore.h"
 #include "ui/history/HistoryRowDelegate.h"
 #include "ui/history/HistoryTableModel.h"
 #include "ui/history/HistoryToolbar.h"
 #include "ui/history/HistoryView.h"
+#include "ui/history/HistoryViewFixtures.h"
 #include "ui/history/InspectorView.h"
 #include "ui/history/QuickPreviewWindow.h"
 #include "ui/history/RowMediaStore.h"
 
 #include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QToolButton>
 #include <QDesktopServices>
 #include <QFile>
 #include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
@@ -29,6 +27,7 @@
 #include <QSignalSpy>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <QToolButton>
 #include <QUrl>
 
 using namespace orvanta;
@@ -189,7 +188,7 @@ void HistoryViewTest::selectAllWithNothingLoadedStaysEmpty()
 void HistoryViewTest::hidingTheLastVisibleColumnIsRefusedAndStaysChecked()
 {
     AppViewModel model;
-    model.setVisibleColumns({ListColumn::Faces});
+    model.setVisibleColumns({ ListColumn::Faces });
     HistoryView view(model);
     QMenu *menu = view.toolbar()->columnMenu();
     Q_EMIT menu->aboutToShow();
@@ -201,7 +200,7 @@ void HistoryViewTest::hidingTheLastVisibleColumnIsRefusedAndStaysChecked()
     QVERIFY(faces);
     QVERIFY(faces->isChecked());
     faces->trigger();
-    QCOMPARE(model.visibleColumns(), ListColumnSet{ListColumn::Faces});
+    QCOMPARE(model.visibleColumns(), ListColumnSet { ListColumn::Faces });
     QVERIFY(faces->isChecked());
     Q_EMIT menu->aboutToShow();
     QCOMPARE(menu->actions().size(), allListColumns().size());
@@ -217,7 +216,8 @@ void HistoryViewTest::columnChoiceIsSavedAndComesBackInANewSession()
         QMenu *menu = view.toolbar()->columnMenu();
         Q_EMIT menu->aboutToShow();
         for (QAction *action : menu->actions()) {
-            if (action->data().toString() == u"date"_s || action->data().toString() == u"exposure"_s)
+            if (action->data().toString() == u"date"_s
+                || action->data().toString() == u"exposure"_s)
                 action->trigger();
         }
     }
@@ -228,24 +228,28 @@ void HistoryViewTest::columnChoiceIsSavedAndComesBackInANewSession()
     QVERIFY(!saved.contains("\"exposure\""));
 
     AppViewModel model;
-    QCOMPARE(model.visibleColumns(), (ListColumnSet{ListColumn::PeakStops, ListColumn::CameraLens,
-                                                    ListColumn::Faces, ListColumn::Duration, ListColumn::Date}));
+    QCOMPARE(model.visibleColumns(),
+             (ListColumnSet { ListColumn::PeakStops, ListColumn::CameraLens, ListColumn::Faces,
+                              ListColumn::Duration, ListColumn::Date }));
     HistoryView view(model);
     const HistoryTableModel *table = view.tableModel();
-    QCOMPARE(table->headerData(table->columnCount() - 2, Qt::Horizontal, Qt::DisplayRole).toString(), u"Date"_s);
+    QCOMPARE(
+        table->headerData(table->columnCount() - 2, Qt::Horizontal, Qt::DisplayRole).toString(),
+        u"Date"_s);
 }
 
 void HistoryViewTest::headerFollowsTheVisibleColumnsInTheirOrder()
 {
     AppViewModel model;
-    model.setVisibleColumns({ListColumn::Date, ListColumn::PeakStops, ListColumn::BayerClip});
+    model.setVisibleColumns({ ListColumn::Date, ListColumn::PeakStops, ListColumn::BayerClip });
     HistoryView view(model);
     const HistoryTableModel *table = view.tableModel();
     QStringList titles;
     for (int i = 0; i < table->columnCount(); ++i)
         titles << table->headerData(i, Qt::Horizontal, Qt::DisplayRole).toString();
-    QCOMPARE(titles, (QStringList{QString(), u"Name"_s, u"Status"_s, u"Peak Gain"_s, u"Sensor Clip"_s,
-                                  u"Date"_s, u"Actions"_s}));
+    QCOMPARE(titles,
+             (QStringList { QString(), u"Name"_s, u"Status"_s, u"Peak Gain"_s, u"Sensor Clip"_s,
+                            u"Date"_s, u"Actions"_s }));
     model.toggleColumnVisibility(ListColumn::PeakStops);
     QCOMPARE(table->columnCount(), 6);
     QCOMPARE(table->headerData(3, Qt::Horizontal, Qt::DisplayRole).toString(), u"Sensor Clip"_s);
@@ -260,7 +264,11 @@ void HistoryViewTest::revealPrefersTheDeliveredFile()
     AppViewModel model;
     HistoryView view(model);
     QSignalSpy revealed(&view, &HistoryView::fileRevealed);
-    PhotoRecord record{.fingerprint = u"a"_s, .stem = u"A"_s, .jpgPath = jpg, .outputPath = out, .status = u"SUCCESS"_s};
+    PhotoRecord record { .fingerprint = u"a"_s,
+                         .stem = u"A"_s,
+                         .jpgPath = jpg,
+                         .outputPath = out,
+                         .status = u"SUCCESS"_s };
     QCOMPARE(view.revealRecord(record), out);
     QCOMPARE(revealed.size(), 1);
     QCOMPARE(view.activeDialogKind(), HistoryView::DialogKind::None);
@@ -273,8 +281,11 @@ void HistoryViewTest::revealFallsBackToTheJpegWhenTheOutputIsGone()
     AppViewModel model;
     HistoryView view(model);
     QSignalSpy revealed(&view, &HistoryView::fileRevealed);
-    PhotoRecord record{.fingerprint = u"b"_s, .stem = u"B"_s, .jpgPath = jpg,
-                       .outputPath = m_files.filePath(u"out/B_gone.jpg"_s), .status = u"SUCCESS"_s};
+    PhotoRecord record { .fingerprint = u"b"_s,
+                         .stem = u"B"_s,
+                         .jpgPath = jpg,
+                         .outputPath = m_files.filePath(u"out/B_gone.jpg"_s),
+                         .status = u"SUCCESS"_s };
     QCOMPARE(view.revealRecord(record), jpg);
     QCOMPARE(revealed.value(0).value(0).toString(), jpg);
     QCOMPARE(view.activeDialogKind(), HistoryView::DialogKind::None);
@@ -285,8 +296,11 @@ void HistoryViewTest::revealWithBothFilesGoneShowsTheMissingDialog()
     AppViewModel model;
     HistoryView view(model);
     QSignalSpy revealed(&view, &HistoryView::fileRevealed);
-    PhotoRecord record{.fingerprint = u"c"_s, .stem = u"DSC09999"_s, .jpgPath = u""_s,
-                       .outputPath = m_files.filePath(u"out/DSC09999_hdr.jpg"_s), .status = u"SUCCESS"_s};
+    PhotoRecord record { .fingerprint = u"c"_s,
+                         .stem = u"DSC09999"_s,
+                         .jpgPath = u""_s,
+                         .outputPath = m_files.filePath(u"out/DSC09999_hdr.jpg"_s),
+                         .status = u"SUCCESS"_s };
     QVERIFY(view.revealRecord(record).isNull());
     QCOMPARE(revealed.size(), 0);
     QCOMPARE(view.activeDialogKind(), HistoryView::DialogKind::FileMissing);
@@ -357,13 +371,17 @@ void HistoryViewTest::failedRowsOfferErrorDetailsAndCompareNeedsAnOpener()
 {
     AppViewModel model;
     HistoryView view(model);
-    const PhotoRecord failed{.fingerprint = u"f"_s, .stem = u"F"_s, .status = u"FAILED"_s,
-                             .errorMessage = u"libraw: corrupt data near offset 0x3f2"_s};
-    const PhotoRecord good{.fingerprint = u"g"_s, .stem = u"G"_s, .status = u"SUCCESS"_s};
-    QCOMPARE(rowActions(failed, true), (QList<RowAction>{RowAction::Inspector, RowAction::QuickLook,
-                                                         RowAction::Reveal, RowAction::Share, RowAction::ViewError}));
-    QCOMPARE(rowActions(good, false), (QList<RowAction>{RowAction::Inspector, RowAction::QuickLook,
-                                                        RowAction::Reveal, RowAction::Share}));
+    const PhotoRecord failed { .fingerprint = u"f"_s,
+                               .stem = u"F"_s,
+                               .status = u"FAILED"_s,
+                               .errorMessage = u"libraw: corrupt data near offset 0x3f2"_s };
+    const PhotoRecord good { .fingerprint = u"g"_s, .stem = u"G"_s, .status = u"SUCCESS"_s };
+    QCOMPARE(rowActions(failed, true),
+             (QList<RowAction> { RowAction::Inspector, RowAction::QuickLook, RowAction::Reveal,
+                                 RowAction::Share, RowAction::ViewError }));
+    QCOMPARE(rowActions(good, false),
+             (QList<RowAction> { RowAction::Inspector, RowAction::QuickLook, RowAction::Reveal,
+                                 RowAction::Share }));
     QCOMPARE(rowActions(good, true).first(), RowAction::Compare);
 
     std::unique_ptr<QMenu> menu(view.buildContextMenu(failed, &view));
@@ -404,7 +422,7 @@ void HistoryViewTest::spaceOpensAndClosesTheQuickPreview()
     const QString out = m_files.filePath(u"out/Q_hdr.jpg"_s);
     QVERIFY(writeCameraJpeg(out, Qt::yellow, Qt::darkBlue, 1200, 800));
     auto db = freshDatabase();
-    db->insert({.fingerprint = u"q"_s, .stem = u"Q"_s, .outputPath = out});
+    db->insert({ .fingerprint = u"q"_s, .stem = u"Q"_s, .outputPath = out });
     AppViewModel model;
     HistoryView view(model);
     showAndWait(view, 1);
@@ -417,7 +435,8 @@ void HistoryViewTest::spaceOpensAndClosesTheQuickPreview()
     QVERIFY(preview->isVisible());
     QCOMPARE(preview->path(), out);
     QTRY_VERIFY(preview->hasImage());
-    QVERIFY(qAbs(preview->imageSize().width() * 2 - preview->imageSize().height() * 3) <= 3); // 3:2 kept
+    QVERIFY(qAbs(preview->imageSize().width() * 2 - preview->imageSize().height() * 3)
+            <= 3); // 3:2 kept
     QTest::keyClick(preview, Qt::Key_Space);
     QTRY_VERIFY(!preview->isVisible());
 }
@@ -438,11 +457,12 @@ void HistoryViewTest::rowsThatScrollAwayCancelTheirThumbnails()
         // Distinct files: one cache entry each.
         const QString path = m_files.filePath(u"cam/T%1.JPG"_s.arg(i));
         QFile::copy(file, path);
-        records.append({.fingerprint = u"t%1"_s.arg(i), .stem = u"T%1"_s.arg(i), .jpgPath = path});
+        records.append(
+            { .fingerprint = u"t%1"_s.arg(i), .stem = u"T%1"_s.arg(i), .jpgPath = path });
         QCOMPARE(store.thumbnail(records.last()).state, RowMediaStore::ThumbState::Loading);
     }
     QCOMPARE(store.pendingThumbnails(), 10);
-    store.retainOnly({u"t8"_s, u"t9"_s});
+    store.retainOnly({ u"t8"_s, u"t9"_s });
     QCOMPARE(store.pendingThumbnails(), 2);
     QCOMPARE(store.cancelledCount(), 8);
     gate.release(10);
@@ -458,13 +478,18 @@ void HistoryViewTest::rowsThatScrollAwayCancelTheirThumbnails()
 
 void HistoryViewTest::rowCellsUseTheRecordFormats()
 {
-    const PhotoRecord record{.fingerprint = u"x"_s, .stem = u"X"_s, .status = u"SUCCESS"_s, .peakStops = 2.5,
-                             .numFaces = 3, .rawClipPct = 0.126, .durationSec = 6.8};
+    const PhotoRecord record { .fingerprint = u"x"_s,
+                               .stem = u"X"_s,
+                               .status = u"SUCCESS"_s,
+                               .peakStops = 2.5,
+                               .numFaces = 3,
+                               .rawClipPct = 0.126,
+                               .durationSec = 6.8 };
     QCOMPARE(recordCellText(record, ListColumn::PeakStops), u"2.50"_s);
     QCOMPARE(recordCellText(record, ListColumn::Duration), u"6.80"_s);
     QCOMPARE(recordCellText(record, ListColumn::BayerClip), u"0.13%"_s);
     QCOMPARE(recordCellText(record, ListColumn::Faces), u"3"_s);
-    QCOMPARE(recordCellText(PhotoRecord{}, ListColumn::Faces), u"—"_s);
+    QCOMPARE(recordCellText(PhotoRecord {}, ListColumn::Faces), u"—"_s);
     QVERIFY(recordCellText(record, ListColumn::Exposure).isNull()); // from the metadata
     QCOMPARE(peakLabel(2.5), u"+2.50st (1600nits)"_s);
 }
@@ -479,7 +504,7 @@ void HistoryViewTest::clickingTheRowBoxTogglesItsSelectionAndRepaintsTheRow()
     QSignalSpy changed(table, &QAbstractItemModel::dataChanged);
     const QRect box = view.tableView()->visualRect(table->index(2, 0));
     QTest::mouseClick(view.tableView()->viewport(), Qt::LeftButton, {}, box.center());
-    QCOMPARE(model.selectedRecordIds(), QSet<QString>{table->record(2).id()});
+    QCOMPARE(model.selectedRecordIds(), QSet<QString> { table->record(2).id() });
     QVERIFY(!changed.isEmpty());
     // The whole row shows the selection, not only the box.
     QCOMPARE(changed.last().at(1).toModelIndex().column(), table->columnCount() - 1);
