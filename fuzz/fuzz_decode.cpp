@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Fuzzes the whole decode path: locating the map, parsing its metadata,
 // libjpeg decoding of both images and the gain-map arithmetic.
 #include "hdr/UltraHdrDecoder.h"

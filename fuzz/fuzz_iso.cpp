@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Fuzzes the ISO 21496-1 block reader; whatever it accepts must survive
 // being written and read again.
 #include "hdr/IsoGainMapBlock.h"

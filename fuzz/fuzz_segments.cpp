@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Fuzzes the JPEG segment walker and the search for the gain map image.
 #include "hdr/JpegSegments.h"
 #include "hdr/UltraHdrLayout.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Fuzzes the XMP reader and the hdrgm value checks.
 #include "hdr/XmpGainMap.h"
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Writes a small starting corpus for each fuzz target: Ultra HDR files in
 // their common layouts, and the metadata blocks alone.
 //   orvanta_fuzz_seeds DIR   (creates DIR/<target>/seed-N)

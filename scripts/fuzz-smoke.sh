@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The Orvanta developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the Ultra HDR fuzz targets with clang (libFuzzer + ASan + UBSan) and
 # runs each one briefly, starting from a corpus our own writer produces.
 #   scripts/fuzz-smoke.sh [SECONDS_PER_TARGET]   (default 30; CI uses the default)

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The Orvanta developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Tools the benchmarks in bench/ compare against (run by hand, not by CI).
 set -euo pipefail
 packages=(sqlite3 libvips-tools imagemagick libjpeg-turbo-progs hyperfine valgrind time)

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The Orvanta developers
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs every Debian 12 package Orvanta needs to build, test and run.
 # Idempotent: packages already present are left alone and apt is not touched
 # at all when nothing is missing. Must run as root (or through sudo).

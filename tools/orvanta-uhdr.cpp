@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // orvanta-uhdr: the Ultra HDR codec on the command line.
 //   probe FILE                          metadata as JSON (exit 3 when not Ultra HDR)
 //   decode FILE OUT.pfm [--headroom H]  linear light as a portable float map

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Frame times of the compare window's OpenGL viewer on a 24-megapixel pair:
 // dragging the divider across the picture, and panning at 5x. Each frame is
 // one input event followed by a synchronous repaint that waits for the GPU.

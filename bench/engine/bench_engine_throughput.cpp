@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Lines per second from a child process through line splitting, record
 // decoding and the batch controller (handleBatchEvent / console), next to
 // `wc -l` counting the same stream, plus the longest stretch the main

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Ultra HDR codec timings on a 24-megapixel picture, next to djpeg decoding
 // the same primary (the floor any JPEG-based decoder pays).
 //   bench_uhdr [WIDTH HEIGHT] [RUNS]     defaults 6000 4000 5

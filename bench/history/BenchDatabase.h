@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Generated state databases for the history benchmarks: rows like a
 // photographer's archive, with or without an index on every sortable column.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // History reads on a generated state database of a million rows: every
 // statement of a refresh (figures, count, first page) and of one further
 // page, with a stem search and each sort field, timed through HistoryService

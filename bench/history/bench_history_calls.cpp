@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The reads of one history refresh, timed alone in a small process, next to
 // the same two figures statements through SQLite's C interface directly.
 // A cross-check of bench_history, whose in-process figures for the two

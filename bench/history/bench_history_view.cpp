@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The history tab as the user meets it, on generated databases:
 //  1. search keystroke to first page: a key typed into the search field
 //     until the refreshed first page has been painted in the table, on a

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Thumbnail speed and memory: our loader's decode of a 6000 × 4000 JPEG
 // (quality 92, photo-like content) to 76 pixels, against vipsthumbnail -s 76
 // and ImageMagick's convert -thumbnail 76x76 on the same file, same run.

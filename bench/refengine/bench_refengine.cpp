@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Seconds per RAW+JPG pair and the engine's peak memory, on 24-megapixel
 // Bayer DNG + JPG pairs written for the run. Each configuration runs the real
 // engine as a child process in a private home (its own state database) and

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The console under a chatty engine: lines appended one at a time to a full
 // 1000-line log, each followed by a repaint of the visible console, next to
 // the same work through a plain QStringListModel that is reset on every

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The menu bar: application, Folders and Processing menus with their
 // shortcuts. Commands are posted on the CommandDispatcher; only "Check for
 // Updates..." talks to the updater directly. Main thread.

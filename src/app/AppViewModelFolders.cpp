@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The folder half of AppViewModel: choosing the source and delivery folders
 // and applying a drop of folders or photo files. Main thread.
 #include "core/AppViewModel.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The compare window's inspector and histogram panels, made from the history
 // tab's own views so both places show a photo the same way. Main thread.
 #pragma once

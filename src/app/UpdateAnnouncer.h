@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Tells the user what an update check found: a new version with a button to
 // its download page, "up to date" or a failure (the last two only when the
 // user asked). The texts follow the interface language. Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Entry point: one state object, one main window with its menus, and the
 // update checks.
 #include "app/AppMenus.h"

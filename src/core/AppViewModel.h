@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The one observable state object of the application: folders and options,
 // style, probes, the running batch, the history page and the status line.
 // Created once at start-up and confined to the main thread; background work

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The shared configuration file ~/.config/orvanta/config.json: where it is
 // (with the carry-over from the product's earlier folder names), reading it
 // as a JSON object, writing it back in place, and the typed value rules.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The engine half of AppViewModel: the batch run controller (start, events,
 // console, end of run, stop) and the environment, storage and memory probes.
 // Main thread only.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // One progress record of the engine ("ORVANTA_EVENT: {...}" lines) and the
 // rules that recognise and decode it. Pure functions; safe on any thread.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The progress bar drawn over the application icon while a batch runs:
 // its geometry and its rendering into an image. Pure functions; any thread
 // (QImage and QPainter on images are thread-safe).

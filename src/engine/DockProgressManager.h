@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Batch progress outside the main window: the launcher entry's progress bar
 // and count badge, an attention request at the end, and the progress bar
 // drawn into the window icon so any task bar shows it. One shared instance.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Asks our own engine which of the libraries and data it needs are missing
 // ("orvanta_engine doctor --json"), so the environment check can trust the
 // engine's answer instead of a fixed tool list. Main thread; the query is a

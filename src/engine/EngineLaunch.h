@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Everything that decides how the engine is started: where its executable
 // is, the command line built from the batch settings and the environment it
 // gets. Pure functions over explicit inputs; safe on any thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Turns the engine's merged output bytes into log lines and decoded events,
 // in arrival order. Works on bytes, so a character split across two reads is
 // joined before it is decoded. One instance per run; used on one thread.

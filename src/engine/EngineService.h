@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Finds, launches and supervises the external engine process: one run at a
 // time, its merged output turned into log lines and events, its end
 // reported once, and a graceful stop that escalates. Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The desktop notification that announces the end of a batch, with an
 // action that opens the delivery folder. One shared instance. Main thread;
 // nothing blocks on the notification server.

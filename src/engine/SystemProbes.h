@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The environment, storage and memory probes behind the footer and the
 // start checks: which tools are installed, how much room the destination's
 // volume has, installed memory and memory pressure. Pure functions over

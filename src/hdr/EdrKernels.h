@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The viewer's two per-pixel kernels as plain C++: the filmic roll-off that
 // compresses HDR highlights for an SDR display, and the zebra overlay that
 // marks pixels whose HDR luminance passes a threshold. The GLSL versions the

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Loads the picture pair the EDR viewer compares: the delivered Ultra HDR
 // file expanded to HDR at full gain-map weight, and the camera's SDR JPEG.
 // A plain function for a worker thread; the viewer publishes the result on

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Everything of the EDR viewer that is not drawing: fitting and placing the
 // picture, keeping the pan inside it, and the mouse, pinch, scroll and
 // double-click rules, as a small state object the widget feeds its events to.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What the EDR viewer shows and how it treats HDR on an SDR display, with the
 // text keys of each choice. Plain values; any thread.
 #pragma once

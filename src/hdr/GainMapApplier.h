@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Turns decoded 8-bit rows of the primary into linear light, boosted by the
 // gain map: the per-pixel arithmetic of Ultra HDR decoding, with the map
 // upsampled bilinearly and every transcendental function in a lookup table.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The values that say how a gain map turns the SDR base into the HDR rendition,
 // whichever block of the file (ISO 21496-1 or Adobe hdrgm XMP) they came from.
 // Plain values; any thread.

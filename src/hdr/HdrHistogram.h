@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The HDR histogram's numbers: an 8-bit rendition of the photo (long side at
 // most 512, oriented) counted into a standard zone (bins 0-159) and a bright
 // zone (160-255) stretched by the photo's recorded peak gain, smoothed and

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The binary gain-map metadata of ISO 21496-1 as carried in a JPEG APP2 block:
 // reading (full layout and the common-denominator layout some writers use),
 // validating, and writing the full layout. Pure functions; any thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Thin, failure-safe wrappers over libjpeg-turbo: a scanline decoder for
 // untrusted streams (errors become a message, never an abort or a jump through
 // our frames) and a one-call encoder. One object per thread.

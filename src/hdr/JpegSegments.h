@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Walks the marker segments of one JPEG stream inside an untrusted byte buffer,
 // without decoding it: where the stream starts and ends and which APPn blocks
 // it carries. Pure functions; any thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The Multi-Picture Format index (CIPA DC-007) that lists the images stored
 // back to back in one JPEG file: reading it from an untrusted APP2 payload and
 // writing the two-image form. Pure functions; any thread.

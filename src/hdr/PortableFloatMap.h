@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Portable float maps (.pfm): the plain linear-light exchange format the
 // command-line tool reads and writes. Pure functions; any thread.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Decodes an Ultra HDR file (or any JPEG) into linear, extended-range RGBA
 // half floats, applying the gain map at a chosen display headroom and the
 // EXIF orientation. Runs on the calling thread and one helper thread per extra

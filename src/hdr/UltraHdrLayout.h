@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Finds the pieces of an Ultra HDR file in an untrusted buffer: the primary
 // JPEG, the gain map JPEG (through the MPF index, then the XMP container
 // directory, then the next image after the primary) and the metadata that

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Writes Ultra HDR files: computes a gain map from an SDR picture and a linear
 // HDR picture of the same size, encodes it, and assembles primary + gain map
 // with hdrgm XMP, the container directory, ISO 21496-1 blocks and an MPF

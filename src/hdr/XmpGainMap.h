@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The XMP side of an Ultra HDR file: the Adobe hdrgm gain-map properties and
 // the GContainer directory that says where the gain map image sits. Reads
 // untrusted packets (attribute and element forms, arrays of 1 or 3 values,

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The history half of AppViewModel: paged queries, selection, bulk actions.
 // Queries and deletes run on the global thread pool; their results come back
 // to the main thread and are dropped if the model has gone meanwhile.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The reads behind the history page, as plain functions for a worker thread:
 // one refresh (figures, count, first page) and one further page.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Read access to the engine's state database (and row deletion). Each call
 // opens and closes its own connection, so a copy of the service may be used
 // from any thread; calls block while the engine holds a write lock.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Value types shared by the history reader, the history half of AppViewModel
 // and the history table: a processed photo, the whole-table statistics, and
 // the filter, sort and column keys. Plain values; any thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The interface languages the user can choose, plus "follow the system".
 // Plain value type; any thread.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Typed arguments for the printf-style texts of the string tables, and the
 // formatter that substitutes them. Pure functions; safe on any thread.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Owns the string tables, the user's language choice (kept in QSettings) and
 // the lookup `t`. One shared instance. Lookups are safe from any thread; the
 // language is changed on the main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The built-in string tables: one constant list of (key, UTF-8 text) pairs per
 // language. Read once by LocalizationService when it is first used; any thread.
 #pragma once

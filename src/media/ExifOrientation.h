@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // EXIF orientation: reading tag 0x0112 straight from a JPEG's APP1 block (no
 // full metadata parse on the thumbnail path) and turning an image upright.
 // Pure functions, any thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Every call into exiv2 lives behind these functions, so a move to exiv2 0.28
 // (renamed accessors, new error types) touches one file. Nothing here throws;
 // a file exiv2 cannot read gives "none". Any thread, after initializeExiv2().

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Small images from JPEGs without a full-size decode: libjpeg-turbo's DCT
 // scaling picks the smallest 1/8 step at or above the requested size, then an
 // area-averaging resize gives the exact size and the EXIF orientation is

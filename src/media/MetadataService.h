@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Reads the camera and capture data of one image file (the delivered Ultra HDR
 // JPEG, a camera JPEG, a PNG or a RAW) into a ProPhotoMetadata. Stateless:
 // callable from any thread, concurrently.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The camera and capture data of one photo as a plain value, with the exact
 // display strings the inspector shows for each field. Any thread.
 #pragma once

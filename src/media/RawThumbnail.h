@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The camera's own preview inside a RAW file, read with LibRaw (thread-safe
 // build) when exiv2 finds none large enough. Never demosaics. Any thread.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Decoded thumbnails by key ("<path>_<maxPixelSize>"), bounded both by entry
 // count and by pixel bytes (width × height × 4), least recently used evicted
 // first. Every member is safe to call from any thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Turns one image file into a thumbnail whose longer side is at most the
 // requested size, choosing the cheapest faithful route for the format. Runs on
 // the thumbnail loader thread; a pure function.

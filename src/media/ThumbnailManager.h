@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Thumbnails for the history rows: picks the file (output, else fallback),
 // answers from a bounded memory cache, and otherwise decodes on one serial
 // loader thread, newest request first, delivering on the main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The outcome of one thumbnail request: the image, a file that exists but
 // could not be decoded, or no file at all. A plain value, any thread.
 #pragma once

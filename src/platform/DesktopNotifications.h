@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Posts desktop notifications through the org.freedesktop.Notifications
 // service and reports clicks on their actions. Main thread; every bus call
 // is asynchronous, so a slow or missing notification server never blocks

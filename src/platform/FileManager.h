@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Shows folders and files in the user's file manager through the
 // org.freedesktop.FileManager1 service, falling back to opening the folder
 // with the desktop's default handler. Main thread; asynchronous calls only.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Progress bar, count badge and urgency of our launcher icon, announced as
 // the com.canonical.Unity.LauncherEntry "Update" signal that docks and task
 // managers (Plasma, Dash to Dock, Ubuntu Dock) listen to. Main thread.

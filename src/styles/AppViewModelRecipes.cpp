@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The recipe half of AppViewModel: the list mirrors the recipe file, which
 // RecipeService re-reads before every change.
 #include "core/AppViewModel.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The user's recipes in ~/.config/orvanta/recipes.json: load, save (atomic),
 // add-or-overwrite by name, delete, rename, export and import. The file is the
 // source of truth: every change re-reads it first. Main thread.

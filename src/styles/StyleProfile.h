@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The five rendering styles the engine knows, with what the interface shows
 // for each, and the five fine-tuning parameters of the custom style.
 // Plain values; any thread (texts follow the current language).

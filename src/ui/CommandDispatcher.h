@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The process-wide channel for menu commands: menus post a named command, the
 // main window subscribes while it is shown and performs it. Main thread.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Paints one console line: the leading emoji marker in the colour emoji
 // face, the rest in the console's monospace font and the line's colour.
 // Needed because the monospace face has its own plain drawings of some

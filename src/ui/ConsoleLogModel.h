@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The console's lines as a list model that follows AppViewModel::consoleLogs
 // with row-level inserts and removals, so a chatty engine never resets the
 // view. Also the line colour rule. Main thread.

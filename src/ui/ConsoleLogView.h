@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The live console panel: the engine's and the controller's lines coloured
 // by kind, following the newest line, copy-all with a short confirmation,
 // clear, and a placeholder while empty. Main thread.

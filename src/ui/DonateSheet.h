@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The thank-you sheet: a short note and a button that opens the donation page
 // in the browser. Main thread.
 #pragma once

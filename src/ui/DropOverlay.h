@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The layer shown over the whole window while files are dragged over it.
 // Purely visual: it lets every mouse and drag event through. Main thread.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // One folder row of the folder bar: a caption, the path (or a placeholder),
 // a Browse button, and optionally a drop target that shows a hint while
 // something is dragged over it. Main thread.

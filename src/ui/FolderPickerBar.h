@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The set-up panel of the main window: source and delivery folders (the
 // source also takes drops), the style preset with its description, the run
 // options, and the start / stop button. Bound to the model. Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The top of the main window: application icon, title and subtitle, and on
 // the trailing side the language menu, the environment state and the
 // preferences button. Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Our own SVG icon set, addressed by the symbol names the interface uses
 // ("play.fill", "globe", ...) and tinted on request. Main thread.
 #pragma once

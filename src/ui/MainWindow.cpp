@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "ui/MainWindow.h"
 
 #include "core/AppViewModel.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The application's main window ("main"): header, folder bar, the live-run
 // and history tabs, the console drawer, the storage footer and the drop
 // overlay; performs the menu commands while shown. Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The texts of the progress card as pure functions of the model's fields, so
 // their rules (truncated percentage, unwrapped minutes, the phase shown) are
 // tested without a window. Main thread (texts follow the current language).

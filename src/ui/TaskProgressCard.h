@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The live-run card: a status dot and title, the photo in work, the progress
 // line and bar, the last photo's four measurements, the time left, and the
 // history totals. Reads the model only; triggers nothing. Main thread.

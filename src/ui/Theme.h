@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The dark photo-neutral look of the whole application: colours, fonts, the
 // style sheet and the per-language font choice. Main thread.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Reading an update feed (an RSS "appcast" with the sparkle namespace),
 // comparing versions and checking an Ed25519 signature. Pure functions; any thread.
 #pragma once

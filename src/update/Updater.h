@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Looks for new versions of the application: fetches the update feed, picks
 // the newest item, downloads it and checks its Ed25519 signature, then
 // announces it. Never installs anything (a package manager owns the files).

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Waiting helpers for the screenshot programs: they drive real windows
 // outside QTest's own loop and grab them once what they wait for has drawn.
 // Main thread.

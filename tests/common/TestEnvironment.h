@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Gives every test executable a private HOME and XDG folders, so nothing a
 // test does touches the real user's files, and QSettings, QStandardPaths and
 // the configuration file all land in a temporary directory.

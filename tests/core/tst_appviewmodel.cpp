@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The state object: defaults, loading and saving the configuration through
 // its setters, the start-up write, and the localized status line.
 #include "common/TestEnvironment.h"

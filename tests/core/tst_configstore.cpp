@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The configuration file's location and migration, its written layout, and
 // the lossless value conversions used when loading it.
 #include "common/TestEnvironment.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Runs the scriptable test engine: writes a scenario, points the engine
 // locator at the test engine and reads back what the engine received.
 #pragma once

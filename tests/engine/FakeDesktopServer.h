@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Our own stand-ins for the desktop's notification server and file manager,
 // and a listener for launcher entry updates, served on a second connection
 // to the private test bus. They record every call they receive.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // A stand-in for the real engine, driven by a scenario file, so the tests
 // can run the application's supervisor against a real child process: what
 // it prints (with or without newlines, in pieces), pauses, rows written into

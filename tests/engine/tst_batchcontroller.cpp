@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The batch run controller of AppViewModel, end to end: the model starts
 // the scriptable test engine, follows its events and lines, stops it, and
 // announces the end on our own desktop servers on a private bus.

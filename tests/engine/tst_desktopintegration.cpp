@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Notifications, launcher progress and the file manager against our own
 // small desktop servers on a private session bus.
 #include "common/TestEnvironment.h"

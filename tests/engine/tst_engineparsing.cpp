@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The engine's interface without a process: record recognition and
 // decoding, byte-level line splitting, the command line and environment,
 // where the engine is looked for, the probes' rules and the icon overlay.

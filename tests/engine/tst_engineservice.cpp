@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // EngineService against a real child process: the scriptable test engine.
 #include "common/TestEnvironment.h"
 #include "engine/EngineScenario.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Small generated pictures and files for the Ultra HDR tests: an SDR picture,
 // an HDR picture that is that SDR picture boosted by a known, smooth gain
 // field, and helpers to edit JPEG bytes.

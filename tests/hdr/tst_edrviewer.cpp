@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The EDR viewer's rules without a widget: placement, pan limits, the input
 // rules for divider, pan, pinch, scroll and double click, and the two kernels.
 #include "UltraHdrFixtures.h"

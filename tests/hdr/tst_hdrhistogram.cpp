@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The HDR histogram's numbers: binning, counting, smoothing, the rendition it
 // is taken from, the curve geometry and the asynchronous delivery.
 #include "UltraHdrFixtures.h"

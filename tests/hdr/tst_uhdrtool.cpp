@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The orvanta-uhdr command: encode, probe and decode through the real
 // executable, as photographers use it, plus the float map format it speaks.
 #include "UltraHdrFixtures.h"

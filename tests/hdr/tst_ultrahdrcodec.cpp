@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The Ultra HDR reader and writer: each parsing layer on hand-made bytes, then
 // whole files written and read back.
 #include "UltraHdrFixtures.h"

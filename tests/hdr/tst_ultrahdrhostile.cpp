@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Hostile and damaged files: each must give the SDR picture or a clear
 // failure, never a crash, a hang or a read outside the buffer (this suite
 // also runs in the sanitizer build).

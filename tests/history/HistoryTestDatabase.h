@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Builds real state databases for the history tests: the engine's table,
 // rows with chosen values, locks held from a second connection, and a log
 // of every statement any connection in the process runs.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The history half of the state object on a real database: first page and
 // further pages, refresh on every changed query value, coalescing of
 // overlapping refreshes, results for a model or list that has gone, the

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The database reader on real SQLite files: search, status filter, sort
 // order with missing values, figures, deletes, damaged and locked files, and
 // the move from the folders of earlier product names.

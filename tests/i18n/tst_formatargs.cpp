@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The printf-style formatter behind every localized text with arguments.
 #include "common/TestEnvironment.h"
 #include "i18n/FormatArgs.h"

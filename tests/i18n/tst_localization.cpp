@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Language choice, its resolution against the platform's languages, lookup
 // fallbacks, and the completeness of the seven string tables.
 #include "common/TestEnvironment.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Image files the media tests write for themselves: JPEGs and PNGs from
 // QImage, Exif tags written through exiv2, and a small DNG (a TIFF container
 // with a DNG version tag, a tiny RGB strip and an embedded JPEG preview).

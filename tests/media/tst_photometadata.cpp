@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Photo metadata: the display rules of every accessor, and what the reader
 // takes from real files the test writes (JPEG with Exif, PNG, DNG, text,
 // empty and missing files).

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Thumbnails: the decoder's routes (DCT-scaled JPEG with orientation, PNG,
 // the DNG's embedded preview, files that are not images), the bounded cache,
 // and the manager's file choice, cache answers, delivery and cancellation.

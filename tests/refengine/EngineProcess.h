@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Runs the real orvanta_engine as a child process and splits what it prints
 // into progress records and log lines, the way the application does.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Screenshots of the application driving the real engine over generated
 // pairs (run under xvfb-run): the main window during and after a batch, the
 // history tab on the engine's rows, and the compare window on one of its

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The application's own batch controller driving the real engine: a batch
 // over generated pairs, the status line and console it ends with, the history
 // it then shows, an up-to-date second run, and a stop in the middle.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The engine's rules that need no process: the command line, the tuning
 // values' effect on the lift, output names, and the memory-pressure reading.
 #include "EngineOptions.h"

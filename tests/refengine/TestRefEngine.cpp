@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The engine end to end: pairs written by the test, the real binary, its
 // progress records, its state database and the Ultra HDR files it delivers.
 #include "EngineProcess.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Takes the screenshots of the preferences window: builds the real window in
 // a private home, fills it with a few recipes and a custom style, and saves
 // a grab of every page.

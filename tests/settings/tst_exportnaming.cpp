@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The paths page's logic without widgets: the live file-name preview, the
 // placeholder chips, the template warnings, and where the diagnostics
 // buttons lead.

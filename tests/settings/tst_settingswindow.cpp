@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The preferences window against a real model in a private home: every page's
 // controls move the model (and so the configuration file), the model's
 // changes show in the controls, recipes go through the real recipe file, and

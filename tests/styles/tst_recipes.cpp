@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // User recipes: the file format, add-or-overwrite by name, delete, rename,
 // export and import with their merge rules, and the model operations.
 #include "common/TestEnvironment.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The style presets and the five fine-tuning sliders.
 #include "common/TestEnvironment.h"
 #include "i18n/LocalizationService.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The main window with its menus over a fresh model, as every window test
 // starts it: English, existing source and delivery folders, shown. Also the
 // folder of test photos the drops and folder choices use. Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Takes the README's screenshots: builds the real main window in a chosen
 // state and language inside a private home, and saves QWidget::grab().
 //

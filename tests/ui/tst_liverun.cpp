@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The live-run views: the console's colours, cap, scrolling, copy and clear,
 // and the progress card's texts in every phase of a batch.
 #include "common/TestEnvironment.h"

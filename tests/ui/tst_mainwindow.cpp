@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The main window as the photographer uses it: drops on the window and on
 // the source field, folder panels, the run button through a real batch of
 // the test engine, footer and header states, the icon set, and a language

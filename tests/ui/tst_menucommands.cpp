@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Menu commands as they travel: shortcuts post named commands on the
 // dispatcher, the shown window performs them (folder panels, the support
 // sheet), a hidden one does not; the update item and its announcements.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The updater against a real HTTP feed on the loopback interface: signed
 // and tampered releases, stale feeds, broken and stalled servers, and the
 // settings it keeps. Keys are made fresh for each run with libsodium.

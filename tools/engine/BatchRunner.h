@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Runs one batch: scans the source, then converts the pending pairs on a pool
 // of worker threads, records each in the state database and reports progress.
 // Created and run on the main thread; workers share it through its mutexes.

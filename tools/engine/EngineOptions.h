@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The engine's settings for one invocation: the command line, completed by the
 // shared configuration file for what has no flag. Parsed once on the main
 // thread, then read by every worker.

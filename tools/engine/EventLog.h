@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The engine's output: human log lines and, with --json-stream, one-line JSON
 // progress records, both on standard output and (log lines and records alike)
 // in the day's log file. Thread-safe: workers write through one mutex.

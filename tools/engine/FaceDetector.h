@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Finds faces with OpenCV's shipped Haar cascade and turns them into a skin
 // weight: skin-coloured pixels inside each face's surroundings, softened. One
 // cascade per thread (the classifier is not shared between workers).

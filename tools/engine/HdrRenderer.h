@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Turns one RAW+JPG pair into an Ultra HDR file: the camera JPG stays the SDR
 // picture, the RAW (developed linearly) supplies the highlights above white.
 // Pure function of its inputs; each worker thread calls it for its own pair.

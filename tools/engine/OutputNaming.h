@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Where a delivered photo goes: the naming template and the subfolder rule
 // applied to one pair's facts. Pure functions, any thread.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Finds the RAW+JPG pairs of a source folder and decides which of them this
 // run processes: orphans, already delivered pairs, the rating filter and the
 // stem filter. Runs on the main thread before any worker starts.

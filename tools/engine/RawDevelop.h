@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Develops a camera RAW with LibRaw into linear light (camera white balance,
 // sRGB primaries, highlights up to the sensor's clip point) and lays it over
 // the camera JPG: same orientation, same framing, same size. Any thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The engine's record of every pair it has processed (table processed_files),
 // in WAL mode so the application can read while a batch writes. One object per
 // run, shared by the workers; every call is serialised by a mutex.

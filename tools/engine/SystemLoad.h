@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What the machine can spare: available memory for the automatic worker count
 // and the kernel's memory pressure for the throttle. Any thread.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // orvanta_engine: converts folders of camera RAW+JPG pairs into Ultra HDR
 // photos. See usageText() for the command line.
 #include "BatchRunner.h"

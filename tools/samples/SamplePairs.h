@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Writes RAW+JPG pairs of one synthetic scene, for the engine's tests, its
 // benchmark and the demo folder: a DNG (linear RGB, or a Bayer mosaic like a
 // camera's) that holds highlights up to eight times SDR white, and a

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // orvanta-sample-pairs DIR [COUNT] [WIDTH HEIGHT]: writes COUNT RAW+JPG pairs
 // (Bayer DNG + JPG) of a synthetic scene with a sun the JPG clips and the RAW
 // keeps, for trying the engine without a camera.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Makes the compare window's two optional panels, the metadata inspector and
 // the floating HDR histogram, which live with the history views. The window
 // asks for them once and feeds them the current photo. Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The compare window's top row: navigation, the photo's name, rating and peak,
 // the display badge, the compare-mode selector, the zebra, histogram and
 // inspector toggles with the zebra thresholds in a drop-down, and sharing.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // How far above SDR white the screen under a window can show: the ratio the
 // viewer and the compare window decide their HDR and SDR paths by. Main thread.
 #pragma once

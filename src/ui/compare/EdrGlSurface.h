@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The OpenGL drawing of the EDR viewer: keeps the photo pair as half-float
 // textures (uploaded once per pair, mipmapped) and composes each frame in one
 // full-screen pass running the zebra and filmic kernels. Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The EDR viewer of the compare window: the photo pair across a divider, or
 // one side alone, with zoom, pan, zebra stripes and a filmic view of HDR
 // highlights on a standard display. Owns the state and input rules and draws

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The compare window's content: one processed photo as a camera-JPEG /
 // Ultra HDR pair on the EDR viewer, stepping through the history list it was
 // opened from, with the toolbar, the standard-display banner, the side

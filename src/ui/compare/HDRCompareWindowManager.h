@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Opens the compare window for a photo of the history list. Each opening
 // makes a fresh window with fresh state; the manager remembers the latest
 // one and the provider of the inspector and histogram panels. Main thread.

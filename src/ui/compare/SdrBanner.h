@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The notice shown above the picture on a standard display: why highlights
 // cannot glow here, the choice between the natural and the filmic view of
 // the HDR side with the hint of the chosen one, and the simulated headroom

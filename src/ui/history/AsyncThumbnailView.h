@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // A small picture of a photo file: asks the thumbnail manager for the
 // delivered file (falling back to the camera JPEG) at twice its size, shows a
 // placeholder while loading, a missing-file mark when neither file exists,

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The HDR histogram panel: a header with the channel selector, the two-zone
 // plot of the luma or RGB curves with the peak marker, the axis and legend
 // rows. The counting runs in the background; the panel shows the result

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Paints the cells of the history table (selection box, thumbnail and stem,
 // status, optional columns, hover actions) and turns clicks on the boxes and
 // action buttons into signals. Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The history table's item model: one row per loaded PhotoRecord of the
 // state object, the fixed and the visible optional columns, and paging
 // through canFetchMore/fetchMore into loadMoreHistory. Main thread.

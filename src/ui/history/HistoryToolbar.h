@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The toolbar above the history table: the tri-state select-all box, the
 // selection count with the bulk actions, the search field, and the status,
 // sort and column menus, all bound to the state object. Main thread.

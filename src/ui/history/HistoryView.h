@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The "History & Quarantine" tab: toolbar, the paged table of processed
 // photos with their thumbnails and row actions, the footer, the empty
 // states, the dialogs, the quick preview and the inspector side panel.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The row actions of the history tab: compare, inspector, quick preview,
 // reveal with its fallbacks, sharing, the error and file-missing dialogs, the
 // delete confirmation and the context menu.

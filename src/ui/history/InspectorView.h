@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The metadata and HDR inspector for one history record: camera, exposure,
 // the HDR figures the engine recorded plus what the file's gain map really
 // carries, the file's histogram, file size and the display's headroom.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The quick preview: a frameless-feeling window that shows one photo scaled
 // to the screen, decoded off the main thread; Space or Escape closes it.
 // Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What the history rows show beside the record: the 76-pixel thumbnail and
 // the photo's metadata. Loaded only for rows that are painted; rows that
 // leave the view give up what they asked for. Main thread; decoding and

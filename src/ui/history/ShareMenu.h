@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Sharing a history photo on a desktop without a share sheet: copy the
 // image, copy its path, open it in the default application, or attach it to
 // a new e-mail. Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Settings page about the application: its name, tagline, version, the
 // engine badge, and the open-source projects it is built on with their
 // licences. Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Where the diagnostics buttons of the settings lead: the logs folder and the
 // engine's state database, prepared so the file manager has something to
 // show. Plain functions; main thread (they create folders).

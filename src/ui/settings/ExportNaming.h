@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What the paths tab shows about the export naming template: the file name a
 // sample photo would get, the placeholder chips, and what in a template would
 // not work as a file name. Pure functions; any thread.

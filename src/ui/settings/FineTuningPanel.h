@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The custom style's five sliders with their values and the reset button.
 // A slider moves its property only when the user moves it: values from the
 // configuration file or a recipe are shown as they are, even outside the

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Settings page for where photos come from and go to: the default folders,
 // the export naming template with its chips, live preview and warnings, and
 // the subfolder rule. Main thread.

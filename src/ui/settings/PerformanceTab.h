@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Settings page for how hard the engine works: the worker count, the memory
 // throttle, and a live reading of installed memory and memory pressure.
 // Main thread.

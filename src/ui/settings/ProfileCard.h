@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // One selectable card of the style page: the profile's symbol in its accent
 // colour, its title, its description and its summary badges. The selected
 // card carries an outline in the accent colour. Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The small sheet that asks for a recipe's name when one is saved or renamed.
 // Main thread.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The user's recipes on the style page: save the sliders as a recipe, and
 // apply, rename, delete, export and import recipes, with the message that
 // follows an export or import. The active recipe's row is marked. Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Settings page for protecting a batch and looking into it: the storage
 // canary, debug masks, the completion sound, and the buttons that show the
 // logs and the state database in the file manager. Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The dialogs and desktop calls the settings window needs: choosing folders
 // and recipe files, asking for a recipe name, showing a path in the file
 // manager. The window fills in the real ones; tests pass their own. Main thread.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Small building blocks the settings tabs share: cards, headings, notes, a
 // titled switch and the badge pills of the profile cards. Main thread.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The preferences window: six pages (performance, paths, safety, styles,
 // updates, about) chosen from a side bar, every control bound to the model,
 // closed with Done. Opening it takes a fresh memory reading. Main thread.

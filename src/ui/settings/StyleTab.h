@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Settings page for the look of the results: one card per style profile,
 // the custom style's sliders while it is selected, and the user's recipes.
 // Main thread.

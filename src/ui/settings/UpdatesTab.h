@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Settings page for software updates: the automatic daily check and a check
 // on demand, both through the application's updater. Main thread.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Screenshots of the compare window on a generated Ultra HDR photo (run
 // under xvfb-run): split view, zebra, zoomed with the pixel readout, and the
 // filmic view on a standard display. Not a test: it only draws.

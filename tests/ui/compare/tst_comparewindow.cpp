@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The compare window without OpenGL (offscreen platform): opening position,
 // navigation, keyboard shortcuts, clean mode, the display badge and banner
 // against the screen's headroom, the panel provider, and the window manager.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The OpenGL viewer under a real X server: the input rules as the widget
 // receives them, and rendered frames checked pixel by pixel against the C++
 // kernels (read back from a half-float framebuffer, so no 8-bit rounding).

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Takes the screenshots of the history tab: a private home with generated
 // camera photos and Ultra HDR outputs, a real state database that points at
 // them, and the real main window on the history tab.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Real files and databases for the history view tests: photos written as
 // JPEGs (with Exif) and Ultra HDR files, and rows that point at them.
 #pragma once

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The inspector panel, the histogram panel and the quick preview on real
 // files: where the metadata comes from, which HDR rows show and how, what
 // the gain map of an Ultra HDR file really carries, the display row, and

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Orvanta developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The history tab on a real state database of 500 generated rows: paging
 // through fetchMore, the select-all states, the column menu and its
 // persistence, reveal and its fallbacks, the dialogs, the empty states and
