@@ -21,8 +21,22 @@
 #include <QCommandLineParser>
 #include <QDir>
 
+namespace {
+// --help and --version only print: they must work without a display too.
+void answerWithoutDisplay(int argc, char *argv[])
+{
+    for (int i = 1; i < argc; ++i) {
+        const QByteArrayView arg(argv[i]);
+        if (arg == "--help" || arg == "-h" || arg == "--help-all" || arg == "--version"
+            || arg == "-v")
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+}
+} // namespace
+
 int main(int argc, char *argv[])
 {
+    answerWithoutDisplay(argc, argv);
     QApplication app(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("orvanta"));
     QCoreApplication::setApplicationName(QStringLiteral("orvanta"));
