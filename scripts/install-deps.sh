@@ -18,6 +18,9 @@ packages=(
   libopencv-core-dev libopencv-imgproc-dev libopencv-objdetect-dev opencv-data
   # headless testing: X server for GL widgets, a private session bus
   xvfb xauth dbus-daemon dbus libgl1-mesa-dri libgl-dev libegl-dev
+  # the Debian package (scripts/package) and its checks: dpkg-shlibdeps, file,
+  # icons drawn from the SVG, the desktop-file and AppStream validators
+  dpkg-dev file librsvg2-bin desktop-file-utils appstream
   # runtime
   xdg-utils fonts-noto-color-emoji fonts-noto-cjk sound-theme-freedesktop
   libimage-exiftool-perl

@@ -20,6 +20,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <optional>
 
 using namespace orvanta;
 using namespace Qt::StringLiterals;
@@ -28,14 +29,43 @@ namespace {
 
 enum ExitCode { Ok = 0, Usage = 1, Failure = 2, NotUltraHdr = 3 };
 
+constexpr const char *kUsage
+    = "usage: orvanta-uhdr probe FILE\n"
+      "       orvanta-uhdr decode FILE OUT.pfm [--headroom H]\n"
+      "       orvanta-uhdr encode SDR.jpg HDR.pfm OUT.jpg [--scale N] [--quality Q] "
+      "[--multichannel]\n"
+      "       orvanta-uhdr --help | --version\n";
+
 int usage()
 {
-    std::fputs("usage: orvanta-uhdr probe FILE\n"
-               "       orvanta-uhdr decode FILE OUT.pfm [--headroom H]\n"
-               "       orvanta-uhdr encode SDR.jpg HDR.pfm OUT.jpg [--scale N] [--quality Q] "
-               "[--multichannel]\n",
-               stderr);
+    std::fputs(kUsage, stderr);
     return Usage;
+}
+
+// --help and --version anywhere answer at once; any other word that starts
+// with "-" must be one of the options, so a typo is never taken for a file.
+std::optional<int> answerStandardOptions(const QStringList &args)
+{
+    static const QStringList valued { u"--headroom"_s, u"--scale"_s, u"--quality"_s };
+    for (qsizetype i = 0; i < args.size(); ++i) {
+        const QString &arg = args[i];
+        if (arg == u"--help" || arg == u"-h") {
+            std::fputs(kUsage, stdout);
+            return Ok;
+        }
+        if (arg == u"--version" || arg == u"-V") {
+            std::printf("orvanta-uhdr %s\n", ORVANTA_VERSION);
+            return Ok;
+        }
+        if (valued.contains(arg))
+            ++i; // its value may itself start with "-"
+        else if (arg.startsWith(u'-') && arg.size() > 1 && arg != u"--multichannel") {
+            std::fprintf(stderr, "orvanta-uhdr: unknown option %s\nTry 'orvanta-uhdr --help'.\n",
+                         qPrintable(arg));
+            return Usage;
+        }
+    }
+    return std::nullopt;
 }
 
 int fail(const QString &message)
@@ -201,6 +231,8 @@ int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
     QStringList args = QCoreApplication::arguments().mid(1);
+    if (const std::optional<int> answered = answerStandardOptions(args))
+        return *answered;
     if (args.isEmpty())
         return usage();
     const QString command = args.takeFirst();

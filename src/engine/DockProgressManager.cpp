@@ -4,6 +4,7 @@
 #include "engine/DockProgressManager.h"
 
 #include "engine/DockOverlay.h"
+#include "platform/AppId.h"
 
 #include <QGuiApplication>
 #include <QPalette>
@@ -38,7 +39,7 @@ DockProgressManager &DockProgressManager::shared()
 
 DockProgressManager::DockProgressManager(const QDBusConnection &bus, QObject *parent)
     : QObject(parent)
-    , m_launcher(bus, u"orvanta.desktop"_s)
+    , m_launcher(bus, appDesktopFileName())
 {
     // The badge is read once the user comes back to the application.
     if (QGuiApplication *app = guiApp()) {

@@ -128,6 +128,8 @@ QStringList engineCandidates(const EngineLocatorContext &c)
     const QString appDir = QDir::cleanPath(c.applicationDir);
     for (const char *name : { "orvanta_engine", "dravik_engine", "tarne_engine" })
         out << appDir + u'/' + QLatin1StringView(name);
+    // An installed package keeps the engine out of PATH, as a helper of ours.
+    out << QDir::cleanPath(appDir + u"/../libexec/orvanta/"_s + QLatin1StringView(kEngineName));
     const QString resources = resourcesDirFor(appDir);
     for (const char *name : { "orvanta_engine", "pemvira_engine", "dravik_engine", "tarne_engine" })
         out << resources + u'/' + QLatin1StringView(name);

@@ -4,6 +4,7 @@
 #include "engine/NotificationManager.h"
 
 #include "i18n/LocalizationService.h"
+#include "platform/AppId.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -52,7 +53,7 @@ DesktopNotification NotificationManager::batchCompletion(qint64 successCount, qi
 {
     DesktopNotification n;
     n.appName = u"Orvanta"_s;
-    n.appIcon = u"orvanta"_s;
+    n.appIcon = appId(); // the installed theme icon
     n.summary = t("notif_batch_completed_title");
     n.body = failedCount != 0 ? t("notif_batch_failed_body", { successCount, failedCount })
                               : t("notif_batch_success_body", { successCount, durationSec });
@@ -61,7 +62,7 @@ DesktopNotification NotificationManager::batchCompletion(qint64 successCount, qi
         const QString label = t("notif_action_open_folder");
         n.actions = { u"default"_s, label, QString::fromLatin1(openActionIdentifier), label };
     }
-    n.hints.insert(u"desktop-entry"_s, u"orvanta"_s);
+    n.hints.insert(u"desktop-entry"_s, appId());
     n.hints.insert(u"category"_s, u"transfer.complete"_s);
     n.hints.insert(u"x-orvanta-category"_s, QString::fromLatin1(categoryIdentifier));
     if (playSound)

@@ -141,6 +141,22 @@ std::optional<AppcastItem> newestItem(const QList<AppcastItem> &items)
     return best;
 }
 
+SignedFeed splitSignedFeed(const QByteArray &feed)
+{
+    static constexpr QByteArrayView kMarker = "orvanta-signature:";
+    const qsizetype open = feed.lastIndexOf("<!--");
+    if (open < 0)
+        return { feed, {} };
+    // Only white space may follow the comment, which holds nothing but the marker.
+    const QByteArray comment = feed.mid(open).trimmed();
+    if (!comment.endsWith("-->") || comment.count("-->") != 1)
+        return { feed, {} };
+    const QByteArray inner = comment.mid(4, comment.size() - 7).trimmed();
+    if (!inner.startsWith(kMarker))
+        return { feed, {} };
+    return { feed.left(open), inner.mid(kMarker.size()).trimmed() };
+}
+
 namespace {
 bool decodeBase64(const QByteArray &text, unsigned char *out, size_t expected)
 {

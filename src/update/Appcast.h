@@ -40,6 +40,18 @@ int compareVersions(QStringView a, QStringView b);
 // The item with the highest version, if any.
 std::optional<AppcastItem> newestItem(const QList<AppcastItem> &items);
 
+// A feed as published: the document, then as its very last thing the
+// comment "<!-- orvanta-signature: BASE64 -->" holding the Ed25519 signature
+// of every byte before that comment. Signing the feed itself covers every
+// version, address, length and enclosure signature it lists, so nothing else
+// has to be downloaded to trust it.
+struct SignedFeed
+{
+    QByteArray content; // the signed bytes (the whole input when unsigned)
+    QByteArray signatureBase64; // empty when the feed ends in no signature
+};
+SignedFeed splitSignedFeed(const QByteArray &feed);
+
 // True when `signatureBase64` is a valid Ed25519 signature of `data` for
 // `publicKeyBase64`. Wrong lengths and undecodable texts are false.
 bool verifyEd25519(const QByteArray &data, const QByteArray &signatureBase64,

@@ -4,6 +4,7 @@
 #include "update/Updater.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
@@ -15,9 +16,17 @@ namespace orvanta {
 using namespace Qt::StringLiterals;
 
 namespace {
-// Feeds are small; a payload larger than this is not something we announce.
+// Feeds are small; a longer one is cut here and then fails its signature.
 constexpr qint64 kMaxFeedBytes = 4 * 1024 * 1024;
-constexpr qint64 kMaxPayloadBytes = qint64(512) * 1024 * 1024;
+
+UpdateCheckResult failed(UpdateCheckResult::Failure failure, const QString &error)
+{
+    UpdateCheckResult result;
+    result.outcome = UpdateCheckResult::Outcome::Failed;
+    result.failure = failure;
+    result.error = error;
+    return result;
+}
 } // namespace
 
 Updater::Updater(UpdaterConfig config, QObject *parent)
@@ -30,7 +39,8 @@ Updater::Updater(UpdaterConfig config, QObject *parent)
     m_network->setTransferTimeout(m_config.transferTimeoutMs);
     m_schedule->setSingleShot(true);
     connect(m_schedule, &QTimer::timeout, this, &Updater::checkForUpdatesInBackground);
-    m_canCheck = isConfigured();
+    // A packaged installation keeps the menu item: it says where updates come from.
+    m_canCheck = checksFeed() || m_config.packageManaged;
 }
 
 Updater::~Updater() = default;
@@ -41,8 +51,18 @@ bool Updater::isConfigured() const
         && !m_config.publicKey.isEmpty();
 }
 
+bool Updater::isPackageManagedLocation(const QString &applicationDir)
+{
+    const QString dir = QDir::cleanPath(applicationDir) + u'/';
+    if (dir.startsWith(u"/usr/local/"_s))
+        return false;
+    return dir.startsWith(u"/usr/"_s) || dir.startsWith(u"/app/"_s) || dir.startsWith(u"/snap/"_s);
+}
+
 bool Updater::automaticallyChecksForUpdates() const
 {
+    if (m_config.packageManaged)
+        return false; // the package system's own schedule applies
     if (!isConfigured())
         return true;
     return QSettings().value(QLatin1StringView(kAutomaticChecksKey), true).toBool();
@@ -67,6 +87,15 @@ QString Updater::currentVersionString() const
 
 void Updater::checkForUpdates()
 {
+    if (m_config.packageManaged) {
+        UpdateCheckResult result;
+        result.outcome = UpdateCheckResult::Outcome::PackageManaged;
+        result.userInitiated = true;
+        // Delivered like a real check's result, after the caller returns.
+        QMetaObject::invokeMethod(
+            this, [this, result] { Q_EMIT checkFinished(result); }, Qt::QueuedConnection);
+        return;
+    }
     beginCheck(true);
 }
 
@@ -77,7 +106,7 @@ void Updater::checkForUpdatesInBackground()
 
 void Updater::start()
 {
-    if (isConfigured() && automaticallyChecksForUpdates())
+    if (checksFeed() && automaticallyChecksForUpdates())
         scheduleNext();
 }
 
@@ -91,7 +120,7 @@ qint64 Updater::secondsUntilDue(const QDateTime &lastCheck, const QDateTime &now
 
 void Updater::scheduleNext()
 {
-    if (!isConfigured())
+    if (!checksFeed())
         return;
     const QDateTime last = QSettings().value(QLatin1StringView(kLastCheckKey)).toDateTime();
     const qint64 due
@@ -111,8 +140,8 @@ void Updater::setCanCheck(bool canCheck)
 
 void Updater::beginCheck(bool userInitiated)
 {
-    if (!m_canCheck)
-        return; // unconfigured, or a check is already under way
+    if (!m_canCheck || !checksFeed())
+        return; // unconfigured, packaged, or a check is already under way
     setCanCheck(false);
     m_userInitiated = userInitiated;
     QNetworkRequest request(m_config.feedUrl);
@@ -124,48 +153,28 @@ void Updater::beginCheck(bool userInitiated)
 
 void Updater::onFeedFinished(QNetworkReply *reply)
 {
+    using Failure = UpdateCheckResult::Failure;
     reply->deleteLater();
     if (reply->error() != QNetworkReply::NoError)
-        return finish({ UpdateCheckResult::Outcome::Failed, {}, reply->errorString() });
-    const QByteArray body = reply->read(kMaxFeedBytes);
+        return finish(failed(Failure::Network, reply->errorString()));
+    // The signature covers the whole feed, so its versions and addresses are
+    // trusted as they stand and no release is downloaded to check it.
+    const SignedFeed feed = splitSignedFeed(reply->read(kMaxFeedBytes));
+    if (feed.signatureBase64.isEmpty())
+        return finish(failed(Failure::UnsignedFeed, u"the update feed is not signed"_s));
+    if (!verifyEd25519(feed.content, feed.signatureBase64, m_config.publicKey))
+        return finish(failed(Failure::BadSignature, u"the update feed's signature is not valid"_s));
     QString parseError;
-    const QList<AppcastItem> items = parseAppcast(body, &parseError);
+    const QList<AppcastItem> items = parseAppcast(feed.content, &parseError);
     if (!parseError.isEmpty())
-        return finish(
-            { UpdateCheckResult::Outcome::Failed, {}, u"malformed update feed: "_s + parseError });
+        return finish(failed(Failure::MalformedFeed, u"malformed update feed: "_s + parseError));
     const std::optional<AppcastItem> newest = newestItem(items);
-    if (!newest || compareVersions(newest->version, m_config.currentBuild) <= 0)
-        return finish(
-            { UpdateCheckResult::Outcome::UpToDate, newest.value_or(AppcastItem {}), {} });
-    if (newest->edSignature.isEmpty())
-        return finish(
-            { UpdateCheckResult::Outcome::Failed, *newest, u"the update is not signed"_s });
-
-    // An announcement is only made for a file that is really ours: fetch it
-    // and check its signature before telling the user about it.
-    QNetworkReply *payload = m_network->get(QNetworkRequest(newest->downloadUrl));
-    connect(payload, &QNetworkReply::downloadProgress, this, [payload](qint64 received, qint64) {
-        if (received > kMaxPayloadBytes)
-            payload->abort();
-    });
-    const AppcastItem item = *newest;
-    connect(payload, &QNetworkReply::finished, this,
-            [this, payload, item] { onPayloadFinished(payload, item); });
-}
-
-void Updater::onPayloadFinished(QNetworkReply *reply, const AppcastItem &item)
-{
-    reply->deleteLater();
-    if (reply->error() != QNetworkReply::NoError)
-        return finish({ UpdateCheckResult::Outcome::Failed, item, reply->errorString() });
-    const QByteArray data = reply->readAll();
-    if (item.length > 0 && data.size() != item.length)
-        return finish(
-            { UpdateCheckResult::Outcome::Failed, item, u"the update has the wrong size"_s });
-    if (!verifyEd25519(data, item.edSignature, m_config.publicKey))
-        return finish(
-            { UpdateCheckResult::Outcome::Failed, item, u"the update's signature is not valid"_s });
-    finish({ UpdateCheckResult::Outcome::UpdateAvailable, item, {} });
+    UpdateCheckResult result;
+    result.item = newest.value_or(AppcastItem {});
+    result.outcome = newest && compareVersions(newest->version, m_config.currentBuild) > 0
+        ? UpdateCheckResult::Outcome::UpdateAvailable
+        : UpdateCheckResult::Outcome::UpToDate;
+    finish(result);
 }
 
 void Updater::finish(UpdateCheckResult result)
@@ -173,7 +182,7 @@ void Updater::finish(UpdateCheckResult result)
     result.userInitiated = m_userInitiated;
     QSettings().setValue(QLatin1StringView(kLastCheckKey), QDateTime::currentDateTimeUtc());
     setCanCheck(true);
-    if (automaticallyChecksForUpdates() && isConfigured())
+    if (automaticallyChecksForUpdates() && checksFeed())
         m_schedule->start(m_config.checkIntervalSeconds * 1000);
     Q_EMIT checkFinished(result);
 }

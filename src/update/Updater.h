@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Looks for new versions of the application: fetches the update feed, picks
-// the newest item, downloads it and checks its Ed25519 signature, then
-// announces it. Never installs anything (a package manager owns the files).
-// Checks once per interval when automatic checks are on. Main thread.
+// Looks for new versions of the application: fetches the update feed, checks
+// the feed's Ed25519 signature, picks the newest item and announces it. Never
+// downloads or installs a release; an installation that a package system
+// owns is only told that updates come from there. Checks once per interval
+// when automatic checks are on. Main thread.
 #pragma once
 
 #include "update/Appcast.h"
@@ -28,15 +29,19 @@ struct UpdaterConfig
     QString currentShortVersion;
     int checkIntervalSeconds = 86400;
     int transferTimeoutMs = 30000;
+    // Installed by a package system (apt, Flatpak...): it brings the updates.
+    bool packageManaged = false;
 };
 
 struct UpdateCheckResult
 {
-    enum class Outcome { UpToDate, UpdateAvailable, Failed };
+    enum class Outcome { UpToDate, UpdateAvailable, Failed, PackageManaged };
+    enum class Failure { None, Network, MalformedFeed, UnsignedFeed, BadSignature };
     Outcome outcome = Outcome::Failed;
     AppcastItem item; // the newest item (UpdateAvailable)
     QString error; // why it failed (Failed), in English for the log
     bool userInitiated = false;
+    Failure failure = Failure::None;
 
     // The page to open for an available update: its link, else its download.
     QUrl pageUrl() const
@@ -65,8 +70,14 @@ public:
     // "2.3.1 (Build 57)".
     QString currentVersionString() const;
     bool isConfigured() const;
+    bool isPackageManaged() const { return m_config.packageManaged; }
 
-    // A check the user asked for: the result is always announced.
+    // True for a program under /usr (but not /usr/local), /app (Flatpak) or
+    // /snap: places only a package system writes to.
+    static bool isPackageManagedLocation(const QString &applicationDir);
+
+    // A check the user asked for: the result is always announced. In a
+    // package-managed installation it reports PackageManaged at once.
     void checkForUpdates();
     // A scheduled check: announced only when there is something new.
     void checkForUpdatesInBackground();
@@ -85,10 +96,10 @@ Q_SIGNALS:
 private:
     void beginCheck(bool userInitiated);
     void onFeedFinished(QNetworkReply *reply);
-    void onPayloadFinished(QNetworkReply *reply, const AppcastItem &item);
     void finish(UpdateCheckResult result);
     void setCanCheck(bool canCheck);
     void scheduleNext();
+    bool checksFeed() const { return isConfigured() && !m_config.packageManaged; }
 
     UpdaterConfig m_config;
     QNetworkAccessManager *m_network = nullptr;

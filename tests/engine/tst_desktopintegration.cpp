@@ -76,7 +76,7 @@ void TestDesktopIntegration::notificationCarriesTitleBodyActionsAndHints()
              (QStringList { u"default"_s, u"Show in File Manager"_s, u"OPEN_DELIVERY_ACTION"_s,
                             u"Show in File Manager"_s }));
     QCOMPARE(n.hints.value(u"sound-name"_s).toString(), u"complete"_s);
-    QCOMPARE(n.hints.value(u"desktop-entry"_s).toString(), u"orvanta"_s);
+    QCOMPARE(n.hints.value(u"desktop-entry"_s).toString(), u"io.github.orvanta.Orvanta"_s);
     QCOMPARE(n.hints.value(u"category"_s).toString(), u"transfer.complete"_s);
 
     QVERIFY(postAndWait(nm, 7, 2, QString()));
@@ -186,7 +186,8 @@ void TestDesktopIntegration::launcherShowsProgressOnlyInsideTheRun()
     dock.updateProgress(1.0);
     dock.clearProgress(); // a marker: the only update so far must be this one
     QTRY_COMPARE(desktop.launcher.updates.size(), 1);
-    QCOMPARE(desktop.launcher.updates.first().first, u"application://orvanta.desktop"_s);
+    QCOMPARE(desktop.launcher.updates.first().first,
+             u"application://io.github.orvanta.Orvanta.desktop"_s);
     QCOMPARE(desktop.launcher.updates.first().second,
              (QVariantMap { { u"progress-visible"_s, false } }));
     QVERIFY(!dock.overlayProgress());

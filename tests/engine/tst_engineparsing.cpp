@@ -358,6 +358,7 @@ void TestEngineParsing::locatorTriesCandidatesInOrder()
                                  u"/opt/orvanta/bin/orvanta_engine"_s,
                                  u"/opt/orvanta/bin/dravik_engine"_s,
                                  u"/opt/orvanta/bin/tarne_engine"_s,
+                                 u"/opt/orvanta/libexec/orvanta/orvanta_engine"_s,
                                  u"/opt/orvanta/share/orvanta/orvanta_engine"_s,
                                  u"/opt/orvanta/share/orvanta/pemvira_engine"_s,
                                  u"/opt/orvanta/share/orvanta/dravik_engine"_s,

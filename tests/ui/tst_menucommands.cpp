@@ -196,6 +196,18 @@ void MenuCommandsTest::updateAnnouncementsSpeakOnlyWithNewsOrWhenAsked()
     QTRY_COMPARE(boxes().size(), 1);
     QCOMPARE(boxes().constFirst()->text(), u"Orvanta ist aktuell"_s);
     boxes().constFirst()->close();
+    QTRY_VERIFY(boxes().isEmpty());
+
+    // A failure is explained in the interface language too, not in the log's English.
+    UpdateCheckResult refused { Outcome::Failed,
+                                {},
+                                u"the update feed's signature is not valid"_s,
+                                true,
+                                UpdateCheckResult::Failure::BadSignature };
+    Q_EMIT updater.checkFinished(refused);
+    QTRY_COMPARE(boxes().size(), 1);
+    QVERIFY(boxes().constFirst()->informativeText().contains(u"Signatur der Orvanta-Entwickler"_s));
+    boxes().constFirst()->close();
 }
 
 void MenuCommandsTest::donateCommandOpensTheSheetAndItsPageInTheBrowser()

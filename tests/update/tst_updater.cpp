@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // The updater against a real HTTP feed on the loopback interface: signed
-// and tampered releases, stale feeds, broken and stalled servers, and the
-// settings it keeps. Keys are made fresh for each run with libsodium.
+// and tampered feeds, stale feeds, broken and stalled servers, packaged
+// installations, and the settings it keeps. Keys are made fresh for each run with libsodium.
 #include "common/TestEnvironment.h"
 #include "update/Appcast.h"
 #include "update/Updater.h"
@@ -120,6 +120,12 @@ QByteArray feed(const QList<Release> &releases)
         .toUtf8();
 }
 
+// The feed as published: its bytes, then the signature of exactly those bytes.
+QByteArray signedFeed(const QByteArray &content, const KeyPair &keys)
+{
+    return content + "<!-- orvanta-signature: " + keys.sign(content) + " -->\n";
+}
+
 } // namespace
 
 class UpdaterTest : public QObject
@@ -133,13 +139,14 @@ private Q_SLOTS:
     void signedNewerReleaseIsAnnouncedWithItsPage();
     void sameOrOlderVersionIsUpToDate_data();
     void sameOrOlderVersionIsUpToDate();
-    void badReleasesAreNeverAnnounced_data();
-    void badReleasesAreNeverAnnounced();
+    void untrustedFeedsAreNeverBelieved_data();
+    void untrustedFeedsAreNeverBelieved();
     void brokenFeedsFail_data();
     void brokenFeedsFail();
     void stalledServerTimesOutAndAllowsTheNextCheck();
     void secondCheckWhileOneIsUnderWayIsIgnored();
     void unconfiguredUpdaterCannotCheck();
+    void packagedInstallationLeavesUpdatesToThePackageSystem();
     void automaticChecksSettingIsKept();
     void versionTextHasBuildNumber();
     void versionsCompareAsPeopleReadThem_data();
@@ -156,16 +163,19 @@ private:
                  86400,
                  timeoutMs };
     }
-    // Serves `payload` (signed for its true bytes unless told otherwise) and a feed for it.
-    Release publish(const QByteArray &payload, const QByteArray &served = {})
+    // A release of `payload`, described in a feed; the payload is never served.
+    Release publish(const QByteArray &payload)
     {
         Release r;
         r.download = m_server->url(u"/Orvanta-2.4.0.tar.gz"_s);
         r.length = payload.size();
         r.signature = m_keys.sign(payload);
         r.page = QUrl(u"https://orvanta.example/releases/2.4.0"_s);
-        m_server->set("/Orvanta-2.4.0.tar.gz", { 200, served.isNull() ? payload : served });
         return r;
+    }
+    void serveSigned(const QList<Release> &releases)
+    {
+        m_server->set("/appcast.xml", { 200, signedFeed(feed(releases), m_keys) });
     }
     UpdateCheckResult runCheck(Updater &updater);
 
@@ -197,7 +207,7 @@ UpdateCheckResult UpdaterTest::runCheck(Updater &updater)
 void UpdaterTest::signedNewerReleaseIsAnnouncedWithItsPage()
 {
     const QByteArray payload(4096, 'p');
-    m_server->set("/appcast.xml", { 200, feed({ publish(payload) }) });
+    serveSigned({ publish(payload) });
     Updater updater(config());
     QSignalSpy canCheck(&updater, &Updater::canCheckForUpdatesChanged);
     QVERIFY(updater.canCheckForUpdates());
@@ -212,7 +222,8 @@ void UpdaterTest::signedNewerReleaseIsAnnouncedWithItsPage()
     QCOMPARE(canCheck.at(0).at(0).toBool(), false);
     QCOMPARE(canCheck.at(1).at(0).toBool(), true);
     QVERIFY(updater.canCheckForUpdates());
-    QCOMPARE(m_server->requests(), (QList<QByteArray> { "/appcast.xml", "/Orvanta-2.4.0.tar.gz" }));
+    // The signed feed is enough: the release itself is never downloaded.
+    QCOMPARE(m_server->requests(), QList<QByteArray> { "/appcast.xml" });
 }
 
 void UpdaterTest::sameOrOlderVersionIsUpToDate_data()
@@ -228,42 +239,44 @@ void UpdaterTest::sameOrOlderVersionIsUpToDate()
     QFETCH(QString, version);
     Release r = publish("payload");
     r.version = version;
-    m_server->set("/appcast.xml", { 200, feed({ r }) });
+    serveSigned({ r });
     Updater updater(config());
     const UpdateCheckResult result = runCheck(updater);
     QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::UpToDate));
     QCOMPARE(m_server->requests(), QList<QByteArray> { "/appcast.xml" }); // nothing downloaded
 }
 
-void UpdaterTest::badReleasesAreNeverAnnounced_data()
+void UpdaterTest::untrustedFeedsAreNeverBelieved_data()
 {
-    QTest::addColumn<QByteArray>("served"); // what the server sends instead of the signed bytes
-    QTest::addColumn<QByteArray>("signature"); // empty: the true one
-    QTest::addColumn<QString>("error");
-    const QByteArray payload(1000, 'x');
-    QByteArray flipped = payload;
-    flipped[500] = 'y';
-    QTest::newRow("one byte changed") << flipped << QByteArray() << u"signature"_s;
-    QTest::newRow("truncated") << payload.left(999) << QByteArray() << u"size"_s;
-    QTest::newRow("unsigned") << payload << QByteArray("-") << u"not signed"_s;
-    QTest::newRow("signature of garbage") << payload << QByteArray("AAAA") << u"signature"_s;
+    QTest::addColumn<QByteArray>("published");
+    QTest::addColumn<int>("failure");
+    Release release;
+    release.download = QUrl(u"https://orvanta.example/Orvanta-2.4.0.tar.gz"_s);
+    release.signature = m_keys.sign("payload");
+    const QByteArray content = feed({ release });
+    const QByteArray good = signedFeed(content, m_keys);
+    QByteArray flipped = good;
+    flipped.replace("2.4.0", "6.6.6"); // a changed version or address
+    using F = UpdateCheckResult::Failure;
+    QTest::newRow("changed after signing") << flipped << int(F::BadSignature);
+    QTest::newRow("unsigned") << content << int(F::UnsignedFeed);
+    QTest::newRow("garbage signature")
+        << content + "<!-- orvanta-signature: AAAA -->" << int(F::BadSignature);
+    QTest::newRow("another key's signature")
+        << signedFeed(content, KeyPair()) << int(F::BadSignature);
+    QTest::newRow("items after the signature")
+        << good + "<item><sparkle:version>99</sparkle:version></item>" << int(F::UnsignedFeed);
 }
 
-void UpdaterTest::badReleasesAreNeverAnnounced()
+void UpdaterTest::untrustedFeedsAreNeverBelieved()
 {
-    QFETCH(QByteArray, served);
-    QFETCH(QByteArray, signature);
-    QFETCH(QString, error);
-    Release r = publish(QByteArray(1000, 'x'), served);
-    if (signature == "-")
-        r.signature.clear();
-    else if (!signature.isEmpty())
-        r.signature = signature;
-    m_server->set("/appcast.xml", { 200, feed({ r }) });
+    QFETCH(QByteArray, published);
+    QFETCH(int, failure);
+    m_server->set("/appcast.xml", { 200, published });
     Updater updater(config());
     const UpdateCheckResult result = runCheck(updater);
     QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::Failed));
-    QVERIFY2(result.error.contains(error), qPrintable(result.error));
+    QCOMPARE(int(result.failure), failure);
     QVERIFY(updater.canCheckForUpdates());
 }
 
@@ -271,20 +284,25 @@ void UpdaterTest::brokenFeedsFail_data()
 {
     QTest::addColumn<int>("status");
     QTest::addColumn<QByteArray>("body");
-    QTest::newRow("missing feed") << 404 << QByteArray("gone");
-    QTest::newRow("server error") << 500 << QByteArray("oops");
-    QTest::newRow("not XML") << 200 << QByteArray("<rss><channel><item>");
+    QTest::addColumn<int>("failure");
+    using F = UpdateCheckResult::Failure;
+    QTest::newRow("missing feed") << 404 << QByteArray("gone") << int(F::Network);
+    QTest::newRow("server error") << 500 << QByteArray("oops") << int(F::Network);
+    QTest::newRow("not XML, signed")
+        << 200 << signedFeed("<rss><channel><item>", m_keys) << int(F::MalformedFeed);
 }
 
 void UpdaterTest::brokenFeedsFail()
 {
     QFETCH(int, status);
     QFETCH(QByteArray, body);
+    QFETCH(int, failure);
     m_server->set("/appcast.xml", { status, body });
     Updater updater(config());
     const UpdateCheckResult result = runCheck(updater);
     QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::Failed));
-    QVERIFY(!result.error.isEmpty());
+    QCOMPARE(int(result.failure), failure);
+    QVERIFY(!result.error.isEmpty()); // the English detail behind the translated text
     QVERIFY(updater.canCheckForUpdates());
 }
 
@@ -298,7 +316,7 @@ void UpdaterTest::stalledServerTimesOutAndAllowsTheNextCheck()
 
     Release r = publish("new");
     r.version = u"57"_s;
-    m_server->set("/appcast.xml", { 200, feed({ r }) });
+    serveSigned({ r });
     QCOMPARE(int(runCheck(updater).outcome), int(UpdateCheckResult::Outcome::UpToDate));
 }
 
@@ -306,7 +324,7 @@ void UpdaterTest::secondCheckWhileOneIsUnderWayIsIgnored()
 {
     Release r = publish("new");
     r.version = u"57"_s;
-    m_server->set("/appcast.xml", { 200, feed({ r }) });
+    serveSigned({ r });
     Updater updater(config());
     QSignalSpy finished(&updater, &Updater::checkFinished);
     updater.checkForUpdates();
@@ -337,6 +355,29 @@ void UpdaterTest::unconfiguredUpdaterCannotCheck()
     UpdaterConfig keyless = config();
     keyless.publicKey.clear();
     QVERIFY(!Updater(keyless).canCheckForUpdates());
+}
+
+void UpdaterTest::packagedInstallationLeavesUpdatesToThePackageSystem()
+{
+    serveSigned({ publish("new") });
+    UpdaterConfig packaged = config();
+    packaged.packageManaged = true;
+    Updater updater(packaged);
+    QVERIFY(updater.canCheckForUpdates()); // the menu item explains
+    QVERIFY(!updater.automaticallyChecksForUpdates());
+    updater.checkForUpdatesInBackground();
+    updater.start();
+    const UpdateCheckResult result = runCheck(updater);
+    QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::PackageManaged));
+    QVERIFY(result.userInitiated);
+    QVERIFY(m_server->requests().isEmpty());
+
+    QVERIFY(Updater::isPackageManagedLocation(u"/usr/bin"_s));
+    QVERIFY(Updater::isPackageManagedLocation(u"/app/bin"_s)); // Flatpak
+    QVERIFY(!Updater::isPackageManagedLocation(u"/usr/local/bin"_s));
+    QVERIFY(!Updater::isPackageManagedLocation(u"/usr/lib/../local/bin"_s));
+    QVERIFY(!Updater::isPackageManagedLocation(u"/home/ana/orvanta/build/src/app"_s));
+    QVERIFY(!Updater::isPackageManagedLocation(u"/usrx/bin"_s));
 }
 
 void UpdaterTest::automaticChecksSettingIsKept()

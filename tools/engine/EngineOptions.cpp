@@ -133,7 +133,8 @@ ParsedCommandLine parseCommandLine(const QStringList &args)
         return parsed;
     }
     if (first != u"run"_s) {
-        parsed.error = u"unknown command "_s + first;
+        parsed.error
+            = (first.startsWith(u'-') ? u"unknown option "_s : u"unknown command "_s) + first;
         return parsed;
     }
     RunOptions &o = parsed.options;

@@ -78,7 +78,7 @@ int main(int argc, char *argv[])
     case Command::Invalid:
         break;
     }
-    std::fprintf(stderr, "orvanta_engine: %s\n\n%s", qPrintable(parsed.error),
-                 usageText().toUtf8().constData());
+    std::fprintf(stderr, "orvanta_engine: %s\nTry 'orvanta_engine --help'.\n",
+                 qPrintable(parsed.error));
     return ExitSetup;
 }

@@ -14,12 +14,40 @@
 using namespace orvanta::samples;
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr const char *kUsage
+    = "usage: orvanta-sample-pairs DIR [COUNT] [WIDTH HEIGHT]\n"
+      "       orvanta-sample-pairs --help | --version\n"
+      "Writes COUNT (default 4) RAW+JPG pairs of a synthetic scene into DIR,\n"
+      "WIDTH x HEIGHT pixels (default 1536 x 1024), for trying the engine.\n";
+
+} // namespace
+
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
     const QStringList args = QCoreApplication::arguments();
-    if (args.size() < 2 || args.size() == 4) {
-        std::fputs("usage: orvanta-sample-pairs DIR [COUNT] [WIDTH HEIGHT]\n", stderr);
+    // Options come before any folder is made, so "--help" never becomes one.
+    for (const QString &arg : args.sliced(1)) {
+        if (arg == u"--help" || arg == u"-h") {
+            std::fputs(kUsage, stdout);
+            return 0;
+        }
+        if (arg == u"--version" || arg == u"-V") {
+            std::printf("orvanta-sample-pairs %s\n", ORVANTA_VERSION);
+            return 0;
+        }
+        if (arg.startsWith(u'-') && arg.size() > 1) {
+            std::fprintf(stderr,
+                         "orvanta-sample-pairs: unknown option %s\n"
+                         "Try 'orvanta-sample-pairs --help'.\n",
+                         qPrintable(arg));
+            return 1;
+        }
+    }
+    if (args.size() < 2 || args.size() == 4 || args.size() > 5) {
+        std::fputs(kUsage, stderr);
         return 1;
     }
     const int count = args.size() > 2 ? args[2].toInt() : 4;

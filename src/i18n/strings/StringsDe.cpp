@@ -469,6 +469,29 @@ constexpr StringEntry kEntries[] = {
       "weiterzuentwickeln. Vielen Dank für Ihre Unterstützung!" },
     { "donate_btn_open", "Spendenseite öffnen" },
     { "donate_btn_later", "Vielleicht später" },
+
+    // update checks (app/UpdateAnnouncer, settings updates page)
+    { "update_available_title", "Orvanta %@ ist verfügbar" },
+    { "update_available_body",
+      "Eine neue Version von Orvanta steht zum Download bereit. Installiert ist %@." },
+    { "update_open_page", "Download-Seite öffnen" },
+    { "update_later", "Später" },
+    { "update_up_to_date_title", "Orvanta ist aktuell" },
+    { "update_up_to_date_body", "Orvanta %@ ist die neueste verfügbare Version." },
+    { "update_failed_title", "Die Suche nach Updates ist fehlgeschlagen" },
+    { "update_failed_network",
+      "Der Update-Server war nicht erreichbar. Prüfen Sie Ihre Internetverbindung und versuchen "
+      "Sie es später erneut." },
+    { "update_failed_feed", "Die Update-Informationen des Servers konnten nicht gelesen werden." },
+    { "update_failed_signature",
+      "Die Update-Informationen tragen keine gültige Signatur der Orvanta-Entwickler und wurden "
+      "deshalb verworfen." },
+    { "update_packaged_title", "Updates kommen über Ihre Paketverwaltung" },
+    { "update_packaged_body",
+      "Diese Orvanta-Installation stammt aus einem Paket Ihres Systems. Neue Versionen installiert "
+      "Ihre Softwareverwaltung oder Paketverwaltung (zum Beispiel apt)." },
+    { "update_packaged_note",
+      "Diese Installation wird über die Paketverwaltung Ihres Systems aktualisiert." },
 };
 } // namespace
 

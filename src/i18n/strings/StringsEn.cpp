@@ -454,6 +454,27 @@ constexpr StringEntry kEntries[] = {
       "support!" },
     { "donate_btn_open", "Open Donation Page" },
     { "donate_btn_later", "Maybe Later" },
+
+    // update checks (app/UpdateAnnouncer, settings updates page)
+    { "update_available_title", "Orvanta %@ is available" },
+    { "update_available_body", "A new version of Orvanta is ready to download. You have %@." },
+    { "update_open_page", "Open Download Page" },
+    { "update_later", "Later" },
+    { "update_up_to_date_title", "You're up to date" },
+    { "update_up_to_date_body", "Orvanta %@ is the newest version available." },
+    { "update_failed_title", "The update check failed" },
+    { "update_failed_network",
+      "The update server could not be reached. Check your internet connection and try again "
+      "later." },
+    { "update_failed_feed", "The update information from the server could not be read." },
+    { "update_failed_signature",
+      "The update information does not carry a valid signature of the Orvanta developers, so it "
+      "was not trusted." },
+    { "update_packaged_title", "Updates come from your package manager" },
+    { "update_packaged_body",
+      "This copy of Orvanta was installed as a package of your system. Your software centre or "
+      "package manager (apt, for example) installs its new versions." },
+    { "update_packaged_note", "This installation is updated by your system's package manager." },
 };
 } // namespace
 

@@ -469,6 +469,29 @@ constexpr StringEntry kEntries[] = {
       "por tu apoyo!" },
     { "donate_btn_open", "Abrir página de donación" },
     { "donate_btn_later", "Quizá más tarde" },
+
+    // update checks (app/UpdateAnnouncer, settings updates page)
+    { "update_available_title", "Orvanta %@ está disponible" },
+    { "update_available_body",
+      "Hay una nueva versión de Orvanta lista para descargar. Tienes la %@." },
+    { "update_open_page", "Abrir página de descarga" },
+    { "update_later", "Más tarde" },
+    { "update_up_to_date_title", "Orvanta está actualizado" },
+    { "update_up_to_date_body", "Orvanta %@ es la versión más reciente." },
+    { "update_failed_title", "No se pudieron buscar actualizaciones" },
+    { "update_failed_network",
+      "No se pudo conectar con el servidor de actualizaciones. Comprueba tu conexión a Internet y "
+      "vuelve a intentarlo más tarde." },
+    { "update_failed_feed", "No se pudo leer la información de actualización del servidor." },
+    { "update_failed_signature",
+      "La información de actualización no lleva una firma válida de los desarrolladores de "
+      "Orvanta, así que se ha descartado." },
+    { "update_packaged_title", "Las actualizaciones llegan a través de tu gestor de paquetes" },
+    { "update_packaged_body",
+      "Esta copia de Orvanta se instaló como paquete del sistema. Tu centro de software o tu "
+      "gestor de paquetes (por ejemplo, apt) instala sus nuevas versiones." },
+    { "update_packaged_note",
+      "Esta instalación se actualiza con el gestor de paquetes del sistema." },
 };
 } // namespace
 

@@ -474,6 +474,30 @@ constexpr StringEntry kEntries[] = {
       "!" },
     { "donate_btn_open", "Ouvrir la page de don" },
     { "donate_btn_later", "Plus tard" },
+
+    // update checks (app/UpdateAnnouncer, settings updates page)
+    { "update_available_title", "Orvanta %@ est disponible" },
+    { "update_available_body",
+      "Une nouvelle version d'Orvanta est prête à être téléchargée. Vous utilisez la version %@." },
+    { "update_open_page", "Ouvrir la page de téléchargement" },
+    { "update_later", "Plus tard" },
+    { "update_up_to_date_title", "Orvanta est à jour" },
+    { "update_up_to_date_body", "Orvanta %@ est la version la plus récente." },
+    { "update_failed_title", "La recherche de mises à jour a échoué" },
+    { "update_failed_network",
+      "Le serveur de mises à jour est injoignable. Vérifiez votre connexion Internet et réessayez "
+      "plus tard." },
+    { "update_failed_feed",
+      "Les informations de mise à jour envoyées par le serveur sont illisibles." },
+    { "update_failed_signature",
+      "Les informations de mise à jour ne portent pas de signature valide des développeurs "
+      "d'Orvanta ; elles ont donc été ignorées." },
+    { "update_packaged_title", "Les mises à jour passent par votre gestionnaire de paquets" },
+    { "update_packaged_body",
+      "Cette installation d'Orvanta provient d'un paquet de votre système. Votre logithèque ou "
+      "votre gestionnaire de paquets (apt, par exemple) en installe les nouvelles versions." },
+    { "update_packaged_note",
+      "Cette installation est mise à jour par le gestionnaire de paquets de votre système." },
 };
 } // namespace
 

@@ -463,6 +463,29 @@ constexpr StringEntry kEntries[] = {
       "a を無料で提供し、開発を続けていくための支えになります。ご支援ありがとうございます！" },
     { "donate_btn_open", "寄付ページを開く" },
     { "donate_btn_later", "また今度" },
+
+    // update checks (app/UpdateAnnouncer, settings updates page)
+    { "update_available_title", "Orvanta %@ が利用可能です" },
+    { "update_available_body",
+      "新しいバージョンの Orvanta をダウンロードできます。現在のバージョンは %@ です。" },
+    { "update_open_page", "ダウンロードページを開く" },
+    { "update_later", "後で" },
+    { "update_up_to_date_title", "最新の状態です" },
+    { "update_up_to_date_body", "Orvanta %@ が最新バージョンです。" },
+    { "update_failed_title", "アップデートの確認に失敗しました" },
+    { "update_failed_network",
+      "アップデートサーバーに接続できませんでした。インターネット接続を確認して、しばらくしてからも"
+      "う一度お試しください。" },
+    { "update_failed_feed", "サーバーから受け取ったアップデート情報を読み取れませんでした。" },
+    { "update_failed_signature",
+      "アップデート情報に Orvanta 開発者の有効な署名がないため、使用しませんでした。" },
+    { "update_packaged_title", "アップデートはパッケージマネージャーから提供されます" },
+    { "update_packaged_body",
+      "この Orvanta "
+      "はシステムのパッケージとしてインストールされています。新しいバージョンはソフトウェアセンター"
+      "またはパッケージマネージャー（apt など）からインストールされます。" },
+    { "update_packaged_note",
+      "このインストールはシステムのパッケージマネージャーで更新されます。" },
 };
 } // namespace
 

@@ -431,6 +431,22 @@ constexpr StringEntry kEntries[] = {
       "保持免费并持续开发。感谢您的支持！" },
     { "donate_btn_open", "打开捐赠页面" },
     { "donate_btn_later", "以后再说" },
+
+    // update checks (app/UpdateAnnouncer, settings updates page)
+    { "update_available_title", "Orvanta %@ 现已推出" },
+    { "update_available_body", "新版 Orvanta 已可下载。当前版本为 %@。" },
+    { "update_open_page", "打开下载页面" },
+    { "update_later", "稍后" },
+    { "update_up_to_date_title", "已是最新版本" },
+    { "update_up_to_date_body", "Orvanta %@ 是目前的最新版本。" },
+    { "update_failed_title", "检查更新失败" },
+    { "update_failed_network", "无法连接到更新服务器。请检查网络连接，稍后再试。" },
+    { "update_failed_feed", "无法读取服务器返回的更新信息。" },
+    { "update_failed_signature", "更新信息没有 Orvanta 开发者的有效签名，因此未被采用。" },
+    { "update_packaged_title", "更新由软件包管理器提供" },
+    { "update_packaged_body",
+      "此 Orvanta 作为系统软件包安装，新版本由软件中心或软件包管理器（如 apt）安装。" },
+    { "update_packaged_note", "此安装由系统的软件包管理器负责更新。" },
 };
 } // namespace
 

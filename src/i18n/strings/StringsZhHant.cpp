@@ -433,6 +433,22 @@ constexpr StringEntry kEntries[] = {
       "維持免費並持續開發。感謝您的支持！" },
     { "donate_btn_open", "開啟捐款頁面" },
     { "donate_btn_later", "以後再說" },
+
+    // update checks (app/UpdateAnnouncer, settings updates page)
+    { "update_available_title", "Orvanta %@ 現已推出" },
+    { "update_available_body", "新版 Orvanta 已可下載。目前版本為 %@。" },
+    { "update_open_page", "開啟下載頁面" },
+    { "update_later", "稍後" },
+    { "update_up_to_date_title", "已是最新版本" },
+    { "update_up_to_date_body", "Orvanta %@ 是目前的最新版本。" },
+    { "update_failed_title", "檢查更新失敗" },
+    { "update_failed_network", "無法連線至更新伺服器。請檢查網路連線，稍後再試。" },
+    { "update_failed_feed", "無法讀取伺服器傳回的更新資訊。" },
+    { "update_failed_signature", "更新資訊沒有 Orvanta 開發者的有效簽章，因此未採用。" },
+    { "update_packaged_title", "更新由套件管理程式提供" },
+    { "update_packaged_body",
+      "此 Orvanta 以系統套件形式安裝，新版本由軟體中心或套件管理程式（例如 apt）安裝。" },
+    { "update_packaged_note", "此安裝由系統的套件管理程式負責更新。" },
 };
 } // namespace
 

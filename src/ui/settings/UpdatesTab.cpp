@@ -82,12 +82,16 @@ void UpdatesTab::retranslate()
     m_manualTitle->setText(m_model.t("settings_manual_check"));
     m_manualNote->setText(m_model.t("settings_manual_check_desc"));
     m_checkNow->setText(theme::literal(m_model.t("btn_check_now")));
-    m_unavailable->setText(m_model.t("settings_updates_unavailable"));
+    // A packaged installation gets its updates from the package system.
+    const bool packaged = m_updater && m_updater->isPackageManaged();
+    m_unavailable->setText(
+        m_model.t(packaged ? "update_packaged_note" : "settings_updates_unavailable"));
 }
 
 void UpdatesTab::showState()
 {
-    const bool configured = m_updater && m_updater->isConfigured();
+    const bool packaged = m_updater && m_updater->isPackageManaged();
+    const bool configured = m_updater && m_updater->isConfigured() && !packaged;
     {
         const QSignalBlocker blocker(m_automatic->box());
         m_automatic->box()->setChecked(m_updater ? m_updater->automaticallyChecksForUpdates()
@@ -95,7 +99,8 @@ void UpdatesTab::showState()
     }
     m_automatic->box()->setEnabled(configured);
     // Disabled while a check is under way, as the menu item is.
-    m_checkNow->setEnabled(configured && m_updater->canCheckForUpdates());
+    // Packaged, "Check Now" says where updates come from.
+    m_checkNow->setEnabled((configured || packaged) && m_updater->canCheckForUpdates());
     m_unavailable->setVisible(!configured);
 }
 
