@@ -4,7 +4,7 @@
 #include "ui/history/InspectorView.h"
 
 #include "core/AppViewModel.h"
-#include "hdr/UltraHdrLayout.h"
+#include "hdr/codec/UltraHdrLayout.h"
 #include "i18n/FormatArgs.h"
 #include "media/MetadataService.h"
 #include "ui/Icons.h"
