@@ -85,7 +85,7 @@ void TestEngineService::commandLineAndEnvironmentReachTheEngine()
     Recorder r;
     service.startRun(someOptions(), r.callbacks());
     QTRY_VERIFY(r.finished());
-    QCOMPARE(service.binPath(), QStringLiteral(ORVANTA_TEST_ENGINE));
+    QCOMPARE(service.binPath(), QStringLiteral(ORVANTA_SCRIPTED_ENGINE));
     QCOMPARE(scenario.arguments(), engineArguments(someOptions()));
     const auto env = scenario.environment();
     QCOMPARE(env.value(u"PATH"_s),

@@ -656,4 +656,4 @@ private slots:
 };
 
 ORVANTA_TEST_GUILESS_MAIN(TestRefEngine)
-#include "TestRefEngine.moc"
+#include "tst_refengine.moc"
