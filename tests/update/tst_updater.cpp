@@ -141,7 +141,6 @@ private Q_SLOTS:
     void secondCheckWhileOneIsUnderWayIsIgnored();
     void unconfiguredUpdaterCannotCheck();
     void automaticChecksSettingIsKept();
-    void versionTextHasBuildNumber();
     void versionsCompareAsPeopleReadThem_data();
     void versionsCompareAsPeopleReadThem();
     void nextAutomaticCheckIsDueOneIntervalAfterTheLast();
@@ -349,12 +348,6 @@ void UpdaterTest::automaticChecksSettingIsKept()
     QCOMPARE(QSettings().value(QLatin1StringView(Updater::kAutomaticChecksKey)).toBool(), false);
     Updater again(config());
     QVERIFY(!again.automaticallyChecksForUpdates());
-}
-
-void UpdaterTest::versionTextHasBuildNumber()
-{
-    QCOMPARE(Updater(config()).currentVersionString(), u"2.3.1 (Build 57)"_s);
-    QCOMPARE(Updater(UpdaterConfig {}).currentVersionString(), u"1.0.0 (Build 1)"_s);
 }
 
 void UpdaterTest::versionsCompareAsPeopleReadThem_data()
