@@ -55,7 +55,7 @@ double timeWc(const QString &scenario, long lines)
     QElapsedTimer clock;
     clock.start();
     wc.start(u"wc"_s, { u"-l"_s });
-    engine.start(QStringLiteral(ORVANTA_TEST_ENGINE), {});
+    engine.start(QStringLiteral(ORVANTA_SCRIPTED_ENGINE), {});
     engine.waitForFinished(-1);
     wc.waitForFinished(-1);
     const double seconds = clock.nsecsElapsed() / 1e9;
@@ -130,7 +130,7 @@ int main(int argc, char *argv[])
     file.write(QStringLiteral("flood %1 %2\n").arg(lines).arg(every).toUtf8());
     file.close();
     qputenv("ORVANTA_TEST_SCENARIO", scenario.toUtf8());
-    qputenv("ORVANTA_BIN", ORVANTA_TEST_ENGINE);
+    qputenv("ORVANTA_BIN", ORVANTA_SCRIPTED_ENGINE);
 
     LocalizationService::shared().setCurrentLanguage(AppLanguage::English);
     AppViewModel model;

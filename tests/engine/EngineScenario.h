@@ -16,7 +16,7 @@ namespace orvanta::test {
 class EngineScenario
 {
 public:
-    // `lines`: the scenario, one command per entry (see TestEngine.cpp).
+    // `lines`: the scenario, one command per entry (see ScriptedEngine.cpp).
     explicit EngineScenario(const QStringList &lines)
     {
         QFile file(scenarioPath());
@@ -24,7 +24,7 @@ public:
             file.write(lines.join(u'\n').toUtf8() + '\n');
         qputenv("ORVANTA_TEST_SCENARIO", scenarioPath().toUtf8());
         qputenv("ORVANTA_TEST_RECORD", recordPath().toUtf8());
-        qputenv("ORVANTA_BIN", ORVANTA_TEST_ENGINE);
+        qputenv("ORVANTA_BIN", ORVANTA_SCRIPTED_ENGINE);
     }
 
     ~EngineScenario()

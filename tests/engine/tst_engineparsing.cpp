@@ -127,10 +127,13 @@ void TestEngineParsing::memberTypesAreEnforced()
     QVERIFY(!scan->orphans && !scan->skipped && !scan->pending);
 
     // A whole number written as a float is still that number; strings,
-    // booleans and numbers too large for 64 bits reject the record.
+    // booleans and numbers too large for 64 bits reject the record, for
+    // whole and decimal members alike (never shown as 0).
     QCOMPARE(decodeLine(R"(ORVANTA_EVENT: {"type":"scan","pairs":3.0})")->pairs, 3);
     QVERIFY(!decodeLine(R"(ORVANTA_EVENT: {"type":"scan","pairs":"3"})"));
     QVERIFY(!decodeLine(R"(ORVANTA_EVENT: {"type":"scan","pairs":true})"));
+    QVERIFY(!decodeLine(R"(ORVANTA_EVENT: {"type":"item_done","peak_stops":"2.5"})"));
+    QVERIFY(!decodeLine(R"(ORVANTA_EVENT: {"type":"item_done","duration":true})"));
     QVERIFY(!decodeLine(R"(ORVANTA_EVENT: {"type":"scan","pairs":1e30})"));
     QVERIFY(!decodeLine(R"(ORVANTA_EVENT: {"type":7})"));
     QVERIFY(!decodeLine(R"(ORVANTA_EVENT: {"type":"item_done","stem":5})"));

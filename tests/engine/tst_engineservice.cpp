@@ -6,9 +6,11 @@
 #include "engine/EngineScenario.h"
 #include "engine/EngineService.h"
 
+#include <QScopeGuard>
 #include <QtTest>
 
 #include <csignal>
+#include <unistd.h>
 
 using namespace orvanta;
 using namespace orvanta::test;
@@ -74,6 +76,7 @@ private Q_SLOTS:
     void missingEngineIsReportedAsALaunchFailure();
     void secondStartWhileRunningIsIgnored();
     void forceKillSilencesOutputButStillFinishes();
+    void forceKillReachesTheEnginesChildren();
     void floodArrivesCompleteAndInOrder();
 };
 
@@ -85,7 +88,7 @@ void TestEngineService::commandLineAndEnvironmentReachTheEngine()
     Recorder r;
     service.startRun(someOptions(), r.callbacks());
     QTRY_VERIFY(r.finished());
-    QCOMPARE(service.binPath(), QStringLiteral(ORVANTA_TEST_ENGINE));
+    QCOMPARE(service.binPath(), QStringLiteral(ORVANTA_SCRIPTED_ENGINE));
     QCOMPARE(scenario.arguments(), engineArguments(someOptions()));
     const auto env = scenario.environment();
     QCOMPARE(env.value(u"PATH"_s),
@@ -251,6 +254,41 @@ void TestEngineService::forceKillSilencesOutputButStillFinishes()
     service.startRun(someOptions(), r2.callbacks());
     QTRY_VERIFY(r2.finished());
     QCOMPARE(r2.items, (QStringList { u"log:again"_s, u"finished:0"_s }));
+}
+
+void TestEngineService::forceKillReachesTheEnginesChildren()
+{
+    // An engine that starts a helper of its own (as it does for decoding)
+    // and waits for it.
+    QTemporaryDir dir;
+    const QString engine = dir.filePath(u"orvanta_engine"_s), childFile = engine + u".child"_s;
+    QFile script(engine);
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\nsleep 600 >/dev/null 2>&1 &\necho $! > \"$0.child\"\n"
+                 "echo started\nwait\n");
+    script.close();
+    script.setPermissions(script.permissions() | QFile::ExeOwner);
+    qputenv("ORVANTA_BIN", QFile::encodeName(engine));
+    const auto unset = qScopeGuard([] { qunsetenv("ORVANTA_BIN"); });
+
+    EngineService service;
+    Recorder r;
+    service.startRun(someOptions(), r.callbacks());
+    QTRY_VERIFY(r.hasLog(u"started"_s));
+    QFile file(childFile);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const pid_t child = pid_t(file.readAll().trimmed().toInt());
+    QVERIFY(child > 0);
+    const auto reap = qScopeGuard([child] { ::kill(child, SIGKILL); });
+    // Gone, or a zombie waiting for whoever adopted it.
+    const auto alive = [child] {
+        QFile stat(u"/proc/%1/stat"_s.arg(child));
+        return stat.open(QIODevice::ReadOnly) && !stat.readAll().contains(") Z ");
+    };
+    QVERIFY(alive());
+    service.forceKill();
+    QTRY_VERIFY(r.finished());
+    QTRY_VERIFY(!alive());
 }
 
 void TestEngineService::floodArrivesCompleteAndInOrder()

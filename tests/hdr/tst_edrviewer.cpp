@@ -46,7 +46,6 @@ private slots:
     void filmicRollOffValues_data();
     void filmicRollOffValues();
     void zebraStripesFollowTheDiagonalPhase();
-    void modesHaveRawValuesAndCycle();
     void pairLoadsHdrExpandedAndFallsBackToTheFilesOwnSdr();
 };
 
@@ -110,6 +109,8 @@ void TestEdrViewer::clickNearTheDividerGrabsIt_data()
     QTest::newRow("39 pixels away grabs") << 39.0 << true;
     QTest::newRow("40 pixels away does not") << 40.0 << false;
     QTest::newRow("on the divider") << 0.0 << true;
+    QTest::newRow("39 pixels left grabs") << -39.0 << true;
+    QTest::newRow("40 pixels left does not") << -40.0 << false;
 }
 
 void TestEdrViewer::clickNearTheDividerGrabsIt()
@@ -153,6 +154,7 @@ void TestEdrViewer::dragPansOnlyWhenZoomed()
     model.magnify(1.0, viewport()); // 2×
     model.mouseDown(QPointF(100, 100), 1, viewport()); // far from the divider
     QVERIFY(model.isPanningImage());
+    QCOMPARE(model.splitPosition(), 0.5); // zoomed, a press does not move the divider
     // 10 points right and 20 down: +20 pixels in x, −40 in y (y up).
     QCOMPARE(model.mouseDragged(QPointF(110, 120), viewport()),
              EdrViewerModel::Effects(EdrViewerModel::Render));
@@ -220,18 +222,6 @@ void TestEdrViewer::zebraStripesFollowTheDiagonalPhase()
     QCOMPARE(edr::zebraFilter(display, bright, 0, 0, 1.0f, 0.4f), display);
     QVERIFY(edr::zebraFilterGlsl().contains(u"% 16"_s));
     QVERIFY(edr::filmicRollOffGlsl().contains(u"0.35"_s));
-}
-
-void TestEdrViewer::modesHaveRawValuesAndCycle()
-{
-    QCOMPARE(compareModeFromRaw(1), EDRCompareMode::HdrOnly);
-    QVERIFY(!compareModeFromRaw(3));
-    QVERIFY(!toneMapModeFromRaw(2));
-    QCOMPARE(titleKey(EDRCompareMode::SdrOnly), u"edr_mode_sdr"_s);
-    QCOMPARE(hintKey(SDRToneMapMode::FilmicRollOff), u"sdr_mode_filmic_hint"_s);
-    QCOMPARE(nextCompareMode(EDRCompareMode::Split), EDRCompareMode::HdrOnly);
-    QCOMPARE(nextCompareMode(EDRCompareMode::HdrOnly), EDRCompareMode::SdrOnly);
-    QCOMPARE(nextCompareMode(EDRCompareMode::SdrOnly), EDRCompareMode::Split);
 }
 
 void TestEdrViewer::pairLoadsHdrExpandedAndFallsBackToTheFilesOwnSdr()

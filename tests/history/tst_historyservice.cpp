@@ -13,7 +13,9 @@
 #include <QTimer>
 
 #include <atomic>
+#include <memory>
 #include <thread>
+#include <vector>
 
 using namespace orvanta;
 using namespace orvanta::test;
@@ -542,10 +544,15 @@ void HistoryServiceTest::legacyDatabaseIsCopiedOnceFromTheFirstLegacyFolder()
 {
     QFETCH(QStringList, present);
     QFETCH(QString, copiedFrom);
+    // Each old database is held open in write-ahead mode, as a running old
+    // version holds it: its row is still in the -wal file beside it.
+    std::vector<std::unique_ptr<TestDatabase>> held;
     for (const QString &folder : present) {
         QDir().mkpath(m_dataHome + u'/' + folder);
-        TestDatabase db(m_dataHome + u'/' + folder + u"/pipeline_state.db"_s);
-        db.insert({ .fingerprint = folder });
+        held.push_back(
+            std::make_unique<TestDatabase>(m_dataHome + u'/' + folder + u"/pipeline_state.db"_s));
+        QVERIFY(held.back()->exec(u"PRAGMA journal_mode=WAL"_s));
+        held.back()->insert({ .fingerprint = folder });
     }
     const QString primary = m_dataHome + u"/Orvanta/pipeline_state.db"_s;
 

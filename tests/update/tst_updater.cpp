@@ -148,7 +148,6 @@ private Q_SLOTS:
     void unconfiguredUpdaterCannotCheck();
     void packagedInstallationLeavesUpdatesToThePackageSystem();
     void automaticChecksSettingIsKept();
-    void versionTextHasBuildNumber();
     void versionsCompareAsPeopleReadThem_data();
     void versionsCompareAsPeopleReadThem();
     void nextAutomaticCheckIsDueOneIntervalAfterTheLast();
@@ -390,12 +389,6 @@ void UpdaterTest::automaticChecksSettingIsKept()
     QCOMPARE(QSettings().value(QLatin1StringView(Updater::kAutomaticChecksKey)).toBool(), false);
     Updater again(config());
     QVERIFY(!again.automaticallyChecksForUpdates());
-}
-
-void UpdaterTest::versionTextHasBuildNumber()
-{
-    QCOMPARE(Updater(config()).currentVersionString(), u"2.3.1 (Build 57)"_s);
-    QCOMPARE(Updater(UpdaterConfig {}).currentVersionString(), u"1.0.0 (Build 1)"_s);
 }
 
 void UpdaterTest::versionsCompareAsPeopleReadThem_data()

@@ -393,6 +393,12 @@ void TestCompareWindow::languageChangeRetranslates()
     auto view = makeView(record(u"a"_s), {});
     auto *split = view->findChild<QAbstractButton *>(u"mode_edr_mode_split"_s);
     QCOMPARE(split->text(), u"Split View"_s);
+    QSet<QString> modes; // each mode button says which mode it is
+    for (const QAbstractButton *button : view->findChildren<QAbstractButton *>()) {
+        if (button->objectName().startsWith(u"mode_"))
+            modes << button->text();
+    }
+    QCOMPARE(modes.size(), 3);
     m_model->setCurrentLanguage(AppLanguage::German);
     QCOMPARE(split->text(), m_model->t("edr_mode_split"));
     QVERIFY(split->text() != u"Split View"_s);

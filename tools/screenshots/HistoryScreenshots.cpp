@@ -7,7 +7,7 @@
 //
 //   orvanta_history_screenshot --shot history|inspector|histogram-luma|histogram-rgb
 //                              --lang en|de|fr|es|ja|zh-Hans|zh-Hant --out FILE.png
-#include "common/ScreenshotSupport.h"
+#include "ScreenshotSupport.h"
 #include "core/AppViewModel.h"
 #include "hdr/UltraHdrFixtures.h"
 #include "hdr/codec/UltraHdrWriter.h"

@@ -326,10 +326,10 @@ private slots:
     {
         SampleScene twoStars;
         twoStars.exifRating = 2;
-        SampleScene fourStars;
-        fourStars.exifRating = 4;
+        SampleScene threeStars; // exactly the minimum: "3 stars or more" takes it
+        threeStars.exifRating = 3;
         QVERIFY(writePair(m_source, u"exif2"_s, twoStars));
-        QVERIFY(writePair(m_source, u"exif4"_s, fourStars));
+        QVERIFY(writePair(m_source, u"exif3"_s, threeStars));
         QVERIFY(writePair(m_source, u"sidecar5"_s, twoStars));
         QVERIFY(writePair(m_source, u"unrated"_s));
         QFile xmp(m_source + u"/sidecar5.xmp"_s);
@@ -344,7 +344,7 @@ private slots:
         QCOMPARE(engine.event(u"scan"_s).value(u"pairs"_s).toInt(), 4);
         QCOMPARE(engine.event(u"scan"_s).value(u"pending"_s).toInt(), 2);
         QCOMPARE(engine.event(u"scan"_s).value(u"skipped"_s).toInt(), 2);
-        QVERIFY(engine.log().contains(u"would convert exif4"_s));
+        QVERIFY(engine.log().contains(u"would convert exif3"_s));
         QVERIFY(engine.log().contains(u"would convert sidecar5"_s));
     }
 
@@ -656,4 +656,4 @@ private slots:
 };
 
 ORVANTA_TEST_GUILESS_MAIN(TestRefEngine)
-#include "TestRefEngine.moc"
+#include "tst_refengine.moc"

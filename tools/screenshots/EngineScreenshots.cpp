@@ -8,9 +8,9 @@
 //
 //   orvanta_engine_screenshot --state running|done|history|compare --out FILE.png
 #include "SamplePairs.h"
+#include "ScreenshotSupport.h"
 #include "app/AppMenus.h"
 #include "app/ComparePanels.h"
-#include "common/ScreenshotSupport.h"
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
 #include "i18n/LocalizationService.h"

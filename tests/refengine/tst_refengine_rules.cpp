@@ -204,4 +204,4 @@ private slots:
 };
 
 ORVANTA_TEST_GUILESS_MAIN(TestEngineRules)
-#include "TestEngineRules.moc"
+#include "tst_refengine_rules.moc"

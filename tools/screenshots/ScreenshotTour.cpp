@@ -9,8 +9,8 @@
 //
 // The running and console states drive a real batch through the scriptable
 // test engine; the console state shows it with the console drawer open.
+#include "ScreenshotSupport.h"
 #include "app/AppMenus.h"
-#include "common/ScreenshotSupport.h"
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
 #include "i18n/LocalizationService.h"
@@ -137,7 +137,7 @@ int main(int argc, char *argv[])
     if (runsBatch) {
         writeRunningScenario(scenario);
         qputenv("ORVANTA_TEST_SCENARIO", scenario.toUtf8());
-        qputenv("ORVANTA_BIN", ORVANTA_TEST_ENGINE);
+        qputenv("ORVANTA_BIN", ORVANTA_SCRIPTED_ENGINE);
     }
 
     LocalizationService::shared().setCurrentLanguage(language);

@@ -160,4 +160,4 @@ private slots:
 };
 
 ORVANTA_TEST_GUI_MAIN(TestAppWithEngine)
-#include "TestAppWithEngine.moc"
+#include "tst_app_with_engine.moc"
