@@ -12,12 +12,16 @@ packages=(
   # Qt 6.4
   qt6-base-dev qt6-base-dev-tools libqt6opengl6-dev qt6-svg-dev qt6-l10n-tools
   qt6-image-formats-plugins libqt6svg6 qt6-qpa-plugins
+  # Qt's own texts (file dialogs, standard buttons, context menus) in every language
+  qt6-translations-l10n
   # libraries
   libsqlite3-dev libexiv2-dev libraw-dev libjpeg62-turbo-dev libsodium-dev
   # the engine: face detection and the Haar cascades it ships
   libopencv-core-dev libopencv-imgproc-dev libopencv-objdetect-dev opencv-data
   # headless testing: X server for GL widgets, a private session bus
   xvfb xauth dbus-daemon dbus libgl1-mesa-dri libgl-dev libegl-dev
+  # remaking the screenshots from a real X server (tools/screenshots/capture.sh)
+  openbox xdotool x11-apps imagemagick
   # runtime
   xdg-utils fonts-noto-color-emoji fonts-noto-cjk sound-theme-freedesktop
   libimage-exiftool-perl
