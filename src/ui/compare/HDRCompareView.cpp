@@ -6,6 +6,7 @@
 #include "core/AppViewModel.h"
 #include "platform/FileManager.h"
 #include "ui/Theme.h"
+#include "ui/WindowPlacement.h"
 #include "ui/compare/ComparePanelProvider.h"
 #include "ui/compare/CompareToolbar.h"
 #include "ui/compare/DisplayHeadroom.h"
@@ -393,6 +394,14 @@ bool HDRCompareView::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_viewer && event->type() == QEvent::Resize)
         placeOverlays();
     return QWidget::eventFilter(watched, event);
+}
+
+void HDRCompareView::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    // The next compare window opens where the user left this one.
+    if (isWindow())
+        placement::save(this, u"compare"_s);
 }
 
 // The panel takes its width from the picture; a window too narrow for the
