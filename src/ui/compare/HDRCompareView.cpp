@@ -69,7 +69,7 @@ HDRCompareView::HDRCompareView(AppViewModel &model, const PhotoRecord &record,
     , m_currentIndex(indexOf(m_allRecords, record))
 {
     setObjectName(u"hdrCompareView"_s);
-    setMinimumSize(800, 560);
+    setMinimumSize(kMinimumSize);
     buildLayout();
     connectControls();
     installShortcuts();
@@ -104,6 +104,8 @@ QLabel *HDRCompareView::overlayLabel(const QString &name)
 void HDRCompareView::buildLayout()
 {
     m_toolbar = new CompareToolbar(m_model, this);
+    connect(m_toolbar, &CompareToolbar::compactWidthChanged, this,
+            &HDRCompareView::updateMinimumSize);
     m_banner = new SdrBanner(m_model, this);
     m_viewer = new EdrViewer(m_model.t("edr_no_gl"), this);
     m_viewer->installEventFilter(this);
@@ -298,6 +300,20 @@ void HDRCompareView::sync()
     settings.simulatedHeadroom = s.simulatedHeadroom;
     m_viewer->updateState(settings);
     placeOverlays();
+    updateMinimumSize();
+}
+
+// Wide enough for the toolbar in its compact form (and the inspector beside
+// it), but never wider than the screen.
+void HDRCompareView::updateMinimumSize()
+{
+    int width = m_toolbar->minimumWidth();
+    if (m_inspectorPane && m_inspectorPane->isVisibleTo(this))
+        width += m_inspectorPane->width();
+    width = std::max(width, kMinimumSize.width());
+    if (isWindow() && screen())
+        width = std::min(width, screen()->availableGeometry().width());
+    setMinimumWidth(width);
 }
 
 void HDRCompareView::syncControls()

@@ -48,7 +48,8 @@ class HDRCompareView : public QWidget
     Q_OBJECT
 public:
     // The size a compare window opens at on a screen that has room for it.
-    static constexpr QSize kDefaultSize { 1100, 750 };
+    static constexpr QSize kDefaultSize { 1280, 800 };
+    static constexpr QSize kMinimumSize { 800, 560 };
 
     // `provider` may be null: the inspector and histogram toggles are then hidden.
     HDRCompareView(AppViewModel &model, const PhotoRecord &record,
@@ -81,6 +82,7 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    void updateMinimumSize();
     void buildLayout();
     void connectControls();
     void installShortcuts();

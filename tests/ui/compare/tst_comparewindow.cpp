@@ -7,6 +7,7 @@
 #include "CompareScene.h"
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
+#include "ui/Theme.h"
 #include "ui/compare/CompareToolbar.h"
 #include "ui/compare/DisplayHeadroom.h"
 #include "ui/compare/EdrGlSurface.h"
@@ -18,6 +19,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QLabel>
+#include <QLayout>
 #include <QSignalSpy>
 #include <QSlider>
 #include <QtTest>
@@ -427,6 +429,8 @@ void TestCompareWindow::toolbarFitsAtTheDefaultWidthInEveryLanguage()
     QFETCH(AppLanguage, language);
     QFETCH(double, headroom);
     m_model->setCurrentLanguage(language);
+    // The application's own look: its paddings and fonts decide the widths.
+    theme::apply(*qApp, rawValue(language));
     displayheadroom::setOverride([headroom] { return headroom; });
     LabelPanels panels;
     auto view = makeView(record(u"a"_s), {}, &panels);
@@ -435,17 +439,30 @@ void TestCompareWindow::toolbarFitsAtTheDefaultWidthInEveryLanguage()
     QVERIFY(QTest::qWaitForWindowExposed(view.get()));
     auto *toolbar = view->findChild<CompareToolbar *>();
     // No control squeezed below what its text (or its icon) needs.
-    for (QWidget *control : toolbar->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
-        if (!control->isVisible())
-            continue;
-        const int needed = qobject_cast<QLabel *>(control) ? control->minimumSizeHint().width()
-                                                           : control->sizeHint().width();
-        QVERIFY2(control->width() >= needed,
-                 qPrintable(u"%1 \"%2\" is %3 px of %4"_s.arg(
-                     control->objectName(), control->property("text").toString(),
-                     QString::number(control->width()), QString::number(needed))));
+    const auto checkWidths = [&] {
+        for (QWidget *control : toolbar->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+            if (!control->isVisible())
+                continue;
+            const int needed = qobject_cast<QLabel *>(control) ? control->minimumSizeHint().width()
+                                                               : control->sizeHint().width();
+            QVERIFY2(control->width() >= needed,
+                     qPrintable(u"%1 \"%2\" is %3 px of %4"_s.arg(
+                         control->objectName(), control->property("text").toString(),
+                         QString::number(control->width()), QString::number(needed))));
+        }
+    };
+    checkWidths();
+    QVERIFY(!toolbar->isCompact());
+    // A smaller screen: icons with tooltips take the place of long texts.
+    QVERIFY(toolbar->minimumWidth() < toolbar->sizeHint().width());
+    if (toolbar->minimumWidth() <= view->screen()->availableGeometry().width()) {
+        view->resize(view->minimumWidth(), 700);
+        QTRY_VERIFY(toolbar->isCompact());
+        toolbar->layout()->activate();
+        checkWidths();
     }
     m_model->setCurrentLanguage(AppLanguage::English);
+    theme::apply(*qApp, u"en"_s);
 }
 
 void TestCompareWindow::thresholdAndHeadroomControlsDriveTheViewer()
