@@ -288,8 +288,15 @@ void HistoryRowDelegate::paintOptional(QPainter &p, const QRect &r, const PhotoR
             line = none;
             color = theme::kTextTertiary;
         } else if (column == ListColumn::Exposure) {
-            line = meta->apertureString() + u"  "_s + meta->shutterSpeedString();
-            second = u"ISO "_s + meta->isoString();
+            // One dash for what is unknown, not one per part.
+            QStringList parts;
+            for (const QString &part : { meta->apertureString(), meta->shutterSpeedString() }) {
+                if (part != none)
+                    parts << part;
+            }
+            line = parts.isEmpty() ? none : parts.join(u"  "_s);
+            if (meta->isoString() != none)
+                second = u"ISO "_s + meta->isoString();
         } else if (column == ListColumn::CameraLens) {
             line = meta->cameraModel.value_or(meta->cameraMake.value_or(none));
             second = meta->lensModel.value_or(none);

@@ -161,11 +161,13 @@ QWidget *HistoryView::buildTablePage()
     setFocusProxy(m_table);
     m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_table->setStyleSheet(
-        u"QTableView { background: %1; border: none; }"
+        u"QTableView { background: %1; border: 1px solid transparent; }"
+        "QTableView:focus { border-color: %5; }"
         "QHeaderView::section { background: %2; color: %3; border: none;"
         " border-bottom: 1px solid %4; padding: 4px 6px; font-size: 8pt; font-weight: 600; }"_s.arg(
             theme::css(theme::kWindow), theme::css(theme::kSurface),
-            theme::css(theme::kTextSecondary), theme::css(theme::kBorder)));
+            theme::css(theme::kTextSecondary), theme::css(theme::kBorder),
+            theme::css(theme::kFocusRing)));
     m_table->viewport()->installEventFilter(this);
     m_table->installEventFilter(this);
 
