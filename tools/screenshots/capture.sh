@@ -30,7 +30,7 @@ display=":${DISPLAY_NUM:-15}"
 scale=${SCALE:-1}
 pairs=${PAIRS:-12}
 
-for tool in Xvfb openbox xdotool xwd convert; do
+for tool in Xvfb openbox xdotool xwd xwininfo convert; do
   command -v "$tool" >/dev/null || { echo "missing $tool (scripts/install-deps.sh installs it)" >&2; exit 1; }
 done
 [ -x "$build/src/app/orvanta" ] && [ -x "$build/src/app/orvanta_engine" ] \
@@ -107,9 +107,11 @@ for lang in $langs; do
   settle 4
   window_shot "$compare" "$work/compare.png"
   # Put the compare window where it sits on the screen, over the desktop.
-  eval "$(xdotool getwindowgeometry --shell "$compare")"
+  # (xwininfo gives the client area's place on the root, inside the frame).
+  x=$(xwininfo -id "$compare" | awk '/Absolute upper-left X/ {print $4}')
+  y=$(xwininfo -id "$compare" | awk '/Absolute upper-left Y/ {print $4}')
   root_shot "$work/root.png"
-  convert "$work/root.png" "$work/compare.png" -geometry "+$X+$Y" -composite "$out/compare-$lang.png"
+  convert "$work/root.png" "$work/compare.png" -geometry "+$x+$y" -composite "$out/compare-$lang.png"
   kill "$app"
   wait "$app" 2>/dev/null || true
 done
