@@ -147,6 +147,17 @@ void HDRCompareView::buildLayout()
         m_inspector = m_provider->createInspector(m_model, this);
         m_histogram = m_provider->createHistogram(m_model, m_viewer);
     }
+    if (m_histogram) {
+        // Floating over the picture, it needs its own backdrop to stay
+        // readable over bright skies and white walls.
+        if (m_histogram->objectName().isEmpty())
+            m_histogram->setObjectName(u"compareHistogram"_s);
+        m_histogram->setAttribute(Qt::WA_StyledBackground);
+        m_histogram->setContentsMargins(10, 8, 10, 8);
+        m_histogram->setStyleSheet(
+            u"#%1 { background: rgba(18, 19, 22, 0.86); border: 1px solid %2; border-radius: 10px; }"_s
+                .arg(m_histogram->objectName(), theme::css(theme::kBorder)));
+    }
     if (m_inspector) {
         auto *pane = new QScrollArea(this);
         pane->setObjectName(u"inspectorPane"_s);
