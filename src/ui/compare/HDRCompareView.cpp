@@ -32,7 +32,9 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace orvanta {
 
@@ -67,6 +69,7 @@ HDRCompareView::HDRCompareView(AppViewModel &model, const PhotoRecord &record,
     , m_currentRecord(record)
     , m_allRecords(allRecords.isEmpty() ? QList<PhotoRecord> { record } : allRecords)
     , m_currentIndex(indexOf(m_allRecords, record))
+    , m_followsHistory(!allRecords.isEmpty() && allRecords == model.historyRecords())
 {
     setObjectName(u"hdrCompareView"_s);
     setMinimumSize(kMinimumSize);
@@ -74,6 +77,9 @@ HDRCompareView::HDRCompareView(AppViewModel &model, const PhotoRecord &record,
     connectControls();
     installShortcuts();
     connect(&m_model, &AppViewModel::currentLanguageChanged, this, &HDRCompareView::retranslate);
+    connect(&m_model, &AppViewModel::historyRecordsChanged, this, &HDRCompareView::takeMoreHistory);
+    connect(&m_model, &AppViewModel::totalFilteredCountChanged, this,
+            &HDRCompareView::updatePosition);
     retranslate();
     showRecord();
     sync();
@@ -263,8 +269,14 @@ void HDRCompareView::showPreviousPhoto()
 
 void HDRCompareView::showNextPhoto()
 {
-    if (m_currentIndex + 1 >= m_allRecords.size())
+    if (m_currentIndex + 1 >= m_allRecords.size()) {
+        // The end of the loaded page, not of the history: ask for the next one.
+        if (m_followsHistory && m_model.hasMoreHistory()) {
+            m_advanceWhenLoaded = true;
+            m_model.loadMoreHistory();
+        }
         return;
+    }
     m_currentRecord = m_allRecords.at(++m_currentIndex);
     showRecord();
 }
@@ -272,7 +284,7 @@ void HDRCompareView::showNextPhoto()
 void HDRCompareView::showRecord()
 {
     const PhotoRecord &record = m_currentRecord;
-    m_toolbar->setPosition(m_currentIndex, int(m_allRecords.size()));
+    updatePosition();
     m_toolbar->setPhoto(record.stem, record.rating,
                         record.peakStops ? QString::asprintf("%.2f", *record.peakStops) : u"—"_s);
     const QString sdr = sdrPath(record), hdr = hdrPath(record);
@@ -284,6 +296,34 @@ void HDRCompareView::showRecord()
         m_provider->showHistogramRecord(m_histogram, record, hdr);
     sync();
     Q_EMIT recordChanged();
+}
+
+void HDRCompareView::updatePosition()
+{
+    qint64 count = m_allRecords.size();
+    if (m_followsHistory)
+        count = std::max(count, m_model.totalFilteredCount());
+    m_toolbar->setPosition(m_currentIndex, int(count));
+}
+
+// A new page of the same list extends this window's; any other change (a
+// search, a new sort) leaves the window on the list it was opened with.
+void HDRCompareView::takeMoreHistory()
+{
+    if (!m_followsHistory)
+        return;
+    const QList<PhotoRecord> &now = m_model.historyRecords();
+    if (now.size() <= m_allRecords.size() || now.mid(0, m_allRecords.size()) != m_allRecords) {
+        m_followsHistory = now == m_allRecords;
+        m_advanceWhenLoaded = false;
+        updatePosition();
+        return;
+    }
+    m_allRecords = now;
+    if (std::exchange(m_advanceWhenLoaded, false))
+        showNextPhoto();
+    else
+        updatePosition();
 }
 
 void HDRCompareView::setState(const CompareState &state)

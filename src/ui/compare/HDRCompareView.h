@@ -83,6 +83,8 @@ protected:
 
 private:
     void updateMinimumSize();
+    void takeMoreHistory();
+    void updatePosition();
     void buildLayout();
     void connectControls();
     void installShortcuts();
@@ -107,6 +109,10 @@ private:
     PhotoRecord m_currentRecord;
     QList<PhotoRecord> m_allRecords;
     int m_currentIndex = 0;
+    // Opened on the history's loaded list: counts every matching photo and
+    // pages further through the history at the end of what is loaded.
+    bool m_followsHistory = false;
+    bool m_advanceWhenLoaded = false;
     CompareState m_state;
 
     CompareToolbar *m_toolbar = nullptr;

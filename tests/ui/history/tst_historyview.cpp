@@ -8,6 +8,7 @@
 #include "core/AppViewModel.h"
 #include "core/ConfigStore.h"
 #include "ui/MainWindow.h"
+#include "ui/compare/HDRCompareView.h"
 #include "ui/history/HistoryRowDelegate.h"
 #include "ui/history/HistoryTableModel.h"
 #include "ui/history/HistoryToolbar.h"
@@ -74,6 +75,7 @@ private Q_SLOTS:
     void deleteAsksFirstAndRemovesOnlyOnConfirmation();
     void failedRowsOfferErrorDetailsAndCompareNeedsAnOpener();
     void compareHandsTheRecordAndTheLoadedList();
+    void compareCountsTheWholeHistoryAndPagesOn();
     void spaceOpensAndClosesTheQuickPreview();
     void rowsThatScrollAwayCancelTheirThumbnails();
     void rowCellsUseTheRecordFormats();
@@ -500,6 +502,21 @@ void HistoryViewTest::compareHandsTheRecordAndTheLoadedList()
     menu->actions().first()->trigger();
     QCOMPARE(opened, second);
     QCOMPARE(list, model.historyRecords());
+}
+
+void HistoryViewTest::compareCountsTheWholeHistoryAndPagesOn()
+{
+    freshDatabase()->insertNumbered(100);
+    AppViewModel model;
+    HistoryView view(model);
+    showAndWait(view, 80);
+    const QList<PhotoRecord> loaded = model.historyRecords();
+    HDRCompareView compare(model, loaded.last(), loaded, nullptr);
+    auto *position = compare.findChild<QLabel *>(u"positionLabel"_s);
+    QTRY_COMPARE(position->text(), u"80 / 100"_s);
+    compare.showNextPhoto(); // past the loaded page: the next one is fetched
+    QTRY_COMPARE(position->text(), u"81 / 100"_s);
+    QCOMPARE(compare.currentIndex(), 80);
 }
 
 void HistoryViewTest::spaceOpensAndClosesTheQuickPreview()
