@@ -33,10 +33,10 @@ QString progressLineText(const AppViewModel &model)
 QString timeBadgeText(const AppViewModel &model)
 {
     if (model.isRunning())
-        return model.t("metric_elapsed") + u": "_s + formatElapsed(model.batchElapsedSeconds());
+        return model.t("metric_elapsed_value", { formatElapsed(model.batchElapsedSeconds()) });
     if (model.currentDuration() > 0.0)
         return model.t("metric_duration", { model.currentDuration() });
-    return model.t("metric_elapsed") + u": 00:00"_s;
+    return model.t("metric_elapsed_value", { u"00:00"_s });
 }
 
 std::optional<qint64> estimateRemainingSeconds(qint64 totalPending, double progressFraction,

@@ -132,9 +132,9 @@ void LocalizationTest::lookupFallsBackToEnglishThenToTheKey()
 void LocalizationTest::argumentlessTextsKeepTheirPercentSigns()
 {
     service().setCurrentLanguage(AppLanguage::English);
-    QCOMPARE(
-        service().t("edr_zoom_hint"),
-        QStringLiteral("Pinch to zoom • Double-click 100% • Space to toggle • Tab for pure view"));
+    QCOMPARE(service().t("edr_zoom_hint"),
+             QStringLiteral("Pinch or Ctrl+wheel to zoom • Double-click 100% • Space to toggle • "
+                            "Tab for pure view"));
     QCOMPARE(service().t("card_progress_ratio"), QStringLiteral("[%d / %d]  %d%%"));
     QCOMPARE(service().t("card_progress_ratio", { 3, 10, 30 }), QStringLiteral("[3 / 10]  30%"));
     QCOMPARE(service().t("inspector_faces_count", { 2 }),

@@ -26,9 +26,11 @@
 #include <QComboBox>
 #include <QDragEnterEvent>
 #include <QLabel>
+#include <QLibraryInfo>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
 #include <QToolButton>
@@ -112,7 +114,17 @@ void MainWindowTest::cleanup()
 void MainWindowTest::opensAsTheNamedMainWindow()
 {
     QCOMPARE(m_window->objectName(), u"main"_s);
-    QCOMPARE(m_window->size(), QSize(880, 720));
+    // The design size where the screen has room, else what it has: whole,
+    // with every edge reachable, on the history page too.
+    const QRect available = m_window->screen()->availableGeometry();
+    QCOMPARE(m_window->size(),
+             QSize(MainWindow::kDefaultWidth, MainWindow::kDefaultHeight)
+                 .boundedTo(available.size() - QSize(16, 48)));
+    QVERIFY(available.contains(m_window->frameGeometry()));
+    m_model->setSelectedTab(1);
+    m_model->setIsConsoleDrawerExpanded(true);
+    QVERIFY(m_window->minimumSizeHint().height() <= available.height() - 48);
+    QVERIFY(m_window->minimumSizeHint().width() <= available.width());
     QCOMPARE(m_window->windowTitle(), u"Orvanta"_s);
 }
 
@@ -381,6 +393,12 @@ void MainWindowTest::languageSwitchReRendersEveryVisibleText()
     QVERIFY(germanTexts.contains(m_model->t("tab_history").replace(u'&', u"&&"_s)));
     QVERIFY(m_window->footerStorage()->text() != footerBefore);
     QCOMPARE(m_window->folderBar()->runButton()->text(), m_model->t("btn_start_batch"));
+
+    // Qt's own texts follow too: standard buttons of message boxes and dialogs.
+    if (!QFile::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + u"/qtbase_de.qm"_s))
+        QSKIP("Qt's German catalog (qt6-translations-l10n) is not installed");
+    QMessageBox box(QMessageBox::Question, u"?"_s, u"?"_s, QMessageBox::Cancel);
+    QCOMPARE(box.button(QMessageBox::Cancel)->text(), u"Abbrechen"_s);
 }
 
 void MainWindowTest::japaneseTextsHaveEveryGlyphInTheInterfaceFont()

@@ -9,7 +9,7 @@ namespace {
 constexpr StringEntry kEntries[] = {
     // app
     { "app_title", "Orvanta" },
-    { "app_subtitle", "Professionelle Ultra HDR-Fotoautomatisierung" },
+    { "app_subtitle", "Professionelle Ultra-HDR-Fotoautomatisierung" },
 
     // status line
     { "status_env_ready", "Umgebung bereit" },
@@ -19,8 +19,8 @@ constexpr StringEntry kEntries[] = {
     { "status_failed", "Fallido" },
     { "status_scanning", "Quellfotos werden durchsucht..." },
     { "status_scan_done", "Scan abgeschlossen: %d ausstehend" },
-    { "status_processing_item", "Verarbeite [%d/%d] %@..." },
-    { "status_item_completed", "Fertig [%d/%d] %@ (+%.2fst)" },
+    { "status_processing_item", "Verarbeitung [%d/%d]: %@…" },
+    { "status_item_completed", "Fertig [%d/%d] %@ (+%.2f LW)" },
     { "status_item_failed", "Fehlgeschlagen [%d/%d] %@" },
     { "status_batch_completed", "Stapel abgeschlossen (Erfolgreich: %d, Fehlgeschlagen: %d)" },
     { "status_all_up_to_date",
@@ -40,7 +40,7 @@ constexpr StringEntry kEntries[] = {
     // notifications
     { "notif_batch_completed_title", "Stapelverarbeitung abgeschlossen" },
     { "notif_action_open_folder", "Im Dateimanager anzeigen" },
-    { "notif_batch_success_body", "%d Ultra HDR-Fotos in %.1f s erfolgreich erstellt." },
+    { "notif_batch_success_body", "%d Ultra-HDR-Fotos in %.1f s erfolgreich erstellt." },
     { "notif_batch_failed_body", "%d erfolgreich, %d fehlgeschlagen." },
 
     // folder bar
@@ -54,7 +54,7 @@ constexpr StringEntry kEntries[] = {
     { "btn_start_batch", "Stapel starten" },
     { "btn_stop", "Verarbeitung stoppen" },
     { "btn_refresh", "Aktualisieren" },
-    { "btn_settings", "Einstellungen (Ctrl+,)" },
+    { "btn_settings", "Einstellungen (Strg+,)" },
     { "btn_done", "Fertig" },
     { "btn_custom_columns", "Spalten anpassen" },
     { "btn_select_all", "Alle auswählen" },
@@ -102,7 +102,7 @@ constexpr StringEntry kEntries[] = {
 
     // progress metrics
     { "metric_faces", "Gesichter: %d" },
-    { "metric_peak_gain", "Max. Verstärkung: +%.2fst" },
+    { "metric_peak_gain", "Max. Verstärkung: +%.2f LW" },
     { "metric_bayer_clip", "Sensor-Clipping: %.3f%%" },
     { "metric_duration", "Laufzeit: %.1f s" },
     { "metric_elapsed", "Laufzeit" },
@@ -186,7 +186,7 @@ constexpr StringEntry kEntries[] = {
       "Gehärteter Kern: Die Engine läuft in einem eigenen Prozess, und jedes fertige Foto wird in "
       "der Statusdatenbank erfasst." },
     { "settings_styles_desc",
-      "Wählen Sie ein Ultra HDR-Renderingprofil, das auf Ihr fotografisches Genre abgestimmt ist. "
+      "Wählen Sie ein Ultra-HDR-Renderingprofil, das auf Ihr fotografisches Genre abgestimmt ist. "
       "Das gewählte Profil gilt für alle folgenden Stapel." },
     { "settings_diagnostics_title", "Systemdiagnose & Protokolle" },
     { "settings_probe_refresh_help", "Hardware- und Speicherwerte aktualisieren" },
@@ -194,7 +194,7 @@ constexpr StringEntry kEntries[] = {
     { "settings_probe_arch", "Architektur" },
     { "settings_probe_pressure", "Speicherdruck" },
     { "settings_default_source_dir", "Standardordner für Quellfotos" },
-    { "settings_default_dest_dir", "Standardordner für Ultra HDR-Ausgabe" },
+    { "settings_default_dest_dir", "Standardordner für Ultra-HDR-Ausgabe" },
     { "settings_tab_updates", "Updates" },
     { "settings_updates_title", "Software-Updates" },
     { "settings_auto_check", "Automatisch nach Updates suchen" },
@@ -205,7 +205,7 @@ constexpr StringEntry kEntries[] = {
     { "settings_manual_check_desc", "Jetzt nach einer neuen Version von Orvanta suchen." },
     { "settings_tab_about", "Über & Rechtliches" },
     { "settings_about_tagline",
-      "Verwandelt Ihre RAW+JPG-Paare in brillante Ultra HDR-Fotos – bereit für jedes "
+      "Verwandelt Ihre RAW+JPG-Paare in brillante Ultra-HDR-Fotos – bereit für jedes "
       "HDR-Display." },
     { "settings_about_engine_badge", "Angetrieben von der Orvanta Ultra HDR Engine" },
     { "settings_about_ack_title", "Danksagungen" },
@@ -233,7 +233,7 @@ constexpr StringEntry kEntries[] = {
     { "profile_landscape_title", "Landschaft (kräftig)" },
     { "profile_landscape_desc",
       "Verstärkter Mikrokontrast und brillante Spitzlichter für lebendige, kraftvolle Motive" },
-    { "profile_cinematic_title", "Kino-Filmlook" },
+    { "profile_cinematic_title", "Kinolook" },
     { "profile_cinematic_desc",
       "Warme, filmähnliche Gradationskurve mit satten Schattendetails und sanfter "
       "Lichterkompression" },
@@ -243,7 +243,7 @@ constexpr StringEntry kEntries[] = {
 
     // custom fine-tuning
     { "custom_sliders_title", "Parameter der Feinabstimmung" },
-    { "custom_reset_defaults", "Standard wiederherstellen" },
+    { "custom_reset_defaults", "Standardwerte wiederherstellen" },
 
     // sliders
     { "slider_mid_target", "Grundwert der Mitteltöne" },
@@ -287,14 +287,14 @@ constexpr StringEntry kEntries[] = {
     // compare window
     { "edr_sdr_banner_title", "⚠️ Aktuelles Display ist SDR (%@)" },
     { "edr_sdr_banner_desc",
-      "Die maximale Leuchtdichte der Hardware liegt bei ca. 350 nits; Ultra HDR-Spitzlichter mit "
+      "Die maximale Leuchtdichte der Hardware liegt bei ca. 350 nits; Ultra-HDR-Spitzlichter mit "
       "1600 nits können physisch nicht dargestellt werden. Clipping-Schutz aktiv. Für volle "
       "Brillanz auf einem HDR-Display betrachten." },
     { "edr_sdr_screen_notice",
-      "SDR-Bildschirm: Ultra HDR-Spitzlichter können hier nicht in voller Helligkeit angezeigt "
+      "SDR-Bildschirm: Ultra-HDR-Spitzlichter können hier nicht in voller Helligkeit angezeigt "
       "werden." },
     { "edr_window_title", "HDR-Vergleich (geteilt)" },
-    { "edr_badge_xdr", "HDR display: 1600 nits (EDR 4.0x)" },
+    { "edr_badge_xdr", "Liquid Retina XDR: 1600 nits (EDR 4.0x)" },
     { "edr_badge_sdr", "Standarddisplay: 500 nits (SDR 1.0x)" },
     { "edr_label_sdr", "Kameraoriginal (SDR)" },
     { "edr_label_hdr", "Ultra HDR (Spitze 1600 nits)" },
@@ -305,8 +305,8 @@ constexpr StringEntry kEntries[] = {
     { "edr_nav_prev", "Zurück (←)" },
     { "edr_nav_next", "Weiter (→)" },
     { "edr_zoom_hint",
-      "Mit zwei Fingern zoomen • Doppelklick: 100 % • Leertaste zum Umschalten • Tab für reine "
-      "Ansicht" },
+      "Zoomen mit zwei Fingern oder Strg+Mausrad • Doppelklick: 100 % • Leertaste zum Umschalten • "
+      "Tab für reine Ansicht" },
     // compare window: viewer tools
     { "edr_no_gl",
       "Der HDR-Betrachter braucht OpenGL, das auf diesem Bildschirm nicht verfügbar ist." },
@@ -316,7 +316,7 @@ constexpr StringEntry kEntries[] = {
     { "edr_zebra_highlights", "Zebra für Lichter ab" },
     { "edr_zebra_shadows", "Zebra für Schatten unter" },
     { "edr_simulate_headroom", "Simulierter Spielraum" },
-    { "edr_pixel_readout", "Pixel %d, %d   R %.3f  G %.3f  B %.3f   (%.2f Blenden)" },
+    { "edr_pixel_readout", "Pixel %d, %d   R %.3f  G %.3f  B %.3f   (%.2f LW)" },
     { "edr_share_copy_path", "Dateipfad kopieren" },
     { "edr_share_open", "Im Standardbetrachter öffnen" },
 
@@ -414,11 +414,11 @@ constexpr StringEntry kEntries[] = {
     { "inspector_iso", "ISO" },
     { "inspector_focal_len", "Brennweite" },
     { "inspector_exp_bias", "Belichtungskorrektur" },
-    { "inspector_sec_hdr", "Ultra HDR-Physik & Gain Map" },
+    { "inspector_sec_hdr", "Ultra-HDR-Physik & Gain Map" },
     { "inspector_peak_stops", "Maximaler Dynamikspielraum" },
     { "inspector_gainmap_spec", "Gain-Map-Standard" },
     { "inspector_faces_detected", "Erkannte Gesichter" },
-    { "inspector_faces_count", "%d Gesicht(er) (40 % Hautdämpfung)" },
+    { "inspector_faces_count", "%d Gesicht(er) (40 % Hautschutz)" },
     { "inspector_faces_none", "Keine (volle Dynamikanhebung)" },
     { "inspector_bayer_clip", "Clipping-Rate des Bayer-Sensors" },
     { "inspector_engine_version", "Algorithmus-Engine" },
@@ -456,7 +456,7 @@ constexpr StringEntry kEntries[] = {
     { "share_copy_path", "Dateipfad kopieren" },
     { "share_open_default", "In Standardanwendung öffnen" },
     { "inspector_gainmap_none", "Keine Gain Map in dieser Datei" },
-    { "inspector_gainmap_detail", "%@ v%@ · %.2f bis %.2f Blenden · %d Kanal/Kanäle" },
+    { "inspector_gainmap_detail", "%@ v%@ · %.2f bis %.2f LW · %d Kanal/Kanäle" },
     { "inspector_display_hdr", "HDR-Display (%.1fx)" },
     { "inspector_display_sdr", "Standard-SDR (1.0x)" },
 
@@ -492,6 +492,9 @@ constexpr StringEntry kEntries[] = {
       "Ihre Softwareverwaltung oder Paketverwaltung (zum Beispiel apt)." },
     { "update_packaged_note",
       "Diese Installation wird über die Paketverwaltung Ihres Systems aktualisiert." },
+    // Label and value in one text, the colon as the language writes it
+    { "metric_elapsed_value", "Laufzeit: %@" },
+    { "hist_peak_value", "Spitzenleuchtdichte: %@" },
 };
 } // namespace
 

@@ -282,7 +282,7 @@ constexpr StringEntry kEntries[] = {
     { "edr_sdr_screen_notice",
       "SDR screen: Ultra HDR highlights cannot be shown at full brightness here." },
     { "edr_window_title", "HDR Split Compare" },
-    { "edr_badge_xdr", "HDR display: 1600 nits (EDR 4.0x)" },
+    { "edr_badge_xdr", "Liquid Retina XDR: 1600 nits (EDR 4.0x)" },
     { "edr_badge_sdr", "Standard Display: 500 nits (SDR 1.0x)" },
     { "edr_label_sdr", "Original Camera (SDR)" },
     { "edr_label_hdr", "Ultra HDR (1600 nits Peak)" },
@@ -292,7 +292,8 @@ constexpr StringEntry kEntries[] = {
     { "edr_mode_sdr", "SDR Only" },
     { "edr_nav_prev", "Previous (←)" },
     { "edr_nav_next", "Next (→)" },
-    { "edr_zoom_hint", "Pinch to zoom • Double-click 100% • Space to toggle • Tab for pure view" },
+    { "edr_zoom_hint",
+      "Pinch or Ctrl+wheel to zoom • Double-click 100% • Space to toggle • Tab for pure view" },
     // compare window: viewer tools
     { "edr_no_gl", "The HDR viewer needs OpenGL, which is not available on this display." },
     { "edr_loading", "Loading photo…" },
@@ -475,6 +476,9 @@ constexpr StringEntry kEntries[] = {
       "This copy of Orvanta was installed as a package of your system. Your software centre or "
       "package manager (apt, for example) installs its new versions." },
     { "update_packaged_note", "This installation is updated by your system's package manager." },
+    // Label and value in one text, the colon as the language writes it
+    { "metric_elapsed_value", "Elapsed: %@" },
+    { "hist_peak_value", "Peak Luminance: %@" },
 };
 } // namespace
 

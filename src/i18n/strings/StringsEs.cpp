@@ -20,7 +20,7 @@ constexpr StringEntry kEntries[] = {
     { "status_scanning", "Analizando las fotos de origen..." },
     { "status_scan_done", "Análisis completado: %d pendientes" },
     { "status_processing_item", "Procesando [%d/%d] %@..." },
-    { "status_item_completed", "Completado [%d/%d] %@ (+%.2fst)" },
+    { "status_item_completed", "Completado [%d/%d] %@ (+%.2f pasos)" },
     { "status_item_failed", "Error [%d/%d] %@" },
     { "status_batch_completed", "Lote completado (correctas: %d, fallidas: %d)" },
     { "status_all_up_to_date",
@@ -103,7 +103,7 @@ constexpr StringEntry kEntries[] = {
 
     // progress metrics
     { "metric_faces", "Rostros: %d" },
-    { "metric_peak_gain", "Ganancia máxima: +%.2fst" },
+    { "metric_peak_gain", "Ganancia máxima: +%.2f pasos" },
     { "metric_bayer_clip", "Recorte del sensor: %.3f %%" },
     { "metric_duration", "Tiempo transcurrido: %.1f s" },
     { "metric_elapsed", "Tiempo transcurrido" },
@@ -202,7 +202,7 @@ constexpr StringEntry kEntries[] = {
       "Orvanta busca una nueva versión una vez al día y te avisa cuando hay una disponible." },
     { "settings_manual_check", "Comprobar manualmente" },
     { "settings_manual_check_desc", "Buscar ahora una nueva versión de Orvanta." },
-    { "settings_tab_about", "Acerca de e información legal" },
+    { "settings_tab_about", "Información y avisos legales" },
     { "settings_about_tagline",
       "Convierte tus pares RAW+JPG en brillantes fotos Ultra HDR, listas para cualquier pantalla "
       "HDR." },
@@ -230,7 +230,7 @@ constexpr StringEntry kEntries[] = {
     { "profile_landscape_title", "Paisaje intenso" },
     { "profile_landscape_desc",
       "Microcontraste realzado y brillo especular para escenas vivas e intensas" },
-    { "profile_cinematic_title", "Película de cine" },
+    { "profile_cinematic_title", "Cinematográfico" },
     { "profile_cinematic_desc",
       "Curva tonal cálida de aspecto fílmico, sombras ricas en detalle y compresión suave de las "
       "altas luces" },
@@ -291,7 +291,7 @@ constexpr StringEntry kEntries[] = {
     { "edr_sdr_screen_notice",
       "Pantalla SDR: aquí no se pueden mostrar las altas luces Ultra HDR con todo su brillo." },
     { "edr_window_title", "Comparación HDR dividida" },
-    { "edr_badge_xdr", "HDR display: 1600 nits (EDR 4.0x)" },
+    { "edr_badge_xdr", "Liquid Retina XDR: 1600 nits (EDR 4.0x)" },
     { "edr_badge_sdr", "Pantalla estándar: 500 nits (SDR 1.0x)" },
     { "edr_label_sdr", "Original de la cámara (SDR)" },
     { "edr_label_hdr", "Ultra HDR (pico de 1600 nits)" },
@@ -302,7 +302,8 @@ constexpr StringEntry kEntries[] = {
     { "edr_nav_prev", "Anterior (←)" },
     { "edr_nav_next", "Siguiente (→)" },
     { "edr_zoom_hint",
-      "Pellizca para ampliar • Doble clic: 100 % • Espacio para alternar • Tab para vista limpia" },
+      "Pellizca o usa Ctrl+rueda para ampliar • Doble clic: 100 % • Espacio para alternar • Tab "
+      "para vista limpia" },
     // compare window: viewer tools
     { "edr_no_gl", "El visor HDR necesita OpenGL, que no está disponible en esta pantalla." },
     { "edr_loading", "Cargando foto…" },
@@ -333,8 +334,8 @@ constexpr StringEntry kEntries[] = {
 
     // profile summary badges
     { "badge_mid", "Medios" },
-    { "badge_power_mid", "Potencia medios" },
-    { "badge_power_hi", "Potencia altas" },
+    { "badge_power_mid", "Curva medios" },
+    { "badge_power_hi", "Curva altas luces" },
     { "badge_chroma", "Croma" },
     { "badge_skin_damp", "Atenuación piel" },
     { "badge_scale", "Escala" },
@@ -455,7 +456,7 @@ constexpr StringEntry kEntries[] = {
     { "share_copy_image", "Copiar imagen" },
     { "share_copy_path", "Copiar ruta del archivo" },
     { "share_open_default", "Abrir en la aplicación predeterminada" },
-    { "inspector_gainmap_none", "Este archivo no tiene gain map" },
+    { "inspector_gainmap_none", "Este archivo no tiene mapa de ganancia" },
     { "inspector_gainmap_detail", "%@ v%@ · %.2f a %.2f pasos · %d canal(es)" },
     { "inspector_display_hdr", "Pantalla HDR (%.1fx)" },
     { "inspector_display_sdr", "SDR estándar (1.0x)" },
@@ -492,6 +493,9 @@ constexpr StringEntry kEntries[] = {
       "gestor de paquetes (por ejemplo, apt) instala sus nuevas versiones." },
     { "update_packaged_note",
       "Esta instalación se actualiza con el gestor de paquetes del sistema." },
+    // Label and value in one text, the colon as the language writes it
+    { "metric_elapsed_value", "Tiempo transcurrido: %@" },
+    { "hist_peak_value", "Luminancia máxima: %@" },
 };
 } // namespace
 

@@ -18,21 +18,21 @@ constexpr StringEntry kEntries[] = {
     { "status_processing", "Procesando..." },
     { "status_failed", "Fallido" },
     { "status_scanning", "Analyse des photos sources..." },
-    { "status_scan_done", "Analyse terminée : %d en attente" },
+    { "status_scan_done", "Analyse terminée : %d en attente" },
     { "status_processing_item", "Traitement [%d/%d] %@..." },
-    { "status_item_completed", "Terminé [%d/%d] %@ (+%.2fst)" },
+    { "status_item_completed", "Terminé [%d/%d] %@ (+%.2f IL)" },
     { "status_item_failed", "Échec [%d/%d] %@" },
-    { "status_batch_completed", "Lot terminé (réussites : %d, échecs : %d)" },
+    { "status_batch_completed", "Lot terminé (réussites : %d, échecs : %d)" },
     { "status_all_up_to_date",
       "Toutes les photos sont déjà à jour (%d ignorée(s), aucun fichier en attente)" },
     { "status_cancelled", "Annulé par l'utilisateur" },
     { "status_cancelling", "Arrêt en cours..." },
     { "status_dryrun_completed",
-      "Simulation terminée : %d au total, %d en attente, %d ignorée(s)" },
+      "Simulation terminée : %d au total, %d en attente, %d ignorée(s)" },
     { "status_abnormal", "Arrêt anormal (code de sortie %d)" },
 
     // tabs
-    { "tab_live_run", "Lot en direct" },
+    { "tab_live_run", "Traitement en cours" },
     { "tab_history", "Historique et quarantaine" },
 
     // footer
@@ -90,7 +90,7 @@ constexpr StringEntry kEntries[] = {
     { "opt_dry_run", "Mode simulation" },
     { "opt_dry_run_help",
       "Analyse le dossier source et indique ce qui serait traité, sans écrire aucun fichier" },
-    { "opt_single_stem", "Cible unique :" },
+    { "opt_single_stem", "Cible unique :" },
     { "opt_single_stem_placeholder", "ex. DSC04223 (facultatif)" },
 
     // progress card
@@ -103,10 +103,10 @@ constexpr StringEntry kEntries[] = {
     { "menu_quit", "Quitter Orvanta" },
 
     // progress metrics
-    { "metric_faces", "Visages : %d" },
-    { "metric_peak_gain", "Gain de crête : +%.2fst" },
-    { "metric_bayer_clip", "Écrêtage capteur : %.3f %%" },
-    { "metric_duration", "Temps écoulé : %.1f s" },
+    { "metric_faces", "Visages : %d" },
+    { "metric_peak_gain", "Gain de crête : +%.2f IL" },
+    { "metric_bayer_clip", "Écrêtage capteur : %.3f %%" },
+    { "metric_duration", "Temps écoulé : %.1f s" },
     { "metric_elapsed", "Temps écoulé" },
     { "metric_throughput_speed", "%.1f s / photo" },
 
@@ -116,7 +116,7 @@ constexpr StringEntry kEntries[] = {
     { "console_clear", "Effacer" },
     { "console_waiting", "En attente de la sortie du moteur..." },
     { "console_copy_all", "Tout copier" },
-    { "console_copied", "Copié !" },
+    { "console_copied", "Copié !" },
 
     // dashboard figures
     { "kpi_total_processed", "Total traité" },
@@ -168,7 +168,7 @@ constexpr StringEntry kEntries[] = {
     { "settings_workers_desc",
       "En mode Auto, le moteur choisit le nombre de processus parallèles en fonction des cœurs de "
       "processeur et de la mémoire disponibles. Avec davantage de processus, un lot se termine "
-      "plus vite, mais consomme plus de mémoire." },
+      "plus vite, mais la consommation de mémoire augmente." },
     { "settings_throttle_label", "Limitation dynamique selon la pression mémoire" },
     { "settings_throttle_desc",
       "Ralentit le moteur lorsque le système manque de mémoire, afin que les longs lots restent "
@@ -184,7 +184,7 @@ constexpr StringEntry kEntries[] = {
     { "settings_btn_open_logs", "Afficher les journaux dans le gestionnaire de fichiers" },
     { "settings_btn_open_db", "Afficher la base d'état dans le gestionnaire de fichiers" },
     { "settings_core_hardened",
-      "Cœur renforcé : le moteur s'exécute dans son propre processus, et chaque photo terminée est "
+      "Cœur renforcé : le moteur s'exécute dans son propre processus, et chaque photo terminée est "
       "enregistrée dans la base de données d'état." },
     { "settings_styles_desc",
       "Choisissez un profil de rendu Ultra HDR adapté à votre genre photographique. Le profil "
@@ -214,8 +214,8 @@ constexpr StringEntry kEntries[] = {
       "Orvanta repose sur ces projets open source. Un grand merci à leurs auteurs et à leurs "
       "communautés." },
     // settings window: naming template warnings and the updates page
-    { "export_warning_forbidden_chars", "Caractères interdits dans les noms de fichiers : %@" },
-    { "export_warning_unknown_placeholders", "Variables inconnues, recopiées telles quelles : %@" },
+    { "export_warning_forbidden_chars", "Caractères interdits dans les noms de fichiers : %@" },
+    { "export_warning_unknown_placeholders", "Variables inconnues, recopiées telles quelles : %@" },
     { "settings_updates_unavailable",
       "La recherche de mises à jour n'est pas configurée dans cette version d'Orvanta." },
 
@@ -234,7 +234,7 @@ constexpr StringEntry kEntries[] = {
     { "profile_landscape_title", "Paysage percutant" },
     { "profile_landscape_desc",
       "Microcontraste renforcé et éclat spéculaire pour des scènes vives et percutantes" },
-    { "profile_cinematic_title", "Film cinéma" },
+    { "profile_cinematic_title", "Cinéma argentique" },
     { "profile_cinematic_desc",
       "Courbe tonale argentique chaude, ombres riches en détails et compression douce des hautes "
       "lumières" },
@@ -245,7 +245,7 @@ constexpr StringEntry kEntries[] = {
 
     // custom fine-tuning
     { "custom_sliders_title", "Paramètres de réglage fin" },
-    { "custom_reset_defaults", "Rétablir par défaut" },
+    { "custom_reset_defaults", "Rétablir les valeurs par défaut" },
 
     // sliders
     { "slider_mid_target", "Niveau de base des tons moyens" },
@@ -260,8 +260,8 @@ constexpr StringEntry kEntries[] = {
     { "drop_overlay_title", "Déposez des photos ou des dossiers ici" },
     { "drop_overlay_subtitle",
       "Déposez des dossiers RAW/JPG ou des fichiers photo sélectionnés pour les charger" },
-    { "drop_success_folder", "Dossier source chargé : %@" },
-    { "drop_success_photos", "%d photo(s) chargée(s) : %@" },
+    { "drop_success_folder", "Dossier source chargé : %@" },
+    { "drop_success_photos", "%d photo(s) chargée(s) : %@" },
 
     // filters
     { "filter_all", "Toutes" },
@@ -289,15 +289,15 @@ constexpr StringEntry kEntries[] = {
     // compare window
     { "edr_sdr_banner_title", "⚠️ L'écran actuel est SDR (%@)" },
     { "edr_sdr_banner_desc",
-      "La luminance maximale de cet écran est d'environ 350 nits : il ne peut pas restituer "
+      "La luminance maximale de cet écran est d'environ 350 nits : il ne peut pas restituer "
       "physiquement les hautes lumières Ultra HDR à 1600 nits. Anti-écrêtage actif. Affichez "
       "l'image sur un écran HDR pour profiter de tout son éclat." },
     { "edr_sdr_screen_notice",
-      "Écran SDR : les hautes lumières Ultra HDR ne peuvent pas être affichées ici à pleine "
+      "Écran SDR : les hautes lumières Ultra HDR ne peuvent pas être affichées ici à pleine "
       "luminosité." },
     { "edr_window_title", "Comparaison HDR scindée" },
-    { "edr_badge_xdr", "HDR display: 1600 nits (EDR 4.0x)" },
-    { "edr_badge_sdr", "Écran standard : 500 nits (SDR 1.0x)" },
+    { "edr_badge_xdr", "Liquid Retina XDR: 1600 nits (EDR 4.0x)" },
+    { "edr_badge_sdr", "Écran standard : 500 nits (SDR 1.0x)" },
     { "edr_label_sdr", "Original de l'appareil (SDR)" },
     { "edr_label_hdr", "Ultra HDR (crête à 1600 nits)" },
     { "edr_drag_hint", "Faites glisser le curseur pour comparer • Espace pour basculer" },
@@ -307,12 +307,13 @@ constexpr StringEntry kEntries[] = {
     { "edr_nav_prev", "Précédente (←)" },
     { "edr_nav_next", "Suivante (→)" },
     { "edr_zoom_hint",
-      "Pincez pour zoomer • Double-clic : 100 % • Espace pour basculer • Tab pour la vue épurée" },
+      "Pincez ou Ctrl+molette pour zoomer • Double-clic : 100 % • Espace pour basculer • Tab pour "
+      "la vue épurée" },
     // compare window: viewer tools
     { "edr_no_gl", "La visionneuse HDR nécessite OpenGL, qui n'est pas disponible sur cet écran." },
     { "edr_loading", "Chargement de la photo…" },
     { "edr_sdr_from_hdr",
-      "JPEG de l'appareil absent : la partie gauche montre l'image SDR propre au fichier Ultra "
+      "JPEG de l'appareil absent : la partie gauche montre l'image SDR propre au fichier Ultra "
       "HDR." },
     { "edr_zebra_highlights", "Zébras des hautes lumières dès" },
     { "edr_zebra_shadows", "Zébras des ombres sous" },
@@ -322,11 +323,11 @@ constexpr StringEntry kEntries[] = {
     { "edr_share_open", "Ouvrir dans la visionneuse par défaut" },
 
     // SDR render mode
-    { "sdr_mode_label", "Mode de rendu SDR :" },
+    { "sdr_mode_label", "Mode de rendu SDR :" },
     { "sdr_mode_natural_hint",
-      "Standard : affiche l'image SDR de base, propre et sans écrêtage brutal" },
+      "Standard : affiche l'image SDR de base, propre et sans écrêtage brutal" },
     { "sdr_mode_filmic_hint",
-      "Compression filmique des hautes lumières : fait ressortir les nuages et la texture des "
+      "Compression filmique des hautes lumières : fait ressortir les nuages et la texture des "
       "hautes lumières en SDR" },
     { "sdr_mode_natural", "SDR naturel" },
     { "sdr_mode_filmic", "Transition filmique" },
@@ -361,7 +362,7 @@ constexpr StringEntry kEntries[] = {
 
     // console messages
     { "log_volume_insufficient",
-      "Le volume de stockage cible manque d'espace ou est indisponible : [%@]" },
+      "Le volume de stockage cible manque d'espace ou est indisponible : [%@]" },
     { "log_dry_run_activated",
       "Modo de simulación activado: escaneo rápido sin escritura en disco." },
     { "log_engine_start_failed", "Impossible de démarrer le moteur de traitement" },
@@ -370,7 +371,7 @@ constexpr StringEntry kEntries[] = {
     { "tag_rating", "Note" },
 
     // labels
-    { "lbl_rating_filter", "Filtre de note :" },
+    { "lbl_rating_filter", "Filtre de note :" },
     { "lbl_rating_filter_help",
       "Ne traiter que les photos dont la note est égale ou supérieure au nombre d'étoiles "
       "sélectionné" },
@@ -383,15 +384,15 @@ constexpr StringEntry kEntries[] = {
     { "recipes_name_placeholder", "Nom de la recette (ex. Contre-jour au couchant)" },
     { "recipes_empty_hint",
       "Aucune recette personnalisée pour l'instant. Ajustez les curseurs ci-dessus et cliquez sur "
-      "« Enregistrer comme recette » pour conserver votre style." },
+      "« Enregistrer comme recette » pour conserver votre style." },
     { "recipes_apply", "Appliquer" },
-    { "recipes_applied", "Recette chargée : %@" },
+    { "recipes_applied", "Recette chargée : %@" },
     { "recipes_rename", "Renommer" },
     { "recipes_rename_dialog_title", "Renommer la recette" },
     { "recipes_delete", "Supprimer" },
     { "recipes_export_all", "Exporter les recettes..." },
     { "recipes_import", "Importer des recettes..." },
-    { "recipes_imported_success", "%d recette(s) importée(s) avec succès !" },
+    { "recipes_imported_success", "%d recette(s) importée(s) avec succès !" },
     { "recipes_btn_save", "Enregistrer" },
     { "recipes_btn_cancel", "Annuler" },
 
@@ -399,7 +400,7 @@ constexpr StringEntry kEntries[] = {
     { "export_naming_title", "Nommage à l'export et organisation en sous-dossiers" },
     { "export_naming_template", "Modèle de nom" },
     { "export_template_help",
-      "Variables disponibles : {original}, {profile}, {date}, {camera}, {rating}" },
+      "Variables disponibles : {original}, {profile}, {date}, {camera}, {rating}" },
     { "export_preview_label", "Aperçu en direct" },
     { "export_subfolder_rule", "Organisation en sous-dossiers" },
 
@@ -422,7 +423,7 @@ constexpr StringEntry kEntries[] = {
     { "inspector_peak_stops", "Marge dynamique maximale" },
     { "inspector_gainmap_spec", "Norme de carte de gain" },
     { "inspector_faces_detected", "Visages détectés" },
-    { "inspector_faces_count", "%d visage(s) (atténuation de la peau : 40 %)" },
+    { "inspector_faces_count", "%d visage(s) (atténuation de la peau : 40 %)" },
     { "inspector_faces_none", "Aucun (amplification dynamique complète)" },
     { "inspector_bayer_clip", "Taux d'écrêtage du capteur Bayer" },
     { "inspector_engine_version", "Moteur algorithmique" },
@@ -453,14 +454,14 @@ constexpr StringEntry kEntries[] = {
     { "hist_peak", "Luminance de crête" },
 
     // history table, share menu and inspector (ui/history)
-    { "history_delete_confirm_title", "Supprimer %d entrées de l'historique ?" },
+    { "history_delete_confirm_title", "Supprimer %d entrées de l'historique ?" },
     { "history_delete_confirm_desc",
-      "Les fichiers photo restent sur le disque ; seules leurs entrées d'historique sont "
+      "Les fichiers photo restent sur le disque ; seules leurs entrées d'historique sont "
       "supprimées." },
     { "share_copy_image", "Copier l'image" },
     { "share_copy_path", "Copier le chemin du fichier" },
     { "share_open_default", "Ouvrir dans l'application par défaut" },
-    { "inspector_gainmap_none", "Aucune gain map dans ce fichier" },
+    { "inspector_gainmap_none", "Aucune carte de gain dans ce fichier" },
     { "inspector_gainmap_detail", "%@ v%@ · %.2f à %.2f IL · %d canal/canaux" },
     { "inspector_display_hdr", "Écran HDR (%.1fx)" },
     { "inspector_display_sdr", "SDR standard (1.0x)" },
@@ -470,8 +471,8 @@ constexpr StringEntry kEntries[] = {
     { "donate_title", "Merci d'utiliser Orvanta" },
     { "donate_desc",
       "Orvanta est conçu par un développeur indépendant qui tient à vos photos autant que vous. "
-      "Chaque don aide à garder Orvanta gratuit et activement développé. Merci pour votre soutien "
-      "!" },
+      "Chaque don aide à garder Orvanta gratuit et activement développé. Merci pour votre "
+      "soutien !" },
     { "donate_btn_open", "Ouvrir la page de don" },
     { "donate_btn_later", "Plus tard" },
 
@@ -498,6 +499,9 @@ constexpr StringEntry kEntries[] = {
       "votre gestionnaire de paquets (apt, par exemple) en installe les nouvelles versions." },
     { "update_packaged_note",
       "Cette installation est mise à jour par le gestionnaire de paquets de votre système." },
+    // Label and value in one text, the colon as the language writes it
+    { "metric_elapsed_value", "Temps écoulé : %@" },
+    { "hist_peak_value", "Luminance de crête : %@" },
 };
 } // namespace
 

@@ -18,15 +18,15 @@ constexpr StringEntry kEntries[] = {
     { "status_processing", "Procesando..." },
     { "status_failed", "Fallido" },
     { "status_scanning", "元画像をスキャン中..." },
-    { "status_scan_done", "スキャン完了: 未処理 %d 件" },
+    { "status_scan_done", "スキャン完了：未処理 %d 件" },
     { "status_processing_item", "処理中 [%d/%d] %@..." },
     { "status_item_completed", "完了 [%d/%d] %@ (+%.2fst)" },
     { "status_item_failed", "失敗 [%d/%d] %@" },
-    { "status_batch_completed", "バッチ処理完了（成功: %d、失敗: %d）" },
+    { "status_batch_completed", "バッチ処理完了（成功：%d、失敗：%d）" },
     { "status_all_up_to_date", "すべて最新の状態です（%d 件スキップ、未処理ファイルなし）" },
     { "status_cancelled", "ユーザーによって中止されました" },
     { "status_cancelling", "停止中..." },
-    { "status_dryrun_completed", "ドライラン完了: 合計 %d 件、未処理 %d 件、スキップ %d 件" },
+    { "status_dryrun_completed", "ドライラン完了：合計 %d 件、未処理 %d 件、スキップ %d 件" },
     { "status_abnormal", "異常終了しました（終了コード %d）" },
 
     // tabs
@@ -53,7 +53,7 @@ constexpr StringEntry kEntries[] = {
     { "btn_start_batch", "バッチ開始" },
     { "btn_stop", "処理を停止" },
     { "btn_refresh", "更新" },
-    { "btn_settings", "環境設定 (Ctrl+,)" },
+    { "btn_settings", "環境設定（Ctrl+,）" },
     { "btn_done", "完了" },
     { "btn_custom_columns", "列のカスタマイズ" },
     { "btn_select_all", "すべて選択" },
@@ -63,8 +63,8 @@ constexpr StringEntry kEntries[] = {
     { "btn_toggle_console", "コンソールログ" },
     { "btn_clear_console", "コンソールをクリア" },
     { "btn_xdr_compare_pill", "HDR 比較" },
-    { "btn_zebra", "ゼブラ (Z)" },
-    { "btn_histogram", "ヒストグラム (H)" },
+    { "btn_zebra", "ゼブラ（Z）" },
+    { "btn_histogram", "ヒストグラム（H）" },
     { "btn_check_now", "今すぐ確認" },
     { "btn_close", "閉じる" },
     { "btn_ok", "OK" },
@@ -86,23 +86,23 @@ constexpr StringEntry kEntries[] = {
     { "opt_dry_run", "ドライランモード" },
     { "opt_dry_run_help",
       "ソースフォルダーをスキャンして処理対象を報告します。ファイルは一切書き込みません" },
-    { "opt_single_stem", "単一ファイル指定:" },
-    { "opt_single_stem_placeholder", "例: DSC04223（任意）" },
+    { "opt_single_stem", "単一ファイル指定：" },
+    { "opt_single_stem_placeholder", "例：DSC04223（任意）" },
 
     // progress card
     { "card_processing", "バッチ処理中" },
     { "card_idle", "待機中" },
-    { "card_pairs_found", "%d 組のペアを検出" },
+    { "card_pairs_found", "%d 組を検出" },
     { "card_progress_ratio", "[%d / %d]  %d%%" },
     // main window: time left in the running batch, quitting
     { "card_time_left", "残り %@" },
     { "menu_quit", "Orvanta を終了" },
 
     // progress metrics
-    { "metric_faces", "顔: %d" },
-    { "metric_peak_gain", "ピークゲイン: +%.2fst" },
-    { "metric_bayer_clip", "センサー飽和: %.3f%%" },
-    { "metric_duration", "経過時間: %.1f 秒" },
+    { "metric_faces", "顔：%d" },
+    { "metric_peak_gain", "ピークゲイン：+%.2fst" },
+    { "metric_bayer_clip", "センサー飽和：%.3f%%" },
+    { "metric_duration", "経過時間：%.1f 秒" },
     { "metric_elapsed", "経過時間" },
     { "metric_throughput_speed", "%.1f 秒/枚" },
 
@@ -125,10 +125,10 @@ constexpr StringEntry kEntries[] = {
     { "unit_ultra_hdr", "Ultra HDR" },
     { "unit_attention_needed", "要確認" },
     { "unit_sec_per_photo", "秒/枚" },
-    { "unit_faces", "%d 人の顔" },
+    { "unit_faces", "顔 %d" },
 
     // history
-    { "history_search_placeholder", "ファイル名で検索（例: DSC04223）..." },
+    { "history_search_placeholder", "ファイル名で検索（例：DSC04223）..." },
     { "history_empty", "処理履歴がありません" },
     { "history_loading_more", "さらに写真を読み込み中..." },
     { "history_all_loaded", "全 %d 枚の写真を読み込みました" },
@@ -138,7 +138,7 @@ constexpr StringEntry kEntries[] = {
 
     // actions
     { "action_reveal_finder", "ファイルマネージャーで表示" },
-    { "action_quicklook", "クイックプレビュー (スペース)" },
+    { "action_quicklook", "クイックプレビュー（スペース）" },
     { "action_file_offline", "ファイルがオフライン" },
     { "action_view_error", "エラーの詳細を表示" },
     { "action_switch_language", "言語を変更" },
@@ -180,9 +180,8 @@ constexpr StringEntry kEntries[] = {
     { "settings_btn_open_logs", "ログをファイルマネージャーで表示" },
     { "settings_btn_open_db", "状態 DB をファイルマネージャーで表示" },
     { "settings_core_hardened",
-      "堅牢なコア: "
-      "エンジンは独立したプロセスで動作し、処理を終えた写真はすべて状態データベースに記録されます"
-      "。" },
+      "堅牢なコア：エンジンは独立したプロセスで動作し、処理を終えた写真はすべて状態データベースに記"
+      "録されます。" },
     { "settings_styles_desc",
       "撮影ジャンルに合わせた Ultra HDR "
       "レンダリングプロファイルを選択してください。選択したプロファイルは、以降のすべてのバッチ処理"
@@ -248,15 +247,15 @@ constexpr StringEntry kEntries[] = {
     { "slider_power_mid", "中間調コントラスト" },
     { "slider_power_hi", "ハイライトロールオフの滑らかさ" },
     { "slider_chroma_boost", "ハイライトの彩度" },
-    { "slider_skin_damp", "AI 肌色ナチュラル保護" },
+    { "slider_skin_damp", "AI 肌色保護" },
     { "slider_max", "最大" },
 
     // drag and drop
     { "drop_hint_source", "ドロップしてソースフォルダーに設定" },
     { "drop_overlay_title", "写真またはフォルダーをここにドロップ" },
     { "drop_overlay_subtitle", "RAW/JPG フォルダーまたは写真ファイルをドロップして読み込みます" },
-    { "drop_success_folder", "ソースフォルダーを読み込みました: %@" },
-    { "drop_success_photos", "%d 枚の写真を読み込みました: %@" },
+    { "drop_success_folder", "ソースフォルダーを読み込みました：%@" },
+    { "drop_success_photos", "%d 枚の写真を読み込みました：%@" },
 
     // filters
     { "filter_all", "すべて" },
@@ -288,38 +287,39 @@ constexpr StringEntry kEntries[] = {
       "のハイライトを物理的に表示できません。クリッピング防止が有効です。本来の輝きは HDR "
       "ディスプレイでご覧ください。" },
     { "edr_sdr_screen_notice",
-      "SDR 画面: ここでは Ultra HDR のハイライトを本来の明るさで表示できません。" },
+      "SDR 画面：ここでは Ultra HDR のハイライトを本来の明るさで表示できません。" },
     { "edr_window_title", "HDR 分割比較" },
-    { "edr_badge_xdr", "HDR display: 1600 nits (EDR 4.0x)" },
-    { "edr_badge_sdr", "標準ディスプレイ: 500 nits (SDR 1.0x)" },
-    { "edr_label_sdr", "カメラオリジナル (SDR)" },
+    { "edr_badge_xdr", "Liquid Retina XDR: 1600 nits (EDR 4.0x)" },
+    { "edr_badge_sdr", "標準ディスプレイ：500 nits (SDR 1.0x)" },
+    { "edr_label_sdr", "カメラオリジナル（SDR）" },
     { "edr_label_hdr", "Ultra HDR（ピーク 1600 nits）" },
     { "edr_drag_hint", "スライダーをドラッグして比較 • スペースキーで切り替え" },
     { "edr_mode_split", "分割表示" },
     { "edr_mode_hdr", "Ultra HDR のみ" },
     { "edr_mode_sdr", "SDR のみ" },
-    { "edr_nav_prev", "前へ (←)" },
-    { "edr_nav_next", "次へ (→)" },
+    { "edr_nav_prev", "前へ（←）" },
+    { "edr_nav_next", "次へ（→）" },
     { "edr_zoom_hint",
-      "ピンチでズーム • ダブルクリックで 100% 表示 • スペースキーで切り替え • Tab で画像のみ表示" },
+      "ピンチまたは Ctrl+ホイールでズーム • ダブルクリックで 100% 表示 • スペースキーで切り替え • "
+      "Tab で画像のみ表示" },
     // compare window: viewer tools
-    { "edr_no_gl", "HDR ビューアには OpenGL が必要ですが、このディスプレイでは利用できません。" },
+    { "edr_no_gl", "HDR ビューアーには OpenGL が必要ですが、このディスプレイでは利用できません。" },
     { "edr_loading", "写真を読み込み中…" },
     { "edr_sdr_from_hdr",
       "カメラの JPEG がありません：左側には Ultra HDR ファイル自身の SDR 画像を表示しています。" },
-    { "edr_zebra_highlights", "ハイライトのゼブラ：" },
-    { "edr_zebra_shadows", "シャドウのゼブラ：" },
+    { "edr_zebra_highlights", "ハイライトのゼブラ（以上）" },
+    { "edr_zebra_shadows", "シャドウのゼブラ（未満）" },
     { "edr_simulate_headroom", "擬似ヘッドルーム" },
     { "edr_pixel_readout", "ピクセル %d, %d   R %.3f  G %.3f  B %.3f   (%.2f 段)" },
     { "edr_share_copy_path", "ファイルパスをコピー" },
-    { "edr_share_open", "既定のビューアで開く" },
+    { "edr_share_open", "既定のビューアーで開く" },
 
     // SDR render mode
-    { "sdr_mode_label", "SDR レンダリングモード:" },
+    { "sdr_mode_label", "SDR レンダリングモード：" },
     { "sdr_mode_natural_hint",
-      "標準: クリーンな SDR ベース画像を表示し、強いクリッピングを避けます" },
+      "標準：クリーンな SDR ベース画像を表示し、強いクリッピングを避けます" },
     { "sdr_mode_filmic_hint",
-      "フィルム調ロールオフ圧縮: SDR でもハイライト部の雲や質感を再現します" },
+      "フィルム調ロールオフ圧縮：SDR でもハイライト部の雲や質感を再現します" },
     { "sdr_mode_natural", "ナチュラル SDR" },
     { "sdr_mode_filmic", "フィルム調ロールオフ" },
 
@@ -353,7 +353,7 @@ constexpr StringEntry kEntries[] = {
 
     // console messages
     { "log_volume_insufficient",
-      "保存先ボリュームの空き容量が不足しているか、利用できません: [%@]" },
+      "保存先ボリュームの空き容量が不足しているか、利用できません：[%@]" },
     { "log_dry_run_activated",
       "Modo de simulación activado: escaneo rápido sin escritura en disco." },
     { "log_engine_start_failed", "処理エンジンを起動できませんでした" },
@@ -362,7 +362,7 @@ constexpr StringEntry kEntries[] = {
     { "tag_rating", "レーティング" },
 
     // labels
-    { "lbl_rating_filter", "レーティングフィルター:" },
+    { "lbl_rating_filter", "レーティングフィルター：" },
     { "lbl_rating_filter_help", "選択した星の数以上のレーティングが付いた写真のみを処理します" },
 
     // recipes
@@ -370,12 +370,12 @@ constexpr StringEntry kEntries[] = {
     { "recipes_section_my", "マイレシピ" },
     { "recipes_save_as", "レシピとして保存..." },
     { "recipes_save_dialog_title", "プリセットレシピとして保存" },
-    { "recipes_name_placeholder", "レシピ名（例: 夕日の逆光）" },
+    { "recipes_name_placeholder", "レシピ名（例：夕日の逆光）" },
     { "recipes_empty_hint",
       "カスタムレシピはまだありません。上のスライダーを調整し、「レシピとして保存」をクリックして、"
       "あなただけのスタイルを保存しましょう。" },
     { "recipes_apply", "適用" },
-    { "recipes_applied", "レシピを読み込みました: %@" },
+    { "recipes_applied", "レシピを読み込みました：%@" },
     { "recipes_rename", "名前を変更" },
     { "recipes_rename_dialog_title", "レシピ名の変更" },
     { "recipes_delete", "削除" },
@@ -389,15 +389,15 @@ constexpr StringEntry kEntries[] = {
     { "export_naming_title", "書き出し時のファイル名とサブフォルダー構成" },
     { "export_naming_template", "ファイル名テンプレート" },
     { "export_template_help",
-      "使用できるプレースホルダー: {original}, {profile}, {date}, {camera}, {rating}" },
+      "使用できるプレースホルダー：{original}, {profile}, {date}, {camera}, {rating}" },
     { "export_preview_label", "ライブプレビュー" },
     { "export_subfolder_rule", "サブフォルダー構成" },
 
     // subfolder rules
     { "subfolder_rule_none", "なし（書き出し先フォルダーに直接保存）" },
-    { "subfolder_rule_by_date", "撮影日別 (YYYY-MM-DD/)" },
-    { "subfolder_rule_by_rating", "レーティング別 (5_Stars/, 4_Stars/)" },
-    { "subfolder_rule_by_profile", "スタイルプロファイル別 (Portrait/, Landscape/)" },
+    { "subfolder_rule_by_date", "撮影日別（YYYY-MM-DD/）" },
+    { "subfolder_rule_by_rating", "レーティング別（5_Stars/, 4_Stars/）" },
+    { "subfolder_rule_by_profile", "スタイルプロファイル別（Portrait/, Landscape/）" },
 
     // inspector
     { "inspector_title", "メタデータと HDR のインスペクター" },
@@ -451,7 +451,7 @@ constexpr StringEntry kEntries[] = {
     { "share_open_default", "既定のアプリケーションで開く" },
     { "inspector_gainmap_none", "このファイルにはゲインマップがありません" },
     { "inspector_gainmap_detail", "%@ v%@ · %.2f〜%.2f 段 · %d チャンネル" },
-    { "inspector_display_hdr", "HDR ディスプレイ (%.1fx)" },
+    { "inspector_display_hdr", "HDR ディスプレイ（%.1fx）" },
     { "inspector_display_sdr", "標準 SDR (1.0x)" },
 
     // donation sheet
@@ -486,6 +486,9 @@ constexpr StringEntry kEntries[] = {
       "またはパッケージマネージャー（apt など）からインストールされます。" },
     { "update_packaged_note",
       "このインストールはシステムのパッケージマネージャーで更新されます。" },
+    // Label and value in one text, the colon as the language writes it
+    { "metric_elapsed_value", "経過時間：%@" },
+    { "hist_peak_value", "ピーク輝度：%@" },
 };
 } // namespace
 

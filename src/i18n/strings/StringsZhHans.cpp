@@ -53,7 +53,7 @@ constexpr StringEntry kEntries[] = {
     { "btn_start_batch", "开始批处理" },
     { "btn_stop", "停止处理" },
     { "btn_refresh", "刷新" },
-    { "btn_settings", "偏好设置 (Ctrl+,)" },
+    { "btn_settings", "偏好设置（Ctrl+,）" },
     { "btn_done", "完成" },
     { "btn_custom_columns", "自定义列" },
     { "btn_select_all", "全选" },
@@ -63,8 +63,8 @@ constexpr StringEntry kEntries[] = {
     { "btn_toggle_console", "控制台日志" },
     { "btn_clear_console", "清空控制台" },
     { "btn_xdr_compare_pill", "HDR 对比" },
-    { "btn_zebra", "斑马纹 (Z)" },
-    { "btn_histogram", "直方图 (H)" },
+    { "btn_zebra", "斑马纹（Z）" },
+    { "btn_histogram", "直方图（H）" },
     { "btn_check_now", "立即检查" },
     { "btn_close", "关闭" },
     { "btn_ok", "确定" },
@@ -137,7 +137,7 @@ constexpr StringEntry kEntries[] = {
 
     // actions
     { "action_reveal_finder", "在文件管理器中显示" },
-    { "action_quicklook", "快速预览 (空格键)" },
+    { "action_quicklook", "快速预览（空格键）" },
     { "action_file_offline", "文件离线" },
     { "action_view_error", "查看错误详情" },
     { "action_switch_language", "切换语言" },
@@ -267,7 +267,7 @@ constexpr StringEntry kEntries[] = {
       "HDR 显示器上查看，以获得完整的光彩效果。" },
     { "edr_sdr_screen_notice", "SDR 屏幕：此处无法以全亮度显示 Ultra HDR 高光。" },
     { "edr_window_title", "HDR 分屏对比" },
-    { "edr_badge_xdr", "HDR display: 1600 nits (EDR 4.0x)" },
+    { "edr_badge_xdr", "Liquid Retina XDR: 1600 nits (EDR 4.0x)" },
     { "edr_badge_sdr", "标准显示器：500 nits（SDR 1.0x）" },
     { "edr_label_sdr", "相机原片（SDR）" },
     { "edr_label_hdr", "Ultra HDR（峰值 1600 nits）" },
@@ -275,18 +275,18 @@ constexpr StringEntry kEntries[] = {
     { "edr_mode_split", "分屏视图" },
     { "edr_mode_hdr", "仅 Ultra HDR" },
     { "edr_mode_sdr", "仅 SDR" },
-    { "edr_nav_prev", "上一张 (←)" },
-    { "edr_nav_next", "下一张 (→)" },
-    { "edr_zoom_hint", "双指捏合缩放 • 双击 100% • 空格键切换 • Tab 键进入纯净视图" },
+    { "edr_nav_prev", "上一张（←）" },
+    { "edr_nav_next", "下一张（→）" },
+    { "edr_zoom_hint", "双指捏合或 Ctrl+滚轮缩放 • 双击 100% • 空格键切换 • Tab 键进入纯净视图" },
     // compare window: viewer tools
     { "edr_no_gl", "HDR 查看器需要 OpenGL，但此显示器上不可用。" },
-    { "edr_loading", "正在载入照片…" },
+    { "edr_loading", "正在加载照片…" },
     { "edr_sdr_from_hdr", "缺少相机 JPEG：左侧显示的是 Ultra HDR 文件自带的 SDR 图像。" },
     { "edr_zebra_highlights", "高光斑马纹起点" },
     { "edr_zebra_shadows", "阴影斑马纹低于" },
     { "edr_simulate_headroom", "模拟余量" },
     { "edr_pixel_readout", "像素 %d, %d   R %.3f  G %.3f  B %.3f   (%.2f 档)" },
-    { "edr_share_copy_path", "拷贝文件路径" },
+    { "edr_share_copy_path", "复制文件路径" },
     { "edr_share_open", "在默认查看器中打开" },
 
     // SDR render mode
@@ -420,15 +420,15 @@ constexpr StringEntry kEntries[] = {
     { "share_open_default", "用默认应用程序打开" },
     { "inspector_gainmap_none", "此文件不含增益图" },
     { "inspector_gainmap_detail", "%@ v%@ · %.2f 至 %.2f 档 · %d 个通道" },
-    { "inspector_display_hdr", "HDR 显示器 (%.1fx)" },
+    { "inspector_display_hdr", "HDR 显示器（%.1fx）" },
     { "inspector_display_sdr", "标准 SDR (1.0x)" },
 
     // donation sheet
     { "menu_sponsor", "支持并赞助 Orvanta…" },
     { "donate_title", "感谢您使用 Orvanta" },
     { "donate_desc",
-      "Orvanta 由一位独立开发者精心打造，对您照片的珍视不亚于您自己。每一笔捐赠都能帮助 Orvanta "
-      "保持免费并持续开发。感谢您的支持！" },
+      "Orvanta 由一位独立开发者由一位和您一样珍视照片的独立开发者精心打造。每一笔捐赠都能帮助 "
+      "Orvanta 保持免费并持续开发。感谢您的支持！" },
     { "donate_btn_open", "打开捐赠页面" },
     { "donate_btn_later", "以后再说" },
 
@@ -447,6 +447,9 @@ constexpr StringEntry kEntries[] = {
     { "update_packaged_body",
       "此 Orvanta 作为系统软件包安装，新版本由软件中心或软件包管理器（如 apt）安装。" },
     { "update_packaged_note", "此安装由系统的软件包管理器负责更新。" },
+    // Label and value in one text, the colon as the language writes it
+    { "metric_elapsed_value", "耗时：%@" },
+    { "hist_peak_value", "峰值亮度：%@" },
 };
 } // namespace
 

@@ -31,7 +31,7 @@ constexpr StringEntry kEntries[] = {
 
     // tabs
     { "tab_live_run", "即時批次處理" },
-    { "tab_history", "歷史記錄與隔離區" },
+    { "tab_history", "歷史紀錄與隔離區" },
 
     // footer
     { "footer_storage_safe", "%@ 已掛載，狀態良好（可用空間 %.1f GB）" },
@@ -53,7 +53,7 @@ constexpr StringEntry kEntries[] = {
     { "btn_start_batch", "開始批次處理" },
     { "btn_stop", "停止處理" },
     { "btn_refresh", "重新整理" },
-    { "btn_settings", "偏好設定 (Ctrl+,)" },
+    { "btn_settings", "偏好設定（Ctrl+,）" },
     { "btn_done", "完成" },
     { "btn_custom_columns", "自訂欄位" },
     { "btn_select_all", "全選" },
@@ -63,8 +63,8 @@ constexpr StringEntry kEntries[] = {
     { "btn_toggle_console", "主控台記錄" },
     { "btn_clear_console", "清除主控台" },
     { "btn_xdr_compare_pill", "HDR 比較" },
-    { "btn_zebra", "斑馬紋 (Z)" },
-    { "btn_histogram", "色階分佈圖 (H)" },
+    { "btn_zebra", "斑馬紋（Z）" },
+    { "btn_histogram", "色階分佈圖（H）" },
     { "btn_check_now", "立即檢查" },
     { "btn_close", "關閉" },
     { "btn_ok", "確定" },
@@ -79,7 +79,7 @@ constexpr StringEntry kEntries[] = {
 
     // batch options
     { "opt_force_reprocess", "強制重新處理" },
-    { "opt_force_reprocess_help", "忽略資料庫中的歷史記錄，重新產生所有照片" },
+    { "opt_force_reprocess_help", "忽略資料庫中的歷史紀錄，重新產生所有照片" },
     { "opt_backlit_fill", "AI 逆光補光" },
     { "opt_backlit_fill_help",
       "在逆光場景中柔和地提亮處於陰影中的臉孔與主體，同時維持明亮的背景不受影響" },
@@ -137,7 +137,7 @@ constexpr StringEntry kEntries[] = {
 
     // actions
     { "action_reveal_finder", "在檔案管理員中顯示" },
-    { "action_quicklook", "快速預覽 (空白鍵)" },
+    { "action_quicklook", "快速預覽（空白鍵）" },
     { "action_file_offline", "檔案離線" },
     { "action_view_error", "檢視錯誤詳細資訊" },
     { "action_switch_language", "變更語言" },
@@ -269,7 +269,7 @@ constexpr StringEntry kEntries[] = {
       "HDR 顯示器上檢視，以呈現完整的亮麗效果。" },
     { "edr_sdr_screen_notice", "SDR 螢幕：此處無法以完整亮度顯示 Ultra HDR 亮部。" },
     { "edr_window_title", "HDR 分割比較" },
-    { "edr_badge_xdr", "HDR display: 1600 nits (EDR 4.0x)" },
+    { "edr_badge_xdr", "Liquid Retina XDR: 1600 nits (EDR 4.0x)" },
     { "edr_badge_sdr", "標準顯示器：500 nits（SDR 1.0x）" },
     { "edr_label_sdr", "相機原圖（SDR）" },
     { "edr_label_hdr", "Ultra HDR（峰值 1600 nits）" },
@@ -277,18 +277,18 @@ constexpr StringEntry kEntries[] = {
     { "edr_mode_split", "分割檢視" },
     { "edr_mode_hdr", "僅 Ultra HDR" },
     { "edr_mode_sdr", "僅 SDR" },
-    { "edr_nav_prev", "上一張 (←)" },
-    { "edr_nav_next", "下一張 (→)" },
-    { "edr_zoom_hint", "雙指縮放 • 按兩下 100% • 空白鍵切換 • Tab 鍵進入純淨檢視" },
+    { "edr_nav_prev", "上一張（←）" },
+    { "edr_nav_next", "下一張（→）" },
+    { "edr_zoom_hint", "雙指或 Ctrl+滾輪縮放 • 按兩下 100% • 空白鍵切換 • Tab 鍵進入純淨檢視" },
     // compare window: viewer tools
     { "edr_no_gl", "HDR 檢視器需要 OpenGL，但此顯示器上無法使用。" },
     { "edr_loading", "正在載入照片…" },
     { "edr_sdr_from_hdr", "缺少相機 JPEG：左側顯示的是 Ultra HDR 檔案本身的 SDR 影像。" },
-    { "edr_zebra_highlights", "高光斑馬紋起點" },
+    { "edr_zebra_highlights", "亮部斑馬紋起點" },
     { "edr_zebra_shadows", "陰影斑馬紋低於" },
     { "edr_simulate_headroom", "模擬餘裕" },
     { "edr_pixel_readout", "像素 %d, %d   R %.3f  G %.3f  B %.3f   (%.2f 級)" },
-    { "edr_share_copy_path", "拷貝檔案路徑" },
+    { "edr_share_copy_path", "複製檔案路徑" },
     { "edr_share_open", "在預設檢視器中開啟" },
 
     // SDR render mode
@@ -323,7 +323,7 @@ constexpr StringEntry kEntries[] = {
     { "menu_pipeline", "處理" },
     { "menu_start_pipeline", "開始批次處理" },
     { "menu_stop_pipeline", "停止處理" },
-    { "menu_refresh_history", "重新整理歷史記錄" },
+    { "menu_refresh_history", "重新整理歷史紀錄" },
     { "menu_check_updates", "檢查更新…" },
 
     // console messages
@@ -417,12 +417,12 @@ constexpr StringEntry kEntries[] = {
     // history table, share menu and inspector (ui/history)
     { "history_delete_confirm_title", "要從歷史紀錄中刪除 %d 筆紀錄嗎？" },
     { "history_delete_confirm_desc", "照片檔案仍保留在磁碟上，只會刪除它們的歷史紀錄項目。" },
-    { "share_copy_image", "拷貝影像" },
-    { "share_copy_path", "拷貝檔案路徑" },
-    { "share_open_default", "以預設應用程式打開" },
+    { "share_copy_image", "複製影像" },
+    { "share_copy_path", "複製檔案路徑" },
+    { "share_open_default", "以預設應用程式開啟" },
     { "inspector_gainmap_none", "此檔案不含增益圖" },
-    { "inspector_gainmap_detail", "%@ v%@ · %.2f 至 %.2f 檔 · %d 個通道" },
-    { "inspector_display_hdr", "HDR 顯示器 (%.1fx)" },
+    { "inspector_gainmap_detail", "%@ v%@ · %.2f 至 %.2f 級 · %d 個通道" },
+    { "inspector_display_hdr", "HDR 顯示器（%.1fx）" },
     { "inspector_display_sdr", "標準 SDR (1.0x)" },
 
     // donation sheet
@@ -449,6 +449,9 @@ constexpr StringEntry kEntries[] = {
     { "update_packaged_body",
       "此 Orvanta 以系統套件形式安裝，新版本由軟體中心或套件管理程式（例如 apt）安裝。" },
     { "update_packaged_note", "此安裝由系統的套件管理程式負責更新。" },
+    // Label and value in one text, the colon as the language writes it
+    { "metric_elapsed_value", "耗時：%@" },
+    { "hist_peak_value", "峰值亮度：%@" },
 };
 } // namespace
 

@@ -6,6 +6,7 @@
 #include "core/AppViewModel.h"
 #include "platform/FileManager.h"
 #include "ui/Theme.h"
+#include "ui/WindowPlacement.h"
 #include "ui/compare/ComparePanelProvider.h"
 #include "ui/compare/CompareToolbar.h"
 #include "ui/compare/DisplayHeadroom.h"
@@ -31,7 +32,9 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace orvanta {
 
@@ -66,13 +69,17 @@ HDRCompareView::HDRCompareView(AppViewModel &model, const PhotoRecord &record,
     , m_currentRecord(record)
     , m_allRecords(allRecords.isEmpty() ? QList<PhotoRecord> { record } : allRecords)
     , m_currentIndex(indexOf(m_allRecords, record))
+    , m_followsHistory(!allRecords.isEmpty() && allRecords == model.historyRecords())
 {
     setObjectName(u"hdrCompareView"_s);
-    setMinimumSize(800, 560);
+    setMinimumSize(kMinimumSize);
     buildLayout();
     connectControls();
     installShortcuts();
     connect(&m_model, &AppViewModel::currentLanguageChanged, this, &HDRCompareView::retranslate);
+    connect(&m_model, &AppViewModel::historyRecordsChanged, this, &HDRCompareView::takeMoreHistory);
+    connect(&m_model, &AppViewModel::totalFilteredCountChanged, this,
+            &HDRCompareView::updatePosition);
     retranslate();
     showRecord();
     sync();
@@ -103,6 +110,8 @@ QLabel *HDRCompareView::overlayLabel(const QString &name)
 void HDRCompareView::buildLayout()
 {
     m_toolbar = new CompareToolbar(m_model, this);
+    connect(m_toolbar, &CompareToolbar::compactWidthChanged, this,
+            &HDRCompareView::updateMinimumSize);
     m_banner = new SdrBanner(m_model, this);
     m_viewer = new EdrViewer(m_model.t("edr_no_gl"), this);
     m_viewer->installEventFilter(this);
@@ -143,6 +152,17 @@ void HDRCompareView::buildLayout()
     if (m_provider) {
         m_inspector = m_provider->createInspector(m_model, this);
         m_histogram = m_provider->createHistogram(m_model, m_viewer);
+    }
+    if (m_histogram) {
+        // Floating over the picture, it needs its own backdrop to stay
+        // readable over bright skies and white walls.
+        if (m_histogram->objectName().isEmpty())
+            m_histogram->setObjectName(u"compareHistogram"_s);
+        m_histogram->setAttribute(Qt::WA_StyledBackground);
+        m_histogram->setContentsMargins(10, 8, 10, 8);
+        m_histogram->setStyleSheet(
+            u"#%1 { background: rgba(18, 19, 22, 0.86); border: 1px solid %2; border-radius: 10px; }"_s
+                .arg(m_histogram->objectName(), theme::css(theme::kBorder)));
     }
     if (m_inspector) {
         auto *pane = new QScrollArea(this);
@@ -249,8 +269,14 @@ void HDRCompareView::showPreviousPhoto()
 
 void HDRCompareView::showNextPhoto()
 {
-    if (m_currentIndex + 1 >= m_allRecords.size())
+    if (m_currentIndex + 1 >= m_allRecords.size()) {
+        // The end of the loaded page, not of the history: ask for the next one.
+        if (m_followsHistory && m_model.hasMoreHistory()) {
+            m_advanceWhenLoaded = true;
+            m_model.loadMoreHistory();
+        }
         return;
+    }
     m_currentRecord = m_allRecords.at(++m_currentIndex);
     showRecord();
 }
@@ -258,7 +284,7 @@ void HDRCompareView::showNextPhoto()
 void HDRCompareView::showRecord()
 {
     const PhotoRecord &record = m_currentRecord;
-    m_toolbar->setPosition(m_currentIndex, int(m_allRecords.size()));
+    updatePosition();
     m_toolbar->setPhoto(record.stem, record.rating,
                         record.peakStops ? QString::asprintf("%.2f", *record.peakStops) : u"—"_s);
     const QString sdr = sdrPath(record), hdr = hdrPath(record);
@@ -267,9 +293,37 @@ void HDRCompareView::showRecord()
     if (m_inspector)
         m_provider->showInspectorRecord(m_inspector, record);
     if (m_histogram)
-        m_provider->showHistogramFile(m_histogram, hdr);
+        m_provider->showHistogramRecord(m_histogram, record, hdr);
     sync();
     Q_EMIT recordChanged();
+}
+
+void HDRCompareView::updatePosition()
+{
+    qint64 count = m_allRecords.size();
+    if (m_followsHistory)
+        count = std::max(count, m_model.totalFilteredCount());
+    m_toolbar->setPosition(m_currentIndex, int(count));
+}
+
+// A new page of the same list extends this window's; any other change (a
+// search, a new sort) leaves the window on the list it was opened with.
+void HDRCompareView::takeMoreHistory()
+{
+    if (!m_followsHistory)
+        return;
+    const QList<PhotoRecord> &now = m_model.historyRecords();
+    if (now.size() <= m_allRecords.size() || now.mid(0, m_allRecords.size()) != m_allRecords) {
+        m_followsHistory = now == m_allRecords;
+        m_advanceWhenLoaded = false;
+        updatePosition();
+        return;
+    }
+    m_allRecords = now;
+    if (std::exchange(m_advanceWhenLoaded, false))
+        showNextPhoto();
+    else
+        updatePosition();
 }
 
 void HDRCompareView::setState(const CompareState &state)
@@ -297,6 +351,20 @@ void HDRCompareView::sync()
     settings.simulatedHeadroom = s.simulatedHeadroom;
     m_viewer->updateState(settings);
     placeOverlays();
+    updateMinimumSize();
+}
+
+// Wide enough for the toolbar in its compact form (and the inspector beside
+// it), but never wider than the screen.
+void HDRCompareView::updateMinimumSize()
+{
+    int width = m_toolbar->minimumWidth();
+    if (m_inspectorPane && m_inspectorPane->isVisibleTo(this))
+        width += m_inspectorPane->width();
+    width = std::max(width, kMinimumSize.width());
+    if (isWindow() && screen())
+        width = std::min(width, screen()->availableGeometry().width());
+    setMinimumWidth(width);
 }
 
 void HDRCompareView::syncControls()
@@ -393,6 +461,14 @@ bool HDRCompareView::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_viewer && event->type() == QEvent::Resize)
         placeOverlays();
     return QWidget::eventFilter(watched, event);
+}
+
+void HDRCompareView::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    // The next compare window opens where the user left this one.
+    if (isWindow())
+        placement::save(this, u"compare"_s);
 }
 
 // The panel takes its width from the picture; a window too narrow for the

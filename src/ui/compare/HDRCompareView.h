@@ -47,6 +47,10 @@ class HDRCompareView : public QWidget
 {
     Q_OBJECT
 public:
+    // The size a compare window opens at on a screen that has room for it.
+    static constexpr QSize kDefaultSize { 1280, 800 };
+    static constexpr QSize kMinimumSize { 800, 560 };
+
     // `provider` may be null: the inspector and histogram toggles are then hidden.
     HDRCompareView(AppViewModel &model, const PhotoRecord &record,
                    const QList<PhotoRecord> &allRecords, ComparePanelProvider *provider,
@@ -75,8 +79,12 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
 
 private:
+    void updateMinimumSize();
+    void takeMoreHistory();
+    void updatePosition();
     void buildLayout();
     void connectControls();
     void installShortcuts();
@@ -101,6 +109,10 @@ private:
     PhotoRecord m_currentRecord;
     QList<PhotoRecord> m_allRecords;
     int m_currentIndex = 0;
+    // Opened on the history's loaded list: counts every matching photo and
+    // pages further through the history at the end of what is loaded.
+    bool m_followsHistory = false;
+    bool m_advanceWhenLoaded = false;
     CompareState m_state;
 
     CompareToolbar *m_toolbar = nullptr;

@@ -121,23 +121,6 @@ HdrHistogramView::HdrHistogramView(AppViewModel &model, QWidget *parent)
     updateTexts();
 }
 
-void HdrHistogramView::setFile(const QString &path)
-{
-    std::optional<double> peak;
-    const QString canonical = QFileInfo(path).absoluteFilePath();
-    for (const PhotoRecord &record : m_model.historyRecords()) {
-        for (const auto *candidate : { &record.outputPath, &record.jpgPath }) {
-            if (*candidate && QFileInfo(**candidate).absoluteFilePath() == canonical) {
-                peak = record.peakStops;
-                break;
-            }
-        }
-        if (peak)
-            break;
-    }
-    setFile(path, peak);
-}
-
 void HdrHistogramView::setFile(const QString &path, std::optional<double> peakStops)
 {
     m_path = path;
@@ -170,9 +153,9 @@ void HdrHistogramView::updateTexts()
     m_title->setText(m_model.t("hist_title"));
     m_sdr->setText(u"■ "_s + m_model.t("hist_sdr"));
     m_edr->setText(u"■ "_s + m_model.t("hist_edr"));
-    m_peak->setText(m_model.t("hist_peak") + u": "_s
-                    + (m_peakStops ? formatPrintf(u"+%.2f st"_s, { *m_peakStops })
-                                   : missingValuePlaceholder()));
+    m_peak->setText(m_model.t("hist_peak_value",
+                              { m_peakStops ? formatPrintf(u"+%.2f st"_s, { *m_peakStops })
+                                            : missingValuePlaceholder() }));
 }
 
 bool HdrHistogramView::eventFilter(QObject *watched, QEvent *event)

@@ -341,9 +341,11 @@ QString InspectorView::gainMapText() const
         return missingValuePlaceholder();
     if (!m_gainMap.present)
         return m_model.t("inspector_gainmap_none");
+    // A tiny negative minimum would print as "-0.00": what rounds to zero is zero.
+    const auto rounded = [](double stops) { return std::abs(stops) < 0.005 ? 0.0 : stops; };
     return m_model.t("inspector_gainmap_detail",
-                     { m_gainMap.kind, m_gainMap.version, m_gainMap.minStops, m_gainMap.maxStops,
-                       qint64(m_gainMap.channels) });
+                     { m_gainMap.kind, m_gainMap.version, rounded(m_gainMap.minStops),
+                       rounded(m_gainMap.maxStops), qint64(m_gainMap.channels) });
 }
 
 QString InspectorView::displayText() const

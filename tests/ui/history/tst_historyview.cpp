@@ -7,6 +7,8 @@
 // the row thumbnails that follow the scroll position.
 #include "core/AppViewModel.h"
 #include "core/ConfigStore.h"
+#include "ui/MainWindow.h"
+#include "ui/compare/HDRCompareView.h"
 #include "ui/history/HistoryRowDelegate.h"
 #include "ui/history/HistoryTableModel.h"
 #include "ui/history/HistoryToolbar.h"
@@ -64,6 +66,8 @@ private Q_SLOTS:
     void hidingTheLastVisibleColumnIsRefusedAndStaysChecked();
     void columnChoiceIsSavedAndComesBackInANewSession();
     void headerFollowsTheVisibleColumnsInTheirOrder();
+    void nameStaysReadableAndTitlesSortAtTheWindowsDefaultWidth();
+    void keyboardLeavesTheTableAndActsOnTheCurrentRow();
     void revealPrefersTheDeliveredFile();
     void revealFallsBackToTheJpegWhenTheOutputIsGone();
     void revealWithBothFilesGoneShowsTheMissingDialog();
@@ -71,6 +75,7 @@ private Q_SLOTS:
     void deleteAsksFirstAndRemovesOnlyOnConfirmation();
     void failedRowsOfferErrorDetailsAndCompareNeedsAnOpener();
     void compareHandsTheRecordAndTheLoadedList();
+    void compareCountsTheWholeHistoryAndPagesOn();
     void spaceOpensAndClosesTheQuickPreview();
     void rowsThatScrollAwayCancelTheirThumbnails();
     void rowCellsUseTheRecordFormats();
@@ -258,6 +263,85 @@ void HistoryViewTest::headerFollowsTheVisibleColumnsInTheirOrder()
     QCOMPARE(table->headerData(3, Qt::Horizontal, Qt::DisplayRole).toString(), u"Sensor Clip"_s);
 }
 
+void HistoryViewTest::nameStaysReadableAndTitlesSortAtTheWindowsDefaultWidth()
+{
+    freshDatabase()->insertNumbered(5, u"DSC0"_s);
+    AppViewModel model;
+    model.setCurrentLanguage(AppLanguage::French);
+    model.setVisibleColumns(allListColumns());
+    HistoryView view(model);
+    view.setCompareOpener([](const PhotoRecord &, const QList<PhotoRecord> &) {});
+    // The history's share of the main window at its default width, inspector open.
+    view.resize(MainWindow::kDefaultWidth - 32, 600);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QTRY_COMPARE(view.tableModel()->rowCount(), 5);
+    view.openInspector(view.tableModel()->record(0));
+    QTRY_VERIFY(view.inspector()->isVisible());
+    QTableView *tableView = view.tableView();
+    QHeaderView *header = tableView->horizontalHeader();
+    const HistoryTableModel *table = view.tableModel();
+    QTRY_VERIFY(header->length() <= tableView->viewport()->width());
+    QVERIFY(!tableView->horizontalScrollBar()->isVisible());
+    QFont bold = tableView->font();
+    bold.setWeight(QFont::DemiBold);
+    const int name = table->sectionOf(HistoryColumn::Kind::Name);
+    QVERIFY(header->sectionSize(name) >= 54 + QFontMetrics(bold).horizontalAdvance(u"DSC04223"_s));
+    QVERIFY(!header->isSectionHidden(table->sectionOf(HistoryColumn::Kind::Actions)));
+    // The details stepped aside before the peak gain did.
+    const auto section = [&](ListColumn c) {
+        for (int i = 0; i < table->columnCount(); ++i)
+            if (table->column(i).kind == HistoryColumn::Kind::Optional
+                && table->column(i).optional == c)
+                return i;
+        return -1;
+    };
+    QVERIFY(header->isSectionHidden(section(ListColumn::FileSize)));
+    QVERIFY(!header->isSectionHidden(section(ListColumn::PeakStops)));
+    view.closeInspector();
+    QTRY_VERIFY(!header->isSectionHidden(section(ListColumn::Date)));
+
+    // Titles sort, in step with the sort menu; a second click turns the order round.
+    QVERIFY(header->sectionsClickable());
+    const bool ascending = model.historySortAscending();
+    header->sectionClicked(name);
+    QCOMPARE(model.historySortField(), HistorySortField::Stem);
+    header->sectionClicked(name);
+    QCOMPARE(model.historySortAscending(), !ascending);
+    QCOMPARE(header->sortIndicatorSection(), name);
+    model.setCurrentLanguage(AppLanguage::English);
+}
+
+void HistoryViewTest::keyboardLeavesTheTableAndActsOnTheCurrentRow()
+{
+    freshDatabase()->insertNumbered(5);
+    AppViewModel model;
+    HistoryView view(model);
+    PhotoRecord compared;
+    view.setCompareOpener(
+        [&](const PhotoRecord &record, const QList<PhotoRecord> &) { compared = record; });
+    showAndWait(view, 5);
+    QTableView *tableView = view.tableView();
+    view.setFocus();
+    QTRY_VERIFY(tableView->hasFocus());
+    tableView->setCurrentIndex(view.tableModel()->index(0, 1));
+    QTest::keyClick(tableView, Qt::Key_Down);
+    QCOMPARE(tableView->currentIndex().row(), 1);
+    QTest::keyClick(tableView, Qt::Key_Return);
+    QCOMPARE(compared, view.tableModel()->record(1));
+    QTest::keyClick(tableView, Qt::Key_I, Qt::ControlModifier);
+    QTRY_VERIFY(view.inspector()->isVisible());
+    tableView->setFocus();
+    QTest::keyClick(tableView, Qt::Key_Tab);
+    QTRY_VERIFY(!tableView->hasFocus());
+
+    // The filter button says when a filter hides rows.
+    auto *filter = view.toolbar()->findChild<QToolButton *>(u"historyFilter"_s);
+    QCOMPARE(filter->property("active").toBool(), false);
+    model.setHistoryStatusFilter(HistoryStatusFilter::FailedOnly);
+    QCOMPARE(filter->property("active").toBool(), true);
+}
+
 void HistoryViewTest::revealPrefersTheDeliveredFile()
 {
     const QString out = m_files.filePath(u"out/A_hdr.jpg"_s);
@@ -420,6 +504,21 @@ void HistoryViewTest::compareHandsTheRecordAndTheLoadedList()
     QCOMPARE(list, model.historyRecords());
 }
 
+void HistoryViewTest::compareCountsTheWholeHistoryAndPagesOn()
+{
+    freshDatabase()->insertNumbered(100);
+    AppViewModel model;
+    HistoryView view(model);
+    showAndWait(view, 80);
+    const QList<PhotoRecord> loaded = model.historyRecords();
+    HDRCompareView compare(model, loaded.last(), loaded, nullptr);
+    auto *position = compare.findChild<QLabel *>(u"positionLabel"_s);
+    QTRY_COMPARE(position->text(), u"80 / 100"_s);
+    compare.showNextPhoto(); // past the loaded page: the next one is fetched
+    QTRY_COMPARE(position->text(), u"81 / 100"_s);
+    QCOMPARE(compare.currentIndex(), 80);
+}
+
 void HistoryViewTest::spaceOpensAndClosesTheQuickPreview()
 {
     const QString out = m_files.filePath(u"out/Q_hdr.jpg"_s);
@@ -477,6 +576,16 @@ void HistoryViewTest::rowsThatScrollAwayCancelTheirThumbnails()
     // been under way already).
     QVERIFY(manager.decodeCount() <= 3);
     QCOMPARE(ThumbnailManager::pixelSizeForView(QSizeF(38, 22)), RowMediaStore::RowThumbnailPixels);
+
+    // Reprocessed in place: a new record and a rewritten file load a new picture.
+    QFile output(*records[9].jpgPath);
+    QVERIFY(output.open(QIODevice::Append) && output.write("more") == 4);
+    output.close();
+    PhotoRecord again = records[9];
+    again.processedAt = u"2026-11-25 08:00:00"_s;
+    QCOMPARE(store.thumbnail(again).state, RowMediaStore::ThumbState::Loading);
+    gate.release(1);
+    QTRY_COMPARE(store.thumbnail(again).state, RowMediaStore::ThumbState::Image);
 }
 
 void HistoryViewTest::rowCellsUseTheRecordFormats()
@@ -521,18 +630,37 @@ void HistoryViewTest::hoverButtonsTriggerTheirRowAction()
     freshDatabase()->insertNumbered(5);
     AppViewModel model;
     HistoryView view(model);
+    PhotoRecord compared;
+    view.setCompareOpener(
+        [&](const PhotoRecord &record, const QList<PhotoRecord> &) { compared = record; });
     showAndWait(view, 5);
     QTableView *tableView = view.tableView();
     HistoryTableModel *table = view.tableModel();
     auto *delegate = qobject_cast<HistoryRowDelegate *>(tableView->itemDelegate());
     QVERIFY(delegate);
+    QCOMPARE(table->record(1).status, u"SUCCESS"_s);
     const QRect actions = tableView->visualRect(table->index(1, table->columnCount() - 1));
-    QTest::mouseMove(tableView->viewport(), actions.center());
+    const auto resting = delegate->targets(actions, table->record(1), false);
+    QCOMPARE(resting.size(), 1);
+    QVERIFY(resting[0].pill && actions.contains(resting[0].rect));
+
+    // Hovering leaves the pill where the user aimed, with every button beside it.
+    QTest::mouseMove(tableView->viewport(), resting[0].rect.center());
     QTRY_COMPARE(delegate->hoveredRow(), 1);
-    const QList<RowAction> offered = rowActions(table->record(1), false);
-    const QList<QRect> buttons = delegate->actionRects(actions, int(offered.size()));
-    const int inspector = int(offered.indexOf(RowAction::Inspector));
-    QTest::mouseClick(tableView->viewport(), Qt::LeftButton, {}, buttons[inspector].center());
+    const auto hovered = delegate->targets(actions, table->record(1), true);
+    QCOMPARE(hovered.size(), rowActions(table->record(1), true).size());
+    for (const auto &target : hovered) {
+        QVERIFY(actions.contains(target.rect));
+        for (const auto &other : hovered)
+            QVERIFY(&target == &other || !target.rect.intersects(other.rect));
+    }
+    QTest::mouseClick(tableView->viewport(), Qt::LeftButton, {}, resting[0].rect.center());
+    QCOMPARE(compared, table->record(1));
+
+    const auto inspector = std::find_if(hovered.begin(), hovered.end(), [](const auto &t) {
+        return t.action == RowAction::Inspector;
+    });
+    QTest::mouseClick(tableView->viewport(), Qt::LeftButton, {}, inspector->rect.center());
     QTRY_VERIFY(view.inspector()->isVisible());
     QCOMPARE(view.inspector()->record(), table->record(1));
 }
