@@ -12,6 +12,7 @@
 #include <QSignalSpy>
 
 using namespace orvanta;
+using namespace Qt::StringLiterals;
 
 class AppViewModelTest : public QObject
 {
@@ -20,7 +21,7 @@ class AppViewModelTest : public QObject
 private Q_SLOTS:
     void init();
 
-    void startsWithTheDocumentedDefaults();
+    void everyPropertyNotifiesAndEveryPersistedOneRoundTrips();
     void startupWritesTheFileExactlyOnce_data();
     void startupWritesTheFileExactlyOnce();
     void loadsEveryManagedKey();
@@ -79,30 +80,50 @@ QString AppViewModelTest::makeDir(const QString &name)
     return path;
 }
 
-void AppViewModelTest::startsWithTheDocumentedDefaults()
+void AppViewModelTest::everyPropertyNotifiesAndEveryPersistedOneRoundTrips()
 {
+    const QMetaObject &meta = AppViewModel::staticMetaObject;
+    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i)
+        QVERIFY2(meta.property(i).hasNotifySignal(), meta.property(i).name());
+
+    // Give every persisted property a value it does not have, then load the
+    // file into a second model: a property missing from loading or saving
+    // comes back with its default.
+    writeConfig(R"({"engine_cache_gb": 12.5})");
     AppViewModel model;
-    QCOMPARE(model.statusMessage(), QStringLiteral("Ready"));
-    QCOMPARE(model.currentStatusKey(), QStringLiteral("status_ready"));
-    QCOMPARE(model.memoryPressureDesc(), QStringLiteral("🟢 Normal"));
-    QCOMPARE(model.selectedProfile(), StyleProfile::Default);
-    QCOMPARE(model.customPowerHi(), 1.5);
-    QCOMPARE(model.exportNamingTemplate(), QStringLiteral("{original}_hdr"));
-    QCOMPARE(model.exportSubfolderRule(), QStringLiteral("none"));
-    QCOMPARE(model.volumeName(), QStringLiteral("Local Disk"));
-    QCOMPARE(model.ramTotalGB(), 16.0);
-    QVERIFY(model.enableBacklitFill());
-    QVERIFY(model.memoryThrottleEnabled());
-    QVERIFY(model.hasMoreHistory());
-    QVERIFY(!model.historySortAscending());
-    QCOMPARE(model.historyStatusFilter(), HistoryStatusFilter::All);
-    QCOMPARE(model.historySortField(), HistorySortField::Date);
-    QCOMPARE(model.visibleColumns(),
-             (ListColumnSet { ListColumn::PeakStops, ListColumn::Exposure, ListColumn::CameraLens,
-                              ListColumn::Faces, ListColumn::Duration }));
-    QVERIFY(model.activeRecipeId().isNull());
-    // The environment probe has run: the message names exactly what it found missing.
-    QCOMPARE(model.missingDependencyMessage().isEmpty(), model.isEnvironmentHealthy());
+    const QList<AppViewModel::PersistedProperty> persisted = AppViewModel::persistedProperties();
+    for (const AppViewModel::PersistedProperty &entry : persisted) {
+        const QMetaProperty property = meta.property(meta.indexOfProperty(entry.name));
+        QVERIFY2(property.isWritable(), entry.name);
+        const QVariant old = property.read(&model);
+        QVariant other;
+        if (old.metaType() == QMetaType::fromType<QString>())
+            other = makeDir(u"roundtrip/"_s + QLatin1StringView(entry.name)); // folders must exist
+        else if (old.metaType() == QMetaType::fromType<bool>())
+            other = !old.toBool();
+        else if (old.metaType() == QMetaType::fromType<qint64>())
+            other = old.toLongLong() + 3;
+        else if (old.metaType() == QMetaType::fromType<double>())
+            other = old.toDouble() + 0.125;
+        else if (old.metaType() == QMetaType::fromType<StyleProfile>())
+            other = QVariant::fromValue(old.value<StyleProfile>() == StyleProfile::Portrait
+                                            ? StyleProfile::Landscape
+                                            : StyleProfile::Portrait);
+        else if (old.metaType() == QMetaType::fromType<ListColumnSet>())
+            other = QVariant::fromValue(ListColumnSet { ListColumn::Date });
+        else
+            QFAIL(qPrintable(u"no test value for the type of "_s + QLatin1StringView(entry.name)));
+        QVERIFY(property.write(&model, other));
+        QCOMPARE(property.read(&model), other);
+        QVERIFY2(readConfig().contains(entry.key), entry.name);
+    }
+
+    AppViewModel reloaded;
+    for (const AppViewModel::PersistedProperty &entry : persisted) {
+        const QMetaProperty property = meta.property(meta.indexOfProperty(entry.name));
+        QVERIFY2(property.read(&reloaded) == property.read(&model), entry.name);
+    }
+    QCOMPARE(readConfig().value(u"engine_cache_gb").toDouble(), 12.5);
 }
 
 void AppViewModelTest::startupWritesTheFileExactlyOnce_data()
