@@ -24,7 +24,6 @@ const QString kDefaultDestDir = u"/Volumes/MacExternal/mac_photos_sync"_s;
 AppViewModel::AppViewModel(QObject *parent)
     : QObject(parent)
     , m_currentLanguage(LocalizationService::shared().currentLanguage())
-    , m_memoryPressureDesc(orvanta::t("pressure_normal"))
     , m_engineService(std::make_unique<EngineService>())
     , m_historyService(std::make_unique<HistoryService>())
 {
@@ -80,6 +79,123 @@ void AppViewModel::resetCustomParameters()
     setCustomSkinDamp(fineTuningParameter(FineTuning::SkinDamp).defaultValue);
 }
 
+// ---- configuration ----------------------------------------------------------
+// A value from the file is taken only when it converts without loss; anything
+// else leaves the property as it is.
+
+namespace {
+
+template<typename T> std::optional<T> fromConfig(const QJsonValue &value);
+
+template<> std::optional<QString> fromConfig(const QJsonValue &value)
+{
+    return ConfigStore::toString(value);
+}
+
+template<> std::optional<bool> fromConfig(const QJsonValue &value)
+{
+    return ConfigStore::toBoolean(value);
+}
+
+template<> std::optional<qint64> fromConfig(const QJsonValue &value)
+{
+    return ConfigStore::toWholeNumber(value);
+}
+
+template<> std::optional<double> fromConfig(const QJsonValue &value)
+{
+    return ConfigStore::toReal(value);
+}
+
+// An unknown style falls back to the default style rather than keeping one.
+template<> std::optional<StyleProfile> fromConfig(const QJsonValue &value)
+{
+    const QString raw = ConfigStore::toString(value).value_or(QString());
+    return styleProfileFromRawValue(raw).value_or(StyleProfile::Default);
+}
+
+// Unknown column names are dropped; a list that is not all strings, or that
+// names no known column, is ignored.
+template<> std::optional<ListColumnSet> fromConfig(const QJsonValue &value)
+{
+    if (!value.isArray())
+        return std::nullopt;
+    ListColumnSet chosen;
+    for (const QJsonValue &item : value.toArray()) {
+        if (!item.isString())
+            return std::nullopt;
+        if (auto column = listColumnFromRawValue(item.toString()))
+            chosen << *column;
+    }
+    if (chosen.isEmpty())
+        return std::nullopt;
+    return chosen;
+}
+
+// Declared only: rows without a configuration key name it in a discarded
+// branch, where no definition is needed.
+template<typename T> QJsonValue toConfig(const T &value);
+QJsonValue toConfig(const QString &value)
+{
+    return value;
+}
+QJsonValue toConfig(bool value)
+{
+    return value;
+}
+QJsonValue toConfig(qint64 value)
+{
+    return value;
+}
+QJsonValue toConfig(double value)
+{
+    return value;
+}
+QJsonValue toConfig(StyleProfile value)
+{
+    return rawValue(value);
+}
+
+QJsonValue toConfig(const ListColumnSet &value)
+{
+    QJsonArray columns;
+    for (ListColumn column : value)
+        columns.append(rawValue(column));
+    return columns;
+}
+
+constexpr bool isPersisted(const char *key)
+{
+    return key[0] != '\0';
+}
+
+} // namespace
+
+// clang-format off
+#define ORVANTA_LOAD_Option(Type, setter, key) \
+    if constexpr (isPersisted(key)) { \
+        if (auto v = fromConfig<Type>(o.value(QLatin1StringView(key)))) \
+            setter(*v); \
+    }
+#define ORVANTA_LOAD_Custom ORVANTA_LOAD_Option
+#define ORVANTA_LOAD_Folder(Type, setter, key)
+#define ORVANTA_LOAD_State(Type, setter, key)
+#define ORVANTA_LOAD(kind, Type, name, setter, def, key) ORVANTA_LOAD_##kind(Type, setter, key)
+#define ORVANTA_SAVE(kind, Type, name, setter, def, key) \
+    if constexpr (isPersisted(key)) \
+        o.insert(QLatin1StringView(key), toConfig(m_##name));
+#define ORVANTA_LIST_PERSISTED(kind, Type, name, setter, def, key) \
+    if constexpr (isPersisted(key)) \
+        list.append({#name, QLatin1StringView(key)});
+// clang-format on
+
+QList<AppViewModel::PersistedProperty> AppViewModel::persistedProperties()
+{
+    QList<PersistedProperty> list;
+    ORVANTA_APP_PROPERTIES(ORVANTA_LIST_PERSISTED)
+    return list;
+}
+
 void AppViewModel::loadConfiguration()
 {
     QString source = kDefaultSourceDir;
@@ -91,54 +207,7 @@ void AppViewModel::loadConfiguration()
             source = *v;
         if (auto v = ConfigStore::toString(o.value(u"dest_dir"_s)); v && !v->isEmpty())
             dest = *v;
-
-        // Options apply only when present with the right type, except
-        // "backlit_fill" and "profile_id", which always get a value.
-        if (auto v = ConfigStore::toWholeNumber(o.value(u"workers"_s)))
-            setSelectedWorkers(*v);
-        if (auto v = ConfigStore::toBoolean(o.value(u"memory_throttle"_s)))
-            setMemoryThrottleEnabled(*v);
-        if (auto v = ConfigStore::toBoolean(o.value(u"enable_canary"_s)))
-            setEnableCanary(*v);
-        if (auto v = ConfigStore::toBoolean(o.value(u"export_debug_masks"_s)))
-            setExportDebugMasks(*v);
-        if (auto v = ConfigStore::toBoolean(o.value(u"notification_sound"_s)))
-            setNotificationSoundEnabled(*v);
-        if (auto v = ConfigStore::toWholeNumber(o.value(u"min_rating"_s)))
-            setMinRating(*v);
-        setEnableBacklitFill(ConfigStore::toBoolean(o.value(u"backlit_fill"_s)).value_or(true));
-        const QString profile = ConfigStore::toString(o.value(u"profile_id"_s)).value_or(QString());
-        setSelectedProfile(styleProfileFromRawValue(profile).value_or(StyleProfile::Default));
-        if (auto v = ConfigStore::toReal(o.value(u"custom_mid_target"_s)))
-            setCustomMidTarget(*v);
-        if (auto v = ConfigStore::toReal(o.value(u"custom_power_mid"_s)))
-            setCustomPowerMid(*v);
-        if (auto v = ConfigStore::toReal(o.value(u"custom_power_hi"_s)))
-            setCustomPowerHi(*v);
-        if (auto v = ConfigStore::toReal(o.value(u"custom_chroma_boost"_s)))
-            setCustomChromaBoost(*v);
-        if (auto v = ConfigStore::toReal(o.value(u"custom_skin_damp"_s)))
-            setCustomSkinDamp(*v);
-        if (auto v = ConfigStore::toString(o.value(u"export_naming_template"_s)))
-            setExportNamingTemplate(*v);
-        if (auto v = ConfigStore::toString(o.value(u"export_subfolder_rule"_s)))
-            setExportSubfolderRule(*v);
-
-        const QJsonValue columns = o.value(u"visible_columns"_s);
-        if (columns.isArray()) {
-            ListColumnSet chosen;
-            bool allStrings = true;
-            for (const QJsonValue &item : columns.toArray()) {
-                if (!item.isString()) {
-                    allStrings = false;
-                    break;
-                }
-                if (auto column = listColumnFromRawValue(item.toString()))
-                    chosen << *column;
-            }
-            if (allStrings && !chosen.isEmpty())
-                setVisibleColumns(chosen);
-        }
+        ORVANTA_APP_PROPERTIES(ORVANTA_LOAD)
     }
 
     // A folder that is not there (an unmounted drive) falls back to Pictures;
@@ -161,360 +230,33 @@ void AppViewModel::saveConfiguration()
         return;
 
     QJsonObject o = m_config.read().value_or(QJsonObject());
-    o.insert(u"source_dir"_s, m_sourceDir);
-    o.insert(u"dest_dir"_s, m_destDir);
-    o.insert(u"workers"_s, m_selectedWorkers);
-    o.insert(u"memory_throttle"_s, m_memoryThrottleEnabled);
-    o.insert(u"enable_canary"_s, m_enableCanary);
-    o.insert(u"export_debug_masks"_s, m_exportDebugMasks);
-    o.insert(u"notification_sound"_s, m_notificationSoundEnabled);
-    o.insert(u"min_rating"_s, m_minRating);
-    o.insert(u"backlit_fill"_s, m_enableBacklitFill);
-    o.insert(u"profile_id"_s, rawValue(m_selectedProfile));
-    o.insert(u"custom_mid_target"_s, m_customMidTarget);
-    o.insert(u"custom_power_mid"_s, m_customPowerMid);
-    o.insert(u"custom_power_hi"_s, m_customPowerHi);
-    o.insert(u"custom_chroma_boost"_s, m_customChromaBoost);
-    o.insert(u"custom_skin_damp"_s, m_customSkinDamp);
-    o.insert(u"export_naming_template"_s, m_exportNamingTemplate);
-    o.insert(u"export_subfolder_rule"_s, m_exportSubfolderRule);
-    QJsonArray columns;
-    for (ListColumn column : m_visibleColumns)
-        columns.append(rawValue(column));
-    o.insert(u"visible_columns"_s, columns);
-
+    ORVANTA_APP_PROPERTIES(ORVANTA_SAVE)
     m_config.write(o); // failures are silent: the properties keep their values
 }
 
 // ---- property setters -------------------------------------------------------
 
-void AppViewModel::setSourceDir(const QString &value)
-{
-    if (assign(m_sourceDir, value, &AppViewModel::sourceDirChanged))
-        saveConfiguration();
-}
+// clang-format off
+#define ORVANTA_DEFINE_SETTER_Option(Type, name, setter, key) \
+    void AppViewModel::setter(PropertyParam<Type> value) \
+    { \
+        if (assign(m_##name, Type(value), &AppViewModel::name##Changed) && isPersisted(key)) \
+            saveConfiguration(); \
+    }
+#define ORVANTA_DEFINE_SETTER_Folder ORVANTA_DEFINE_SETTER_Option
+#define ORVANTA_DEFINE_SETTER_State ORVANTA_DEFINE_SETTER_Option
+#define ORVANTA_DEFINE_SETTER_Custom(Type, name, setter, key)
+#define ORVANTA_DEFINE_SETTER(kind, Type, name, setter, def, key) \
+    ORVANTA_DEFINE_SETTER_##kind(Type, name, setter, key)
+// clang-format on
 
-void AppViewModel::setDestDir(const QString &value)
-{
-    if (assign(m_destDir, value, &AppViewModel::destDirChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setTargetStem(const QString &value)
-{
-    assign(m_targetStem, value, &AppViewModel::targetStemChanged);
-}
-
-void AppViewModel::setForceReprocess(bool value)
-{
-    assign(m_forceReprocess, value, &AppViewModel::forceReprocessChanged);
-}
-
-void AppViewModel::setEnableBacklitFill(bool value)
-{
-    if (assign(m_enableBacklitFill, value, &AppViewModel::enableBacklitFillChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setDryRunMode(bool value)
-{
-    assign(m_dryRunMode, value, &AppViewModel::dryRunModeChanged);
-}
-
-void AppViewModel::setMinRating(qint64 value)
-{
-    if (assign(m_minRating, value, &AppViewModel::minRatingChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setExportNamingTemplate(const QString &value)
-{
-    if (assign(m_exportNamingTemplate, value, &AppViewModel::exportNamingTemplateChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setExportSubfolderRule(const QString &value)
-{
-    if (assign(m_exportSubfolderRule, value, &AppViewModel::exportSubfolderRuleChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setVolumeName(const QString &value)
-{
-    assign(m_volumeName, value, &AppViewModel::volumeNameChanged);
-}
-
-void AppViewModel::setVolumeFreeGB(double value)
-{
-    assign(m_volumeFreeGB, value, &AppViewModel::volumeFreeGBChanged);
-}
-
-void AppViewModel::setVolumeIsExternal(bool value)
-{
-    assign(m_volumeIsExternal, value, &AppViewModel::volumeIsExternalChanged);
-}
-
-void AppViewModel::setIsVolumeSafe(bool value)
-{
-    assign(m_isVolumeSafe, value, &AppViewModel::isVolumeSafeChanged);
-}
-
-void AppViewModel::setIsEnvironmentHealthy(bool value)
-{
-    assign(m_isEnvironmentHealthy, value, &AppViewModel::isEnvironmentHealthyChanged);
-}
-
-void AppViewModel::setMissingDependencyMessage(const QString &value)
-{
-    assign(m_missingDependencyMessage, value, &AppViewModel::missingDependencyMessageChanged);
-}
-
-void AppViewModel::setSelectedWorkers(qint64 value)
-{
-    if (assign(m_selectedWorkers, value, &AppViewModel::selectedWorkersChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setMemoryThrottleEnabled(bool value)
-{
-    if (assign(m_memoryThrottleEnabled, value, &AppViewModel::memoryThrottleEnabledChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setEnableCanary(bool value)
-{
-    if (assign(m_enableCanary, value, &AppViewModel::enableCanaryChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setExportDebugMasks(bool value)
-{
-    if (assign(m_exportDebugMasks, value, &AppViewModel::exportDebugMasksChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setNotificationSoundEnabled(bool value)
-{
-    if (assign(m_notificationSoundEnabled, value, &AppViewModel::notificationSoundEnabledChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setSelectedProfile(orvanta::StyleProfile value)
-{
-    if (assign(m_selectedProfile, value, &AppViewModel::selectedProfileChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setCustomMidTarget(double value)
-{
-    if (assign(m_customMidTarget, value, &AppViewModel::customMidTargetChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setCustomPowerMid(double value)
-{
-    if (assign(m_customPowerMid, value, &AppViewModel::customPowerMidChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setCustomPowerHi(double value)
-{
-    if (assign(m_customPowerHi, value, &AppViewModel::customPowerHiChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setCustomChromaBoost(double value)
-{
-    if (assign(m_customChromaBoost, value, &AppViewModel::customChromaBoostChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setCustomSkinDamp(double value)
-{
-    if (assign(m_customSkinDamp, value, &AppViewModel::customSkinDampChanged))
-        saveConfiguration();
-}
-
-void AppViewModel::setUserRecipes(const QList<orvanta::UserRecipe> &value)
-{
-    assign(m_userRecipes, value, &AppViewModel::userRecipesChanged);
-}
-
-void AppViewModel::setActiveRecipeId(const QUuid &value)
-{
-    assign(m_activeRecipeId, value, &AppViewModel::activeRecipeIdChanged);
-}
-
-void AppViewModel::setIsShowingSettings(bool value)
-{
-    assign(m_isShowingSettings, value, &AppViewModel::isShowingSettingsChanged);
-}
-
-void AppViewModel::setIsShowingDonateSheet(bool value)
-{
-    assign(m_isShowingDonateSheet, value, &AppViewModel::isShowingDonateSheetChanged);
-}
-
-void AppViewModel::setSelectedTab(qint64 value)
-{
-    assign(m_selectedTab, value, &AppViewModel::selectedTabChanged);
-}
-
-void AppViewModel::setIsConsoleDrawerExpanded(bool value)
-{
-    assign(m_isConsoleDrawerExpanded, value, &AppViewModel::isConsoleDrawerExpandedChanged);
-}
-
-void AppViewModel::setRamTotalGB(double value)
-{
-    assign(m_ramTotalGB, value, &AppViewModel::ramTotalGBChanged);
-}
-
-void AppViewModel::setMemoryPressureDesc(const QString &value)
-{
-    assign(m_memoryPressureDesc, value, &AppViewModel::memoryPressureDescChanged);
-}
-
-void AppViewModel::setIsRunning(bool value)
-{
-    assign(m_isRunning, value, &AppViewModel::isRunningChanged);
-}
-
-void AppViewModel::setIsStopping(bool value)
-{
-    assign(m_isStopping, value, &AppViewModel::isStoppingChanged);
-}
-
-void AppViewModel::setStatusMessage(const QString &value)
-{
-    assign(m_statusMessage, value, &AppViewModel::statusMessageChanged);
-}
-
-void AppViewModel::setScanPairs(qint64 value)
-{
-    assign(m_scanPairs, value, &AppViewModel::scanPairsChanged);
-}
-
-void AppViewModel::setScanOrphans(qint64 value)
-{
-    assign(m_scanOrphans, value, &AppViewModel::scanOrphansChanged);
-}
-
-void AppViewModel::setScanSkipped(qint64 value)
-{
-    assign(m_scanSkipped, value, &AppViewModel::scanSkippedChanged);
-}
-
-void AppViewModel::setScanPending(qint64 value)
-{
-    assign(m_scanPending, value, &AppViewModel::scanPendingChanged);
-}
-
-void AppViewModel::setCurrentIndex(qint64 value)
-{
-    assign(m_currentIndex, value, &AppViewModel::currentIndexChanged);
-}
-
-void AppViewModel::setTotalPending(qint64 value)
-{
-    assign(m_totalPending, value, &AppViewModel::totalPendingChanged);
-}
-
-void AppViewModel::setCurrentStem(const QString &value)
-{
-    assign(m_currentStem, value, &AppViewModel::currentStemChanged);
-}
-
-void AppViewModel::setCurrentFaces(qint64 value)
-{
-    assign(m_currentFaces, value, &AppViewModel::currentFacesChanged);
-}
-
-void AppViewModel::setCurrentPeakStops(double value)
-{
-    assign(m_currentPeakStops, value, &AppViewModel::currentPeakStopsChanged);
-}
-
-void AppViewModel::setCurrentBayerClip(double value)
-{
-    assign(m_currentBayerClip, value, &AppViewModel::currentBayerClipChanged);
-}
-
-void AppViewModel::setCurrentDuration(double value)
-{
-    assign(m_currentDuration, value, &AppViewModel::currentDurationChanged);
-}
-
-void AppViewModel::setProgressFraction(double value)
-{
-    assign(m_progressFraction, value, &AppViewModel::progressFractionChanged);
-}
-
-void AppViewModel::setBatchElapsedSeconds(qint64 value)
-{
-    assign(m_batchElapsedSeconds, value, &AppViewModel::batchElapsedSecondsChanged);
-}
-
-void AppViewModel::setConsoleLogs(const QStringList &value)
-{
-    assign(m_consoleLogs, value, &AppViewModel::consoleLogsChanged);
-}
-
-void AppViewModel::setHistoryStats(const orvanta::DashboardStats &value)
-{
-    assign(m_historyStats, value, &AppViewModel::historyStatsChanged);
-}
-
-void AppViewModel::setHistoryRecords(const QList<orvanta::PhotoRecord> &value)
-{
-    assign(m_historyRecords, value, &AppViewModel::historyRecordsChanged);
-}
-
-void AppViewModel::setHistorySearchText(const QString &value)
-{
-    assign(m_historySearchText, value, &AppViewModel::historySearchTextChanged);
-}
-
-void AppViewModel::setHistoryStatusFilter(orvanta::HistoryStatusFilter value)
-{
-    assign(m_historyStatusFilter, value, &AppViewModel::historyStatusFilterChanged);
-}
-
-void AppViewModel::setHistorySortField(orvanta::HistorySortField value)
-{
-    assign(m_historySortField, value, &AppViewModel::historySortFieldChanged);
-}
-
-void AppViewModel::setHistorySortAscending(bool value)
-{
-    assign(m_historySortAscending, value, &AppViewModel::historySortAscendingChanged);
-}
-
-void AppViewModel::setSelectedRecordIds(const QSet<QString> &value)
-{
-    assign(m_selectedRecordIds, value, &AppViewModel::selectedRecordIdsChanged);
-}
+ORVANTA_APP_PROPERTIES(ORVANTA_DEFINE_SETTER)
 
 void AppViewModel::setVisibleColumns(const ListColumnSet &value)
 {
     // Every assignment is saved, even one that changes nothing.
     assign(m_visibleColumns, normalizedColumnSet(value), &AppViewModel::visibleColumnsChanged);
     saveConfiguration();
-}
-
-void AppViewModel::setHasMoreHistory(bool value)
-{
-    assign(m_hasMoreHistory, value, &AppViewModel::hasMoreHistoryChanged);
-}
-
-void AppViewModel::setIsLoadingMore(bool value)
-{
-    assign(m_isLoadingMore, value, &AppViewModel::isLoadingMoreChanged);
-}
-
-void AppViewModel::setTotalFilteredCount(qint64 value)
-{
-    assign(m_totalFilteredCount, value, &AppViewModel::totalFilteredCountChanged);
 }
 
 } // namespace orvanta

@@ -3,7 +3,7 @@
 
 #include "core/ConfigStore.h"
 
-#include "core/JsonWriter.h"
+#include "base/JsonWriter.h"
 
 #include <QDir>
 #include <QFile>

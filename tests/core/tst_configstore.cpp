@@ -5,7 +5,7 @@
 // the lossless value conversions used when loading it.
 #include "common/TestEnvironment.h"
 #include "core/ConfigStore.h"
-#include "core/JsonWriter.h"
+#include "base/JsonWriter.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "core/JsonWriter.h"
+#include "base/JsonWriter.h"
 
 #include <QJsonArray>
 #include <QLocale>
