@@ -64,7 +64,7 @@ QImage histogramRendition(const QString &path);
 std::optional<HDRHistogramData> computeHistogram(const QString &path,
                                                  std::optional<double> peakStops);
 
-// Runs computeHistogram on the global thread pool and calls `done` on the
+// Runs computeHistogram on a thread pool of its own and calls `done` on the
 // main thread, unless `receiver` is gone by then. A file that cannot be read
 // never calls `done`.
 void computeHistogramAsync(QObject *receiver, const QString &path, std::optional<double> peakStops,

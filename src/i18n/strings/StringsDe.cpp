@@ -469,6 +469,23 @@ constexpr StringEntry kEntries[] = {
       "weiterzuentwickeln. Vielen Dank für Ihre Unterstützung!" },
     { "donate_btn_open", "Spendenseite öffnen" },
     { "donate_btn_later", "Vielleicht später" },
+
+    // never lose work: quit question, missing engine, busy history
+    { "quit_running_title", "Ein Stapel läuft noch" },
+    { "quit_running_message",
+      "Die Engine wandelt noch Fotos um. Beim Anhalten stellt sie das Foto in Arbeit noch fertig; "
+      "bereits Erledigtes geht nicht verloren." },
+    { "quit_stop_and_quit", "Stapel anhalten und beenden" },
+    { "quit_when_done", "Nach dem Stapel beenden" },
+    { "quit_keep_running", "Weiterlaufen lassen" },
+    { "status_stopping_to_quit", "Stapel wird angehalten, danach wird beendet..." },
+    { "env_engine_missing", "Engine nicht gefunden: %@" },
+    { "env_engine_not_executable", "Engine ist nicht ausführbar: %@" },
+    { "env_missing_libraries", "Fehlende Bibliotheken: %@" },
+    { "log_engine_missing_start",
+      "Start nicht möglich: keine Engine unter %@. Installieren Sie orvanta_engine oder setzen Sie "
+      "ORVANTA_BIN auf ihren Pfad." },
+    { "history_busy", "Verlauf ist belegt, neuer Versuch..." },
 };
 } // namespace
 

@@ -469,6 +469,23 @@ constexpr StringEntry kEntries[] = {
       "por tu apoyo!" },
     { "donate_btn_open", "Abrir página de donación" },
     { "donate_btn_later", "Quizá más tarde" },
+
+    // never lose work: quit question, missing engine, busy history
+    { "quit_running_title", "Todavía hay un lote en curso" },
+    { "quit_running_message",
+      "El motor sigue convirtiendo fotos. Al detenerlo, primero termina la foto en curso; no se "
+      "pierde nada de lo ya hecho." },
+    { "quit_stop_and_quit", "Detener el lote y salir" },
+    { "quit_when_done", "Salir al terminar el lote" },
+    { "quit_keep_running", "Seguir procesando" },
+    { "status_stopping_to_quit", "Deteniendo el lote; después se cerrará..." },
+    { "env_engine_missing", "Motor no encontrado: %@" },
+    { "env_engine_not_executable", "El motor no es ejecutable: %@" },
+    { "env_missing_libraries", "Faltan bibliotecas: %@" },
+    { "log_engine_missing_start",
+      "No se puede iniciar: no hay ningún motor en %@. Instale orvanta_engine o indique su ruta en "
+      "ORVANTA_BIN." },
+    { "history_busy", "Historial ocupado, reintentando..." },
 };
 } // namespace
 

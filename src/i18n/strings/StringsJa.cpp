@@ -463,6 +463,23 @@ constexpr StringEntry kEntries[] = {
       "a を無料で提供し、開発を続けていくための支えになります。ご支援ありがとうございます！" },
     { "donate_btn_open", "寄付ページを開く" },
     { "donate_btn_later", "また今度" },
+
+    // never lose work: quit question, missing engine, busy history
+    { "quit_running_title", "バッチを処理中です" },
+    { "quit_running_message",
+      "エンジンはまだ写真を変換しています。停止すると、処理中の写真を仕上げてから止まります。完了済"
+      "みのものは失われません。" },
+    { "quit_stop_and_quit", "バッチを停止して終了" },
+    { "quit_when_done", "バッチ完了後に終了" },
+    { "quit_keep_running", "処理を続ける" },
+    { "status_stopping_to_quit", "バッチを停止しています。停止後に終了します..." },
+    { "env_engine_missing", "エンジンが見つかりません：%@" },
+    { "env_engine_not_executable", "エンジンを実行できません：%@" },
+    { "env_missing_libraries", "不足しているライブラリ：%@" },
+    { "log_engine_missing_start",
+      "開始できません：%@ にエンジンがありません。orvanta_engine をインストールするか、ORVANTA_BIN "
+      "にパスを設定してください。" },
+    { "history_busy", "履歴が使用中です。再試行しています..." },
 };
 } // namespace
 

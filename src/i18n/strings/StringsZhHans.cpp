@@ -431,6 +431,21 @@ constexpr StringEntry kEntries[] = {
       "保持免费并持续开发。感谢您的支持！" },
     { "donate_btn_open", "打开捐赠页面" },
     { "donate_btn_later", "以后再说" },
+
+    // never lose work: quit question, missing engine, busy history
+    { "quit_running_title", "批处理仍在运行" },
+    { "quit_running_message",
+      "引擎仍在转换照片。停止时，它会先完成正在处理的照片；已完成的内容不会丢失。" },
+    { "quit_stop_and_quit", "停止批处理并退出" },
+    { "quit_when_done", "批处理结束后退出" },
+    { "quit_keep_running", "继续运行" },
+    { "status_stopping_to_quit", "正在停止批处理，随后退出..." },
+    { "env_engine_missing", "未找到引擎：%@" },
+    { "env_engine_not_executable", "引擎不可执行：%@" },
+    { "env_missing_libraries", "缺少的库：%@" },
+    { "log_engine_missing_start",
+      "无法开始：%@ 处没有引擎。请安装 orvanta_engine，或将 ORVANTA_BIN 设置为其路径。" },
+    { "history_busy", "历史记录正忙，正在重试..." },
 };
 } // namespace
 
