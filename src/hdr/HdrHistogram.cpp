@@ -191,8 +191,6 @@ std::optional<HDRHistogramData> computeHistogram(const QString &path,
     return data;
 }
 
-namespace {
-
 QThreadPool &histogramPool()
 {
     // Never destroyed: a worker may still wait on a file or a lock when the
@@ -205,8 +203,6 @@ QThreadPool &histogramPool()
     }();
     return *pool;
 }
-
-} // namespace
 
 void computeHistogramAsync(QObject *receiver, const QString &path, std::optional<double> peakStops,
                            std::function<void(const HDRHistogramData &)> done)
