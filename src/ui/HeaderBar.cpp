@@ -148,7 +148,7 @@ void HeaderBar::updateEnvironment()
     if (healthy || problem.isEmpty())
         m_envText->setText(m_model.t(healthy ? "status_env_ready" : "status_env_missing"));
     else
-        m_envText->setText(m_envText->fontMetrics().elidedText(problem, Qt::ElideMiddle, 380));
+        m_envText->setText(m_envText->fontMetrics().elidedText(problem, Qt::ElideMiddle, 320));
     QPalette pal = m_envText->palette();
     pal.setColor(QPalette::WindowText, healthy ? theme::kTextSecondary : theme::kOrange);
     m_envText->setPalette(pal);
