@@ -91,6 +91,9 @@ EngineDoctorQuery *EngineDoctorQuery::start(const QString &enginePath, QObject *
     });
     QTimer::singleShot(kTimeoutMs, query, &EngineDoctorQuery::abandon);
     process->start(enginePath, { u"doctor"_s, u"--json"_s });
+    // Known as soon as start() returns (before started() is delivered), so a
+    // query ended at once still ends the whole group.
+    query->m_group = process->processId();
     return query;
 }
 

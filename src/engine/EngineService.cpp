@@ -139,6 +139,7 @@ void EngineService::startRun(const EngineRunOptions &options, EngineCallbacks ca
             launchFailed(run, run->process->errorString());
     });
     process->start(QIODevice::ReadOnly);
+    run->group = pid_t(process->processId()); // 0 when the launch failed
 }
 
 void EngineService::launchFailed(Run *run, const QString &reason)

@@ -424,10 +424,9 @@ void MainWindowTest::footerAndHeaderShowStorageAndEnvironment()
     m.setIsEnvironmentHealthy(false);
     QCOMPARE(env->text(), u"Missing Dependencies"_s);
     // The header names the problem itself, not only that there is one.
-    m.setMissingDependencyMessage(u"Engine not found: /opt/orvanta/bin/orvanta_engine"_s);
-    QCOMPARE(env->text(), u"Engine not found: /opt/orvanta/bin/orvanta_engine"_s);
-    QCOMPARE(env->parentWidget()->toolTip(),
-             u"Engine not found: /opt/orvanta/bin/orvanta_engine"_s);
+    m.setMissingDependencyMessage(u"Engine not found: /usr/bin/orvanta_engine"_s);
+    QCOMPARE(env->text(), u"Engine not found: /usr/bin/orvanta_engine"_s);
+    QCOMPARE(env->parentWidget()->toolTip(), u"Engine not found: /usr/bin/orvanta_engine"_s);
     QCOMPARE(m_window->header()->settingsButton()->toolTip(), u"Preferences (Ctrl+,)"_s);
     m_window->header()->settingsButton()->click();
     QVERIFY(!m.isShowingSettings()); // no settings window installed: the request does not stick

@@ -470,7 +470,7 @@ constexpr StringEntry kEntries[] = {
     { "donate_btn_open", "Spendenseite öffnen" },
     { "donate_btn_later", "Vielleicht später" },
 
-    // never lose work: quit question, missing engine, busy history
+    // never lose work: quit question, missing engine
     { "quit_running_title", "Ein Stapel läuft noch" },
     { "quit_running_message",
       "Die Engine wandelt noch Fotos um. Beim Anhalten stellt sie das Foto in Arbeit noch fertig; "
@@ -485,7 +485,6 @@ constexpr StringEntry kEntries[] = {
     { "log_engine_missing_start",
       "Start nicht möglich: keine Engine unter %@. Installieren Sie orvanta_engine oder setzen Sie "
       "ORVANTA_BIN auf ihren Pfad." },
-    { "history_busy", "Verlauf ist belegt, neuer Versuch..." },
 };
 } // namespace
 

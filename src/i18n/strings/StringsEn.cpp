@@ -455,7 +455,7 @@ constexpr StringEntry kEntries[] = {
     { "donate_btn_open", "Open Donation Page" },
     { "donate_btn_later", "Maybe Later" },
 
-    // never lose work: quit question, missing engine, busy history
+    // never lose work: quit question, missing engine
     { "quit_running_title", "A batch is still running" },
     { "quit_running_message",
       "The engine is still converting photos. Stopping lets it finish the photo in progress first; "
@@ -469,7 +469,6 @@ constexpr StringEntry kEntries[] = {
     { "env_missing_libraries", "Missing libraries: %@" },
     { "log_engine_missing_start",
       "Cannot start: no engine at %@. Install orvanta_engine or set ORVANTA_BIN to its path." },
-    { "history_busy", "History is busy, retrying..." },
 };
 } // namespace
 

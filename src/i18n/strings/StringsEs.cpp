@@ -470,7 +470,7 @@ constexpr StringEntry kEntries[] = {
     { "donate_btn_open", "Abrir página de donación" },
     { "donate_btn_later", "Quizá más tarde" },
 
-    // never lose work: quit question, missing engine, busy history
+    // never lose work: quit question, missing engine
     { "quit_running_title", "Todavía hay un lote en curso" },
     { "quit_running_message",
       "El motor sigue convirtiendo fotos. Al detenerlo, primero termina la foto en curso; no se "
@@ -485,7 +485,6 @@ constexpr StringEntry kEntries[] = {
     { "log_engine_missing_start",
       "No se puede iniciar: no hay ningún motor en %@. Instale orvanta_engine o indique su ruta en "
       "ORVANTA_BIN." },
-    { "history_busy", "Historial ocupado, reintentando..." },
 };
 } // namespace
 

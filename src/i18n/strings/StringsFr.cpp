@@ -475,7 +475,7 @@ constexpr StringEntry kEntries[] = {
     { "donate_btn_open", "Ouvrir la page de don" },
     { "donate_btn_later", "Plus tard" },
 
-    // never lose work: quit question, missing engine, busy history
+    // never lose work: quit question, missing engine
     { "quit_running_title", "Un lot est encore en cours" },
     { "quit_running_message",
       "Le moteur convertit encore des photos. En l’arrêtant, il termine d’abord la photo en "
@@ -490,7 +490,6 @@ constexpr StringEntry kEntries[] = {
     { "log_engine_missing_start",
       "Démarrage impossible : aucun moteur à l’emplacement %@. Installez orvanta_engine ou "
       "indiquez son chemin dans ORVANTA_BIN." },
-    { "history_busy", "Historique occupé, nouvel essai..." },
 };
 } // namespace
 

@@ -464,7 +464,7 @@ constexpr StringEntry kEntries[] = {
     { "donate_btn_open", "寄付ページを開く" },
     { "donate_btn_later", "また今度" },
 
-    // never lose work: quit question, missing engine, busy history
+    // never lose work: quit question, missing engine
     { "quit_running_title", "バッチを処理中です" },
     { "quit_running_message",
       "エンジンはまだ写真を変換しています。停止すると、処理中の写真を仕上げてから止まります。完了済"
@@ -479,7 +479,6 @@ constexpr StringEntry kEntries[] = {
     { "log_engine_missing_start",
       "開始できません：%@ にエンジンがありません。orvanta_engine をインストールするか、ORVANTA_BIN "
       "にパスを設定してください。" },
-    { "history_busy", "履歴が使用中です。再試行しています..." },
 };
 } // namespace
 

@@ -432,7 +432,7 @@ constexpr StringEntry kEntries[] = {
     { "donate_btn_open", "打开捐赠页面" },
     { "donate_btn_later", "以后再说" },
 
-    // never lose work: quit question, missing engine, busy history
+    // never lose work: quit question, missing engine
     { "quit_running_title", "批处理仍在运行" },
     { "quit_running_message",
       "引擎仍在转换照片。停止时，它会先完成正在处理的照片；已完成的内容不会丢失。" },
@@ -445,7 +445,6 @@ constexpr StringEntry kEntries[] = {
     { "env_missing_libraries", "缺少的库：%@" },
     { "log_engine_missing_start",
       "无法开始：%@ 处没有引擎。请安装 orvanta_engine，或将 ORVANTA_BIN 设置为其路径。" },
-    { "history_busy", "历史记录正忙，正在重试..." },
 };
 } // namespace
 

@@ -434,7 +434,7 @@ constexpr StringEntry kEntries[] = {
     { "donate_btn_open", "開啟捐款頁面" },
     { "donate_btn_later", "以後再說" },
 
-    // never lose work: quit question, missing engine, busy history
+    // never lose work: quit question, missing engine
     { "quit_running_title", "批次仍在執行" },
     { "quit_running_message",
       "引擎仍在轉換照片。停止時，它會先完成正在處理的照片；已完成的內容不會遺失。" },
@@ -447,7 +447,6 @@ constexpr StringEntry kEntries[] = {
     { "env_missing_libraries", "缺少的程式庫：%@" },
     { "log_engine_missing_start",
       "無法開始：%@ 沒有引擎。請安裝 orvanta_engine，或將 ORVANTA_BIN 設為其路徑。" },
-    { "history_busy", "歷史記錄忙碌中，正在重試..." },
 };
 } // namespace
 
