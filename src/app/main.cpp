@@ -10,6 +10,7 @@
 #include "i18n/LocalizationService.h"
 #include "platform/AppId.h"
 #include "ui/MainWindow.h"
+#include "ui/QuitGuard.h"
 #include "ui/Theme.h"
 #include "ui/compare/HDRCompareView.h"
 #include "ui/compare/HDRCompareWindowManager.h"
@@ -95,6 +96,10 @@ int main(int argc, char *argv[])
     window.setSettingsFactory([&updater](orvanta::AppViewModel &m, QWidget *parent) -> QDialog * {
         return new orvanta::SettingsWindow(m, &updater, {}, parent);
     });
+
+    // Closing the window, Ctrl+Q, the application menu and a logout all ask
+    // before a running batch is given up.
+    orvanta::QuitGuard quitGuard(model, window);
 
     window.show();
     updater.start();

@@ -9,6 +9,7 @@
 #include "engine/DockProgressManager.h"
 #include "engine/EngineDoctor.h"
 #include "engine/EngineLaunch.h"
+#include "engine/EngineOutputParser.h"
 #include "engine/EngineService.h"
 #include "engine/NotificationManager.h"
 #include "engine/SystemProbes.h"
@@ -27,6 +28,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kMaxConsoleLines = 1000;
+// Lines are shortened to a few KiB, and the whole console to about 4 MB of
+// text, whatever an engine prints.
+constexpr qsizetype kMaxConsoleChars = qsizetype(2) << 20;
 constexpr int kElapsedTickMs = 1000;
 constexpr int kStopWatchdogMs = 3000;
 constexpr int kExitCancelled = 130;
@@ -52,6 +56,16 @@ void AppViewModel::setUpEngine()
     m_batchTimer->setInterval(kElapsedTickMs);
     connect(m_batchTimer, &QTimer::timeout, this,
             [this] { setBatchElapsedSeconds(incremented(m_batchElapsedSeconds)); });
+    // The environment's finding is a sentence in the interface language.
+    connect(this, &AppViewModel::currentLanguageChanged, this, [this] {
+        if (!m_isEnvironmentHealthy)
+            checkEnvironment();
+    });
+    // An unreadable configuration file is kept before the defaults replace it.
+    m_config.setBrokenFileHandler([this](const QString &backup) {
+        appendLog(u"⚠️ The configuration file could not be read; it was kept as "_s + backup
+                  + u" and the defaults are used."_s);
+    });
     // Memory is measured when the settings window shows its probe, not at
     // start-up: until then the published figure is the documented default.
 }
@@ -69,19 +83,28 @@ void AppViewModel::updateVolumeInfo()
 
 void AppViewModel::checkEnvironment()
 {
-    const QStringList missing = missingTools(ToolProbeContext::system());
-    setIsEnvironmentHealthy(missing.isEmpty());
-    setMissingDependencyMessage(missing.join(u", "_s));
-    // Our own engine knows best what it needs: its answer, when it comes,
-    // replaces the fixed tool list. An older query's answer is dropped.
+    // A problem is published as a whole sentence (it names the engine's path
+    // or the missing libraries) and written to the console when it is new.
+    auto publish = [this](const EnvironmentVerdict &verdict) {
+        const QString text = verdict.healthy() ? QString() : t(verdict.key, { verdict.detail });
+        // The same finding in another language is not news.
+        const bool isNew = !text.isEmpty()
+            && (m_isEnvironmentHealthy || !m_missingDependencyMessage.contains(verdict.detail));
+        setIsEnvironmentHealthy(verdict.healthy());
+        setMissingDependencyMessage(text);
+        if (isNew)
+            appendLog(u"❌ "_s + text);
+    };
     qDeleteAll(findChildren<EngineDoctorQuery *>(Qt::FindDirectChildrenOnly));
-    const QString engine = resolveEngineBinary(EngineLocatorContext::system());
-    if (auto *query = EngineDoctorQuery::start(engine, this)) {
+    const EngineLocatorContext locator = EngineLocatorContext::system();
+    const EnvironmentVerdict installed = checkEngineInstalled(locator);
+    publish(installed);
+    if (!installed.healthy())
+        return;
+    // The engine knows best which of its libraries and data are missing.
+    if (auto *query = EngineDoctorQuery::start(resolveEngineBinary(locator), this)) {
         connect(query, &EngineDoctorQuery::answered, this,
-                [this](const QStringList &engineMissing) {
-                    setIsEnvironmentHealthy(engineMissing.isEmpty());
-                    setMissingDependencyMessage(engineMissing.join(u", "_s));
-                });
+                [publish](const QStringList &missing) { publish(librariesVerdict(missing)); });
     }
 }
 
@@ -122,8 +145,9 @@ void AppViewModel::flushConsole()
     if (!m_consoleDirty)
         return;
     m_consoleDirty = false;
-    if (m_consoleLogs.size() > kMaxConsoleLines)
-        m_consoleLogs.remove(0, m_consoleLogs.size() - kMaxConsoleLines);
+    if (const qsizetype drop
+        = consoleLinesOverBudget(m_consoleLogs, kMaxConsoleLines, kMaxConsoleChars))
+        m_consoleLogs.remove(0, drop);
     Q_EMIT consoleLogsChanged();
 }
 
@@ -160,7 +184,13 @@ void AppViewModel::startProcessing()
     if (m_isRunning)
         return;
     updateVolumeInfo();
-    checkEnvironment(); // shown in the footer; missing tools do not block a run
+    checkEnvironment(); // shown in the header; missing libraries do not block a run
+    if (const EnvironmentVerdict engine = checkEngineInstalled(EngineLocatorContext::system());
+        !engine.healthy()) {
+        setStatus(QString::fromLatin1(engine.key), { engine.detail });
+        appendLog(u"❌ "_s + t("log_engine_missing_start", { engine.detail }));
+        return;
+    }
 
     if (!m_isVolumeSafe) {
         setStatus(u"status_abnormal"_s, { 1 });

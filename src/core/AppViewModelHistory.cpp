@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // The history half of AppViewModel: paged queries, selection, bulk actions.
-// Queries and deletes run on the global thread pool; their results come back
+// Queries and deletes run on the history service's own pool; their results come back
 // to the main thread and are dropped if the model has gone meanwhile.
 #include "core/AppViewModel.h"
 #include "history/HistoryLoading.h"
@@ -25,7 +25,7 @@ namespace {
 template<typename Work, typename Apply>
 void runOffMainThread(AppViewModel *model, Work work, Apply apply)
 {
-    QThreadPool::globalInstance()->start(
+    HistoryService::pool().start(
         [model = QPointer<AppViewModel>(model), work = std::move(work), apply = std::move(apply)] {
             auto result = work();
             QCoreApplication *app = QCoreApplication::instance();

@@ -3,6 +3,8 @@
 
 #include "EngineDoctor.h"
 
+#include "engine/EngineLaunch.h"
+
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -10,13 +12,16 @@
 #include <QProcess>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kDoctorTimeoutMs = 5000;
+constexpr int kTimeoutMs = 5000;
+constexpr qsizetype kMaxStderrBytes = 16 * 1024;
 
 } // namespace
 
@@ -35,6 +40,20 @@ std::optional<QStringList> parseDoctorReport(QByteArrayView json)
     return names;
 }
 
+std::optional<QString> missingSharedLibrary(QByteArrayView stderrText)
+{
+    static constexpr QByteArrayView kMarker = "error while loading shared libraries: ";
+    const qsizetype at = stderrText.indexOf(kMarker);
+    if (at < 0)
+        return std::nullopt;
+    const QByteArrayView rest = stderrText.sliced(at + kMarker.size());
+    const qsizetype end = rest.indexOf(':');
+    const QByteArrayView name = end < 0 ? QByteArrayView() : rest.first(end).trimmed();
+    if (name.isEmpty())
+        return std::nullopt;
+    return QString::fromLocal8Bit(name);
+}
+
 EngineDoctorQuery::EngineDoctorQuery(QObject *parent)
     : QObject(parent)
     , m_process(new QProcess(this))
@@ -43,6 +62,8 @@ EngineDoctorQuery::EngineDoctorQuery(QObject *parent)
 
 EngineDoctorQuery::~EngineDoctorQuery()
 {
+    m_process->disconnect(this);
+    endProcessGroup(m_group);
     if (m_process->state() != QProcess::NotRunning) {
         m_process->kill();
         m_process->waitForFinished(1000);
@@ -58,24 +79,62 @@ EngineDoctorQuery *EngineDoctorQuery::start(const QString &enginePath, QObject *
     QProcess *process = query->m_process;
     process->setProcessChannelMode(QProcess::SeparateChannels);
     process->setStandardInputFile(QProcess::nullDevice());
+    process->setChildProcessModifier(prepareEngineChild);
+    connect(process, &QProcess::started, query,
+            [query] { query->m_group = query->m_process->processId(); });
+    connect(process, &QProcess::readyReadStandardOutput, query, &EngineDoctorQuery::readOutput);
+    connect(process, &QProcess::readyReadStandardError, query, &EngineDoctorQuery::readOutput);
     connect(process, &QProcess::finished, query, &EngineDoctorQuery::finish);
     connect(process, &QProcess::errorOccurred, query, [query](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)
-            query->deleteLater();
+            query->abandon();
     });
-    QTimer::singleShot(kDoctorTimeoutMs, query, [query] {
-        query->m_process->kill();
-        query->deleteLater();
-    });
+    QTimer::singleShot(kTimeoutMs, query, &EngineDoctorQuery::abandon);
     process->start(enginePath, { u"doctor"_s, u"--json"_s });
+    // Known as soon as start() returns (before started() is delivered), so a
+    // query ended at once still ends the whole group.
+    query->m_group = process->processId();
     return query;
+}
+
+void EngineDoctorQuery::readOutput()
+{
+    // Kept up to the bounds; an engine printing without end is not waited
+    // for (and not read into memory) but ended.
+    m_stdout += m_process->read(kMaxOutputBytes + 1 - m_stdout.size());
+    m_process->setReadChannel(QProcess::StandardError);
+    m_stderr += m_process->read(std::max<qint64>(0, kMaxStderrBytes - m_stderr.size()));
+    m_process->readAllStandardError(); // the rest of a long complaint is dropped
+    m_process->setReadChannel(QProcess::StandardOutput);
+    if (m_stdout.size() > kMaxOutputBytes)
+        abandon();
 }
 
 void EngineDoctorQuery::finish()
 {
-    // The report lists what is missing; the exit status only repeats it.
-    if (const auto missing = parseDoctorReport(m_process->readAllStandardOutput()))
+    if (m_done)
+        return;
+    readOutput();
+    if (m_done)
+        return;
+    m_done = true;
+    endProcessGroup(m_group);
+    // The report lists what is missing; the exit status only repeats it. An
+    // engine the loader refused to start names its missing library instead.
+    if (const auto missing = parseDoctorReport(m_stdout))
         emit answered(*missing);
+    else if (const auto library = missingSharedLibrary(m_stderr))
+        emit answered({ *library });
+    deleteLater();
+}
+
+void EngineDoctorQuery::abandon()
+{
+    if (m_done)
+        return;
+    m_done = true;
+    endProcessGroup(m_group);
+    m_process->kill();
     deleteLater();
 }
 

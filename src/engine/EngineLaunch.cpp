@@ -8,6 +8,11 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <csignal>
+#include <sys/prctl.h>
+#include <sys/types.h>
+#include <unistd.h>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -178,6 +183,18 @@ QProcessEnvironment engineEnvironment(QProcessEnvironment env, const QString &re
             env.insert(name, resourcesDir);
     }
     return env;
+}
+
+void prepareEngineChild()
+{
+    ::setpgid(0, 0);
+    ::prctl(PR_SET_PDEATHSIG, SIGINT);
+}
+
+void endProcessGroup(qint64 group)
+{
+    if (group > 0)
+        ::kill(-pid_t(group), SIGKILL);
 }
 
 } // namespace orvanta

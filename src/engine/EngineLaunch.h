@@ -75,4 +75,15 @@ QString resolveEngineBinary(const EngineLocatorContext &context);
 // has ever read. `resourcesDir` empty: no resources variables.
 QProcessEnvironment engineEnvironment(QProcessEnvironment base, const QString &resourcesDir);
 
+// Runs in the forked child before the engine is executed: the engine gets a
+// process group of its own (Ctrl+C in our terminal does not reach it, and a
+// kill of the group reaches every worker it started), and should the
+// application die without a word, the kernel sends it SIGINT, the same
+// "finish the photo in flight, then stop" request as the stop button.
+void prepareEngineChild();
+
+// Ends whatever is left of an engine's process group (workers that ignore
+// INT and TERM) once the engine itself has ended. 0 does nothing.
+void endProcessGroup(qint64 group);
+
 } // namespace orvanta

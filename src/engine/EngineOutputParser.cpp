@@ -3,9 +3,12 @@
 
 #include "engine/EngineOutputParser.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace orvanta {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -44,6 +47,27 @@ EngineOutputParser::EngineOutputParser(EventSink onEvent, LineSink onLogLine)
 {
 }
 
+QString shownConsoleLine(QByteArrayView line, qsizetype limit)
+{
+    if (line.size() <= limit)
+        return QString::fromUtf8(line);
+    return QString::fromUtf8(line.first(utf8CutPosition(line, limit)))
+        + u" … [line shortened: %1 bytes in all]"_s.arg(line.size());
+}
+
+qsizetype consoleLinesOverBudget(const QStringList &lines, qsizetype maxLines, qsizetype maxChars)
+{
+    qsizetype keep = 0;
+    qsizetype chars = 0;
+    for (qsizetype i = lines.size() - 1; i >= 0 && keep < maxLines; --i) {
+        chars += lines.at(i).size();
+        if (keep > 0 && chars > maxChars)
+            break;
+        ++keep;
+    }
+    return lines.size() - keep;
+}
+
 void EngineOutputParser::feed(QByteArrayView bytes)
 {
     qsizetype start = 0;
@@ -52,37 +76,56 @@ void EngineOutputParser::feed(QByteArrayView bytes)
         if (newline < 0)
             break;
         const QByteArrayView piece = bytes.sliced(start, newline - start);
-        if (m_pending.isEmpty()) {
-            deliverCapped(piece);
+        if (m_overlongBytes > 0) {
+            m_overlongBytes += piece.size();
+            endOverlong();
+        } else if (m_pending.isEmpty()) {
+            deliverLine(piece);
         } else {
             m_pending.append(piece);
             const QByteArray line = std::exchange(m_pending, {});
-            deliverCapped(line);
+            deliverLine(line);
         }
         start = newline + 1;
     }
-    m_pending.append(bytes.sliced(start));
-    while (m_pending.size() > kMaxLineBytes) {
-        const qsizetype cut = utf8CutPosition(m_pending, kMaxLineBytes);
-        deliverLine(QByteArrayView(m_pending).first(cut));
-        m_pending.remove(0, cut);
+    const QByteArrayView rest = bytes.sliced(start);
+    if (m_overlongBytes > 0) {
+        m_overlongBytes += rest.size();
+        return;
     }
+    // Held only up to the bound; what goes beyond is counted, not kept.
+    const qsizetype room = kMaxLineBytes + 1 - m_pending.size();
+    const qsizetype taken = std::min(room, rest.size());
+    m_pending.append(rest.first(taken));
+    if (m_pending.size() > kMaxLineBytes)
+        beginOverlong(rest.size() - taken);
+}
+
+void EngineOutputParser::beginOverlong(qsizetype droppedBytes)
+{
+    // No record is this long: the line is shown by its beginning now, since
+    // its end may never come, and its length once it does.
+    const QByteArrayView line = trimmedAscii(m_pending);
+    m_onLogLine(QString::fromUtf8(line.first(utf8CutPosition(line, kShownLineBytes)))
+                + u" … [line shortened: it goes on]"_s);
+    m_overlongBytes = m_pending.size() + droppedBytes;
+    m_pending = QByteArray();
+}
+
+void EngineOutputParser::endOverlong()
+{
+    const qint64 total = std::exchange(m_overlongBytes, 0);
+    m_onLogLine(u"   … [the shortened line above ended after %1 bytes]"_s.arg(total));
 }
 
 void EngineOutputParser::finish()
 {
-    const QByteArray rest = std::exchange(m_pending, {});
-    deliverCapped(rest);
-}
-
-void EngineOutputParser::deliverCapped(QByteArrayView line)
-{
-    while (line.size() > kMaxLineBytes) {
-        const qsizetype cut = utf8CutPosition(line, kMaxLineBytes);
-        deliverLine(line.first(cut));
-        line = line.sliced(cut);
+    if (m_overlongBytes > 0) {
+        endOverlong();
+        return;
     }
-    deliverLine(line);
+    const QByteArray rest = std::exchange(m_pending, {});
+    deliverLine(rest);
 }
 
 void EngineOutputParser::deliverLine(QByteArrayView raw)
@@ -95,7 +138,7 @@ void EngineOutputParser::deliverLine(QByteArrayView raw)
             m_onEvent(*event);
         return; // an undecodable record is dropped, never shown
     }
-    QString text = QString::fromUtf8(line);
+    QString text = shownConsoleLine(line, kShownLineBytes);
     // Unicode spaces (no-break space, ideographic space) are trimmed as
     // well; only then can such a line turn out to be a record after all.
     if (uchar(line.front()) >= 0x80 || uchar(line.back()) >= 0x80) {

@@ -11,6 +11,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -19,9 +20,12 @@ namespace orvanta {
 class EngineOutputParser
 {
 public:
-    // A line longer than this without a newline is cut into pieces of at
-    // most this size, so a runaway engine cannot exhaust memory.
+    // At most this much of a line is held while waiting for its newline; a
+    // longer line is shown by its beginning and then only counted, so a
+    // runaway engine cannot exhaust memory.
     static constexpr qsizetype kMaxLineBytes = qsizetype(1) << 20;
+    // A console line longer than this is shown shortened, its length noted.
+    static constexpr qsizetype kShownLineBytes = 4096;
 
     using EventSink = std::function<void(const BatchEvent &)>;
     using LineSink = std::function<void(const QString &)>;
@@ -43,12 +47,24 @@ public:
     void deliverLine(QByteArrayView line);
 
 private:
-    void deliverCapped(QByteArrayView line);
+    void beginOverlong(qsizetype droppedBytes);
+    void endOverlong();
 
     EventSink m_onEvent;
     LineSink m_onLogLine;
     QByteArray m_pending;
+    // Bytes of the current over-long line so far; 0 when not in one.
+    qint64 m_overlongBytes = 0;
 };
+
+// The text shown for a console line of `line` bytes: itself, or when longer
+// than `limit`, its beginning and a note of its full length.
+QString shownConsoleLine(QByteArrayView line, qsizetype limit);
+
+// How many of the oldest console lines to drop so that at most `maxLines`
+// lines holding at most `maxChars` characters remain (the newest line is
+// always kept).
+qsizetype consoleLinesOverBudget(const QStringList &lines, qsizetype maxLines, qsizetype maxChars);
 
 // Where to cut a too long line: at most `limit` bytes, moved back to the
 // start of a UTF-8 sequence so that no character is split.

@@ -40,6 +40,11 @@ struct EngineService::Run
     EngineCallbacks callbacks;
     EngineOutputParser parser;
     QProcess *process = nullptr;
+    // The engine's pid, which is also its process group's id; kept after
+    // the process has ended so what remains of the group can be ended.
+    pid_t group = 0;
+    // The user asked this run to stop (stop() was called).
+    bool stopping = false;
     // False once the run was killed or failed: its output is read and
     // dropped from then on.
     bool attached = true;
@@ -53,16 +58,27 @@ EngineService::EngineService(QObject *parent)
 
 EngineService::~EngineService()
 {
-    // Nothing may call back into an owner that is being destroyed, and no
-    // engine or worker may outlive the application.
+    // Nothing may call back into an owner that is being destroyed. A run the
+    // user stopped (or that was killed) is ended with its whole group now:
+    // its escalation would have done so within seconds. Any other engine
+    // still running was not stopped by anyone (the quit question waits for
+    // the end of a run), so it is not killed, which would lose the photo in
+    // flight: it is asked to finish that photo and stop, and left to do so.
+    // QProcess's own destructor would kill it, so its handle is let go of.
     for (const auto &run : m_runs) {
         QProcess *p = run->process;
         p->disconnect(this);
-        if (p->state() != QProcess::NotRunning) {
-            ::kill(-pid_t(p->processId()), SIGKILL);
+        if (p->state() == QProcess::NotRunning)
+            continue;
+        if (run->stopping || !run->attached) {
+            endProcessGroup(run->group);
             p->kill();
             p->waitForFinished(2000);
+            continue;
         }
+        if (run->group > 0)
+            ::kill(run->group, SIGINT);
+        p->setParent(nullptr);
     }
 }
 
@@ -110,9 +126,9 @@ void EngineService::startRun(const EngineRunOptions &options, EngineCallbacks ca
                           QFileInfo(resources).isDir() ? resources : QString()));
     process->setProcessChannelMode(QProcess::MergedChannels);
     process->setStandardInputFile(QProcess::nullDevice());
-    // Its own process group: Ctrl+C in the terminal that started us does
-    // not reach the engine, and the final kill reaches its workers too.
-    process->setChildProcessModifier([] { ::setpgid(0, 0); });
+    process->setChildProcessModifier(prepareEngineChild);
+    connect(process, &QProcess::started, this,
+            [run] { run->group = pid_t(run->process->processId()); });
 
     connect(process, &QProcess::readyReadStandardOutput, this, [this, run] { onReadyRead(run); });
     connect(process, &QProcess::finished, this, [this, run](int code, QProcess::ExitStatus status) {
@@ -123,6 +139,7 @@ void EngineService::startRun(const EngineRunOptions &options, EngineCallbacks ca
             launchFailed(run, run->process->errorString());
     });
     process->start(QIODevice::ReadOnly);
+    run->group = pid_t(process->processId()); // 0 when the launch failed
 }
 
 void EngineService::launchFailed(Run *run, const QString &reason)
@@ -162,6 +179,7 @@ void EngineService::onProcessFinished(Run *run, int exitCode, QProcess::ExitStat
     // For a run ended by a signal, QProcess gives the signal's number as the
     // exit code; it is passed on as the status, marked as such.
     const EngineExit exit { exitCode, status == QProcess::CrashExit };
+    endProcessGroup(run->group);
     const auto onFinished = run->callbacks.onFinished;
     detach(run);
     if (onFinished)
@@ -191,6 +209,7 @@ void EngineService::stop()
         return;
     }
     const pid_t pid = pid_t(run->process->processId());
+    run->stopping = true;
     ::kill(pid, SIGINT);
 
     // Each step checks that the same run is still the current one and still

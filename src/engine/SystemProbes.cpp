@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 #include <cstdint>
 #include <sys/statvfs.h>
@@ -104,45 +103,24 @@ VolumeInfo probeVolume(const QString &destDir, const QString &homeDir)
     return info;
 }
 
-ToolProbeContext ToolProbeContext::system()
+EnvironmentVerdict checkEngineInstalled(const EngineLocatorContext &c)
 {
-    ToolProbeContext c;
-    c.isExecutableFile = [](const QString &path) {
-        const QFileInfo info(path);
-        return info.isFile() && info.isExecutable();
-    };
-    c.findOnPath = [](const QString &name) { return QStandardPaths::findExecutable(name); };
-    c.resourcesDir
-        = QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../share/orvanta"_s);
-    return c;
+    const QString resolved = resolveEngineBinary(c);
+    if (QFileInfo(resolved).isAbsolute() && c.isExecutableFile(resolved))
+        return {};
+    const QStringList candidates = engineCandidates(c);
+    const QString configured = candidates.isEmpty() ? resolved : candidates.first();
+    const QFileInfo info(configured);
+    if (info.exists() && !info.isDir())
+        return { "env_engine_not_executable", configured };
+    return { "env_engine_missing", configured };
 }
 
-QStringList toolCandidates(const QString &tool, const QString &resourcesDir)
+EnvironmentVerdict librariesVerdict(const QStringList &missing)
 {
-    QStringList out { u"/opt/homebrew/bin/"_s + tool, u"/usr/local/bin/"_s + tool };
-    if (tool == u"ultrahdr_app"_s)
-        out << resourcesDir + u"/ultrahdr_app"_s << resourcesDir + u"/bin/ultrahdr_app"_s;
-    else if (tool == u"exiftool"_s)
-        out << resourcesDir + u"/vendor/exiftool/exiftool"_s;
-    out << u"/usr/bin/"_s + tool;
-    return out;
-}
-
-QStringList missingTools(const ToolProbeContext &c)
-{
-    QStringList missing;
-    for (const QString &tool : { u"ultrahdr_app"_s, u"exiftool"_s }) {
-        bool found = false;
-        for (const QString &candidate : toolCandidates(tool, c.resourcesDir)) {
-            if (c.isExecutableFile(candidate)) {
-                found = true;
-                break;
-            }
-        }
-        if (!found && c.findOnPath(tool).isEmpty())
-            missing << tool;
-    }
-    return missing;
+    if (missing.isEmpty())
+        return {};
+    return { "env_missing_libraries", missing.join(u", "_s) };
 }
 
 std::optional<MemoryPressure> memoryPressureFromPsi(QByteArrayView text)

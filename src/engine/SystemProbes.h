@@ -7,6 +7,8 @@
 // explicit inputs plus thin readers of the real system; any thread.
 #pragma once
 
+#include "engine/EngineLaunch.h"
+
 #include <QByteArrayView>
 #include <QString>
 #include <QStringList>
@@ -50,22 +52,26 @@ struct VolumeInfo
 // The whole probe for a destination (empty: the home folder).
 VolumeInfo probeVolume(const QString &destDir, const QString &homeDir);
 
-// ---- Tools ----
+// ---- The engine ----
 
-struct ToolProbeContext
+// What the environment check found wrong, as a text key with its argument;
+// no key when all is well.
+struct EnvironmentVerdict
 {
-    std::function<bool(const QString &path)> isExecutableFile;
-    std::function<QString(const QString &name)> findOnPath;
-    QString resourcesDir;
+    const char *key = nullptr; // "env_engine_missing", ...
+    QString detail; // the engine's path or the missing libraries' names
 
-    static ToolProbeContext system();
+    bool healthy() const { return key == nullptr; }
 };
 
-// Paths where the tool may be installed, in the order they are tried.
-QStringList toolCandidates(const QString &tool, const QString &resourcesDir);
-// The tools the engine needs that are found nowhere ("ultrahdr_app",
-// "exiftool"), in that order.
-QStringList missingTools(const ToolProbeContext &context);
+// The engine itself: fine when the locator finds an executable; otherwise
+// the configured path (the ORVANTA_BIN override when set, else where the
+// installation puts the engine) and whether it is missing or merely not
+// executable. The engine needs no external tool on this platform (it writes
+// Ultra HDR and metadata itself), so no tool is looked for.
+EnvironmentVerdict checkEngineInstalled(const EngineLocatorContext &context);
+// What the engine's own health check reported missing, by name.
+EnvironmentVerdict librariesVerdict(const QStringList &missing);
 
 // ---- Memory ----
 

@@ -6,6 +6,7 @@
 #include "hdr/codec/UltraHdrDecoder.h"
 
 #include <QFileInfo>
+#include <QThreadPool>
 
 namespace orvanta {
 
@@ -28,6 +29,19 @@ EdrPicturePair loadEdrPictures(const QString &sdrPath, const QString &hdrPath)
         pair.sdrFromHdrFile = !pair.sdr.isNull();
     }
     return pair;
+}
+
+QThreadPool &edrDecodePool()
+{
+    // Never destroyed: a worker may still wait on a file or a lock when the
+    // application exits, and nothing should wait for it then.
+    static QThreadPool *const pool = [] {
+        auto *p = new QThreadPool;
+        p->setObjectName(QStringLiteral("orvanta.decode"));
+        p->setMaxThreadCount(2);
+        return p;
+    }();
+    return *pool;
 }
 
 } // namespace orvanta

@@ -11,6 +11,8 @@
 #include <QSizeF>
 #include <QString>
 
+class QThreadPool;
+
 namespace orvanta {
 
 struct EdrPicturePair
@@ -25,5 +27,8 @@ struct EdrPicturePair
 // `sdrPath` may be empty or name a missing file: the SDR side then shows the
 // Ultra HDR file's own SDR base, so the pair can still be compared.
 EdrPicturePair loadEdrPictures(const QString &sdrPath, const QString &hdrPath);
+// The threads pictures are decoded on (never Qt's global pool, which the
+// raster painter needs).
+QThreadPool &edrDecodePool();
 
 } // namespace orvanta

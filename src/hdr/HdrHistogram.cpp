@@ -191,11 +191,24 @@ std::optional<HDRHistogramData> computeHistogram(const QString &path,
     return data;
 }
 
+QThreadPool &histogramPool()
+{
+    // Never destroyed: a worker may still wait on a file or a lock when the
+    // application exits, and nothing should wait for it then.
+    static QThreadPool *const pool = [] {
+        auto *p = new QThreadPool;
+        p->setObjectName(QStringLiteral("orvanta.histogram"));
+        p->setMaxThreadCount(1);
+        return p;
+    }();
+    return *pool;
+}
+
 void computeHistogramAsync(QObject *receiver, const QString &path, std::optional<double> peakStops,
                            std::function<void(const HDRHistogramData &)> done)
 {
     QPointer<QObject> guard(receiver);
-    QThreadPool::globalInstance()->start([guard, path, peakStops, done = std::move(done)] {
+    histogramPool().start([guard, path, peakStops, done = std::move(done)] {
         const std::optional<HDRHistogramData> data = computeHistogram(path, peakStops);
         if (!data)
             return;

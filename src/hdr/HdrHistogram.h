@@ -20,6 +20,8 @@
 
 class QObject;
 
+class QThreadPool;
+
 namespace orvanta {
 
 struct HDRHistogramData
@@ -64,9 +66,12 @@ QImage histogramRendition(const QString &path);
 std::optional<HDRHistogramData> computeHistogram(const QString &path,
                                                  std::optional<double> peakStops);
 
-// Runs computeHistogram on the global thread pool and calls `done` on the
+// Runs computeHistogram on a thread pool of its own and calls `done` on the
 // main thread, unless `receiver` is gone by then. A file that cannot be read
 // never calls `done`.
+// The threads histograms are counted on (never Qt's global pool, which the
+// raster painter needs).
+QThreadPool &histogramPool();
 void computeHistogramAsync(QObject *receiver, const QString &path, std::optional<double> peakStops,
                            std::function<void(const HDRHistogramData &)> done);
 

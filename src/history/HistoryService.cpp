@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <QThreadPool>
 
 #include <memory>
 #include <sqlite3.h>
@@ -174,6 +175,19 @@ void deleteChunk(sqlite3 *db, const QList<QByteArray> &fingerprints)
 }
 
 } // namespace
+
+QThreadPool &HistoryService::pool()
+{
+    // Never destroyed: a worker may still wait on a file or a lock when the
+    // application exits, and nothing should wait for it then.
+    static QThreadPool *const pool = [] {
+        auto *p = new QThreadPool;
+        p->setObjectName(QStringLiteral("orvanta.history"));
+        p->setMaxThreadCount(2);
+        return p;
+    }();
+    return *pool;
+}
 
 QString HistoryService::defaultDbPath()
 {

@@ -14,6 +14,8 @@
 
 #include <optional>
 
+class QThreadPool;
+
 namespace orvanta {
 
 class HistoryService
@@ -24,6 +26,10 @@ public:
     // earlier product name holds one, it is copied over first. The result is
     // the current path whether or not a database exists there.
     static QString defaultDbPath();
+    // The threads history queries and deletes run on: never Qt's global
+    // pool, which the raster painter needs; a locked database then stalls
+    // only history work, not the window.
+    static QThreadPool &pool();
 
     HistoryService();
     explicit HistoryService(QString dbPath);

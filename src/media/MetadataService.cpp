@@ -6,6 +6,7 @@
 #include "media/ExivAdapter.h"
 
 #include <QFileInfo>
+#include <QThreadPool>
 
 namespace orvanta {
 
@@ -20,6 +21,19 @@ std::optional<QString> trimmed(const std::optional<QString> &text)
 }
 
 } // namespace
+
+QThreadPool &MetadataService::pool()
+{
+    // Never destroyed: a worker may still wait on a file or a lock when the
+    // application exits, and nothing should wait for it then.
+    static QThreadPool *const pool = [] {
+        auto *p = new QThreadPool;
+        p->setObjectName(QStringLiteral("orvanta.metadata"));
+        p->setMaxThreadCount(2);
+        return p;
+    }();
+    return *pool;
+}
 
 MetadataService &MetadataService::shared()
 {

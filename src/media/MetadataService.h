@@ -10,12 +10,17 @@
 
 #include <QString>
 
+class QThreadPool;
+
 namespace orvanta {
 
 class MetadataService
 {
 public:
     static MetadataService &shared();
+    // The threads metadata reads and preview decodes run on (never Qt's
+    // global pool, which the raster painter needs).
+    static QThreadPool &pool();
 
     MetadataService();
 

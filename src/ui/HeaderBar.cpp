@@ -142,7 +142,13 @@ void HeaderBar::updateEnvironment()
     m_envIcon->setPixmap(
         icons::pixmap(healthy ? u"checkmark.circle.fill"_s : u"exclamationmark.triangle.fill"_s,
                       healthy ? theme::kGreen : theme::kOrange, 15, devicePixelRatioF()));
-    m_envText->setText(m_model.t(healthy ? "status_env_ready" : "status_env_missing"));
+    // The problem itself (which engine path, which libraries) rather than a
+    // bare "missing": shortened in the middle, where a long path can spare it.
+    const QString problem = m_model.missingDependencyMessage();
+    if (healthy || problem.isEmpty())
+        m_envText->setText(m_model.t(healthy ? "status_env_ready" : "status_env_missing"));
+    else
+        m_envText->setText(m_envText->fontMetrics().elidedText(problem, Qt::ElideMiddle, 320));
     QPalette pal = m_envText->palette();
     pal.setColor(QPalette::WindowText, healthy ? theme::kTextSecondary : theme::kOrange);
     m_envText->setPalette(pal);

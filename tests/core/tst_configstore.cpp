@@ -10,19 +10,10 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include <sys/stat.h>
+#include <csignal>
+#include <sys/resource.h>
 
 using namespace orvanta;
-
-namespace {
-ino_t inodeOf(const QString &path)
-{
-    struct stat st
-    {
-    };
-    return ::stat(QFile::encodeName(path).constData(), &st) == 0 ? st.st_ino : 0;
-}
-} // namespace
 
 class ConfigStoreTest : public QObject
 {
@@ -39,7 +30,9 @@ private Q_SLOTS:
     void unreadableOrNonObjectFilesReadAsAbsent();
     void writesInTheSharedLayout();
     void writeRoundTripsEveryKindOfValue();
-    void writeReplacesTheFileInPlace();
+    void aFullDiskNeverCutsTheFile();
+    void anUnreadableFileIsKeptBeforeItIsReplaced();
+    void largeFileWritesLoseNothing();
     void conversionsTakeOnlyLosslessValues_data();
     void conversionsTakeOnlyLosslessValues();
 
@@ -171,19 +164,75 @@ void ConfigStoreTest::writeRoundTripsEveryKindOfValue()
     QVERIFY(written.contains("9007199254740993")); // integers stay exact
 }
 
-void ConfigStoreTest::writeReplacesTheFileInPlace()
+void ConfigStoreTest::aFullDiskNeverCutsTheFile()
 {
-    put(QStringLiteral("/.config/orvanta/config.json"), QByteArray(4096, ' '));
     const QString path = m_home + QStringLiteral("/.config/orvanta/config.json");
-    const ino_t inode = inodeOf(path);
-    QVERIFY(inode != 0);
-
+    const QByteArray original = R"({"workers": 3, "own_key": "kept"})";
+    put(QStringLiteral("/.config/orvanta/config.json"), original);
     ConfigStore store;
-    QJsonObject object { { QStringLiteral("k"), 1 } };
-    QVERIFY(store.write(object));
-    QCOMPARE(store.writeCount(), 1);
-    QCOMPARE(inodeOf(path), inode); // same file, not a renamed copy
-    QCOMPARE(*store.read(), object); // and no stale bytes after the end
+    QJsonObject big { { QStringLiteral("workers"), 4 },
+                      { QStringLiteral("notes"), QString(16384, u'n') } };
+    {
+        // The disk fills up after 4 KiB: the write fails as a whole.
+        struct rlimit old
+        {
+        };
+        ::getrlimit(RLIMIT_FSIZE, &old);
+        struct rlimit tight = old;
+        tight.rlim_cur = 4096;
+        ::signal(SIGXFSZ, SIG_IGN);
+        ::setrlimit(RLIMIT_FSIZE, &tight);
+        const bool written = store.write(big);
+        ::setrlimit(RLIMIT_FSIZE, &old);
+        QVERIFY(!written);
+    }
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), original);
+    QCOMPARE(QDir(QFileInfo(path).path()).entryList(QDir::Files | QDir::Hidden),
+             QStringList { QStringLiteral("config.json") }); // no temporary left over
+    QVERIFY(store.write(big));
+    store.flush();
+    QCOMPARE(ConfigStore().read(), std::optional<QJsonObject>(big));
+}
+
+void ConfigStoreTest::anUnreadableFileIsKeptBeforeItIsReplaced()
+{
+    const QByteArray cut = R"({"workers": 3, "source_dir": "/media/me/Ca)";
+    put(QStringLiteral("/.config/orvanta/config.json"), cut);
+    ConfigStore store;
+    QStringList kept;
+    store.setBrokenFileHandler([&kept](const QString &copy) { kept << copy; });
+    QCOMPARE(store.read(), std::nullopt);
+    QCOMPARE(store.read(), std::nullopt); // the same broken file is kept once
+    QCOMPARE(kept.size(), 1);
+    QVERIFY(QFileInfo(kept.first()).fileName().startsWith(QStringLiteral("config.json.broken-")));
+    QFile copy(kept.first());
+    QVERIFY(copy.open(QIODevice::ReadOnly));
+    QCOMPARE(copy.readAll(), cut);
+    QVERIFY(store.write({ { QStringLiteral("workers"), 1 } }));
+    QVERIFY(QFile::exists(kept.first())); // replacing the file leaves the copy alone
+}
+
+void ConfigStoreTest::largeFileWritesLoseNothing()
+{
+    // Over the synchronous size: the caller gets on at once, a read sees the
+    // newest object, and the file ends up with every key.
+    const QString blob(ConfigStore::kSynchronousWriteBytes, u'b');
+    put(QStringLiteral("/.config/orvanta/config.json"),
+        QJsonDocument(QJsonObject { { QStringLiteral("blob"), blob } }).toJson());
+    ConfigStore store;
+    QJsonObject object = *store.read();
+    for (int i = 1; i <= 3; ++i) {
+        object.insert(QStringLiteral("workers"), i);
+        QVERIFY(store.write(object));
+        QCOMPARE(store.read()->value(QStringLiteral("workers")).toInt(), i);
+    }
+    store.flush();
+    const std::optional<QJsonObject> onDisk = ConfigStore().read();
+    QVERIFY(onDisk);
+    QCOMPARE(onDisk->value(QStringLiteral("workers")).toInt(), 3);
+    QCOMPARE(onDisk->value(QStringLiteral("blob")).toString(), blob);
 }
 
 void ConfigStoreTest::conversionsTakeOnlyLosslessValues_data()

@@ -19,6 +19,10 @@
 //   flood COUNT EVERY COUNT lines, every EVERY-th an event, alternating
 //                     "item_start" and "item_done"
 //   exit CODE         crash SIGNAL (raise it with the default action)
+//   spawn-stubborn PATH  start a worker in our process group that ignores
+//                     INT and TERM; its pid is written to PATH
+//   endless           print one line without end (never a newline)
+//   wait-file PATH    wait until PATH exists (a stop request ends the wait)
 // TEXT understands \n, \t, \\ and \xHH.
 #include "db/ProcessedFiles.h"
 #include "db/Sqlite.h"
@@ -158,6 +162,23 @@ void flood(long count, long every)
     std::fflush(stdout);
 }
 
+void spawnStubborn(const std::string &pidPath)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        std::signal(SIGINT, SIG_IGN);
+        std::signal(SIGTERM, SIG_IGN);
+        // Not holding the output pipe, like a worker that writes elsewhere.
+        ::close(1);
+        ::close(2);
+        for (;;)
+            ::pause();
+    }
+    const std::string tmp = pidPath + ".tmp";
+    std::ofstream(tmp) << child << '\n';
+    std::rename(tmp.c_str(), pidPath.c_str());
+}
+
 void record(int argc, char **argv)
 {
     const char *path = std::getenv("ORVANTA_TEST_RECORD");
@@ -217,6 +238,21 @@ int main(int argc, char **argv)
             long count = 0, every = 0;
             words >> count >> every;
             flood(count, every);
+        } else if (command == "spawn-stubborn") {
+            spawnStubborn(rest);
+        } else if (command == "wait-file") {
+            struct stat info
+            {
+            };
+            while (::stat(rest.c_str(), &info) != 0) {
+                sleepMs(20);
+                honourInterrupt();
+            }
+        } else if (command == "endless") {
+            const std::string chunk(65536, 'x');
+            for (;;)
+                if (::write(1, chunk.data(), chunk.size()) <= 0)
+                    return 0;
         } else if (command == "exit") {
             return std::stoi(rest);
         } else if (command == "crash") {

@@ -7,6 +7,7 @@
 #include "common/TestEnvironment.h"
 #include "engine/BatchEvent.h"
 #include "engine/DockOverlay.h"
+#include "engine/EngineDoctor.h"
 #include "engine/EngineLaunch.h"
 #include "engine/EngineOutputParser.h"
 #include "engine/SystemProbes.h"
@@ -52,7 +53,7 @@ private Q_SLOTS:
     void linesAreJoinedAcrossReadsAtTheByteLevel();
     void invalidUtf8IsShownWithReplacementCharacters();
     void finalLineWithoutNewlineIsDeliveredOnFinish();
-    void runawayLineIsCutIntoMebibytePieces();
+    void overlongLinesAreShownShortenedWithTheirLength();
     void unicodeSpacesAroundARecordAreTrimmed();
 
     void argumentsFollowTheEngineTable_data();
@@ -70,7 +71,7 @@ private Q_SLOTS:
     void pressureIsClassifiedFromPsi_data();
     void pressureIsClassifiedFromPsi();
     void pressureLevelsMapToDescriptions();
-    void toolsAreReportedMissingInOrder();
+    void environmentNamesTheEnginePath();
 
     void overlayBarKeepsItsRoundEnds();
     void overlayIsDrawnOnlyBetweenZeroAndOne();
@@ -207,30 +208,41 @@ void TestEngineParsing::finalLineWithoutNewlineIsDeliveredOnFinish()
     QCOMPARE(c.items.size(), 2);
 }
 
-void TestEngineParsing::runawayLineIsCutIntoMebibytePieces()
+void TestEngineParsing::overlongLinesAreShownShortenedWithTheirLength()
 {
     const qsizetype max = EngineOutputParser::kMaxLineBytes;
+    const qsizetype shown = EngineOutputParser::kShownLineBytes;
     Collected c;
-    // 2.5 MiB of 'a' fed in 64 KiB reads, never a newline.
+    // 2.5 MiB of 'a' fed in 64 KiB reads, never a newline: shown once by
+    // its beginning, then only counted.
     const QByteArray block(64 * 1024, 'a');
     for (int i = 0; i < 40; ++i)
         c.parser.feed(block);
-    QCOMPARE(c.items.size(), 2);
+    QCOMPARE(c.items.size(), 1);
+    QCOMPARE(c.items.at(0),
+             u"log:"_s + QString(shown, u'a') + u" … [line shortened: it goes on]"_s);
     QVERIFY(c.parser.pendingBytes() <= max);
-    c.parser.feed("\n");
-    QCOMPARE(c.items.size(), 3);
-    for (const QString &item : std::as_const(c.items))
-        QVERIFY(item.size() - 4 <= max);
-    QCOMPARE(c.items.at(2).size() - 4, 40 * 64 * 1024 - 2 * max);
+    c.parser.feed("bb\nnext\n");
+    QCOMPARE(c.items.mid(1),
+             (QStringList { u"log:   … [the shortened line above ended after 2621442 bytes]"_s,
+                            u"log:next"_s }));
 
-    // A cut never splits a character: 3-byte characters across the limit.
+    // A complete long line is shortened with its length noted, and a cut
+    // never splits a character.
     c.items.clear();
-    QByteArray wide = QByteArray(max - 1, 'b') + u"写写"_s.toUtf8() + '\n';
-    c.parser.feed(wide);
-    QCOMPARE(c.items.size(), 2);
-    QVERIFY(!c.items.at(0).contains(QChar(0xFFFD)));
-    QCOMPARE(c.items.at(1), u"log:写写"_s);
-    QCOMPARE(utf8CutPosition(wide, max), max - 1);
+    const QByteArray wide = QByteArray(shown - 1, 'b') + u"写写"_s.toUtf8();
+    c.parser.feed(QByteArray(wide + '\n'));
+    QCOMPARE(c.items,
+             QStringList { u"log:"_s + QString(shown - 1, u'b')
+                           + u" … [line shortened: %1 bytes in all]"_s.arg(wide.size()) });
+    QCOMPARE(utf8CutPosition(wide, shown), shown - 1);
+
+    // The console keeps the newest lines within both of its budgets.
+    const QStringList lines { u"aaaa"_s, u"bb"_s, u"cc"_s, u"d"_s };
+    QCOMPARE(consoleLinesOverBudget(lines, 10, 100), 0);
+    QCOMPARE(consoleLinesOverBudget(lines, 2, 100), 2);
+    QCOMPARE(consoleLinesOverBudget(lines, 10, 5), 1);
+    QCOMPARE(consoleLinesOverBudget({ QString(50, u'x') }, 10, 5), 0); // the newest always stays
 }
 
 void TestEngineParsing::unicodeSpacesAroundARecordAreTrimmed()
@@ -502,21 +514,55 @@ void TestEngineParsing::pressureLevelsMapToDescriptions()
     QVERIFY(installedMemoryGiB() > 0.0);
 }
 
-void TestEngineParsing::toolsAreReportedMissingInOrder()
+void TestEngineParsing::environmentNamesTheEnginePath()
 {
-    ToolProbeContext c;
-    c.resourcesDir = u"/opt/orvanta/share/orvanta"_s;
-    QSet<QString> present;
-    c.isExecutableFile = [&present](const QString &p) { return present.contains(p); };
+    QSet<QString> executable;
+    QSet<QString> files;
+    EngineLocatorContext c;
+    c.environment = [](const QString &) -> std::optional<QString> { return std::nullopt; };
+    c.isExecutableFile = [&executable](const QString &p) { return executable.contains(p); };
     c.findOnPath = [](const QString &) { return QString(); };
-    QCOMPARE(missingTools(c), (QStringList { u"ultrahdr_app"_s, u"exiftool"_s }));
-    present << u"/opt/orvanta/share/orvanta/vendor/exiftool/exiftool"_s;
-    QCOMPARE(missingTools(c), QStringList { u"ultrahdr_app"_s });
-    present << u"/opt/orvanta/share/orvanta/bin/ultrahdr_app"_s;
-    QCOMPARE(missingTools(c), QStringList());
-    present.clear();
-    c.findOnPath = [](const QString &n) -> QString { return u"/somewhere/"_s + n; };
-    QCOMPARE(missingTools(c), QStringList());
+    c.applicationDir = u"/opt/orvanta/bin"_s;
+    c.homeDir = u"/home/u"_s;
+    // Nothing installed: the message names where the installation puts it.
+    EnvironmentVerdict v = checkEngineInstalled(c);
+    QCOMPARE(v.key, "env_engine_missing");
+    QCOMPARE(v.detail, u"/opt/orvanta/bin/orvanta_engine"_s);
+    // An override names its own path, even when the file is elsewhere.
+    c.environment = [](const QString &name) -> std::optional<QString> {
+        if (name == u"ORVANTA_BIN"_s)
+            return u"/nowhere/orvanta_engine"_s;
+        return std::nullopt;
+    };
+    QCOMPARE(checkEngineInstalled(c).detail, u"/nowhere/orvanta_engine"_s);
+    // A file that is there but cannot be run is said to be so.
+    QTemporaryDir dir;
+    const QString plain = dir.filePath(u"orvanta_engine"_s);
+    QFile file(plain);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.close();
+    c.environment = [plain](const QString &name) -> std::optional<QString> {
+        if (name == u"ORVANTA_BIN"_s)
+            return plain;
+        return std::nullopt;
+    };
+    QCOMPARE(checkEngineInstalled(c).key, "env_engine_not_executable");
+    // Any executable candidate (or one on PATH) is healthy.
+    executable << u"/home/u/.local/bin/orvanta"_s;
+    QVERIFY(checkEngineInstalled(c).healthy());
+    executable.clear();
+    c.findOnPath = [](const QString &n) -> QString { return u"/usr/bin/"_s + n; };
+    executable << u"/usr/bin/orvanta_engine"_s;
+    QVERIFY(checkEngineInstalled(c).healthy());
+
+    QVERIFY(librariesVerdict({}).healthy());
+    const EnvironmentVerdict libs = librariesVerdict({ u"libraw"_s, u"opencv"_s });
+    QCOMPARE(libs.key, "env_missing_libraries");
+    QCOMPARE(libs.detail, u"libraw, opencv"_s);
+    QCOMPARE(missingSharedLibrary("orvanta_engine: error while loading shared libraries: "
+                                  "libraw_r.so.20: cannot open shared object file"),
+             std::optional<QString>(u"libraw_r.so.20"_s));
+    QCOMPARE(missingSharedLibrary("Segmentation fault"), std::nullopt);
 }
 
 void TestEngineParsing::overlayBarKeepsItsRoundEnds()

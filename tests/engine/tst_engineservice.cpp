@@ -3,6 +3,7 @@
 
 // EngineService against a real child process: the scriptable test engine.
 #include "common/TestEnvironment.h"
+#include "engine/EngineDoctor.h"
 #include "engine/EngineScenario.h"
 #include "engine/EngineService.h"
 
@@ -10,6 +11,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <sys/types.h>
 #include <unistd.h>
 
 using namespace orvanta;
@@ -61,6 +63,26 @@ EngineRunOptions someOptions()
     return o;
 }
 
+// The pid a scenario's stubborn worker wrote, 0 while not written yet.
+pid_t workerPid(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? pid_t(file.readAll().trimmed().toLongLong()) : 0;
+}
+
+// Gone, or a zombie nobody has reaped yet (it runs nothing any more).
+bool processGone(pid_t pid)
+{
+    if (::kill(pid, 0) != 0)
+        return errno == ESRCH;
+    QFile stat(u"/proc/%1/stat"_s.arg(pid));
+    if (!stat.open(QIODevice::ReadOnly))
+        return true;
+    const QByteArray text = stat.readAll();
+    const qsizetype close = text.lastIndexOf(')');
+    return close > 0 && text.mid(close + 2, 1) == "Z";
+}
+
 } // namespace
 
 class TestEngineService : public QObject
@@ -78,6 +100,9 @@ private Q_SLOTS:
     void forceKillSilencesOutputButStillFinishes();
     void forceKillReachesTheEnginesChildren();
     void floodArrivesCompleteAndInOrder();
+    void noProcessOfTheGroupSurvivesARun();
+    void healthCheckEndsItsWholeGroup_data();
+    void healthCheckEndsItsWholeGroup();
 };
 
 void TestEngineService::commandLineAndEnvironmentReachTheEngine()
@@ -305,6 +330,71 @@ void TestEngineService::floodArrivesCompleteAndInOrder()
     QCOMPARE(r.items.at(19), u"event:item_done"_s);
     QCOMPARE(r.events.last().index, 1000);
     QCOMPARE(r.items.at(19998), u"log:[worker-7] line 19999"_s);
+}
+
+void TestEngineService::noProcessOfTheGroupSurvivesARun()
+{
+    QTemporaryDir dir;
+    const QString pidFile = dir.filePath(u"worker"_s);
+    EngineScenario scenario({ u"on-sigint exit130"_s, u"spawn-stubborn "_s + pidFile,
+                              u"print started"_s, u"wait-signal"_s });
+    EngineService service;
+    Recorder r;
+    service.startRun(someOptions(), r.callbacks());
+    QTRY_VERIFY(r.hasLog(u"started"_s));
+    const pid_t worker = workerPid(pidFile);
+    QVERIFY(worker > 0);
+    QVERIFY(!processGone(worker));
+    // The engine ends cleanly on SIGINT; its worker ignores INT and TERM.
+    service.stop();
+    QTRY_VERIFY(r.finished());
+    QCOMPARE(r.exit.status, 130);
+    QVERIFY(!r.exit.crashed);
+    QTRY_VERIFY(processGone(worker));
+}
+
+void TestEngineService::healthCheckEndsItsWholeGroup_data()
+{
+    QTest::addColumn<QStringList>("tail"); // after the worker is started
+    QTest::addColumn<QStringList>("answer"); // empty: no answer expected
+    QTest::newRow("answers") << QStringList { u"print {\"missing\":[\"libraw\"]}"_s, u"exit 1"_s }
+                             << QStringList { u"libraw"_s };
+    QTest::newRow("prints without end") << QStringList { u"endless"_s } << QStringList();
+    // Hangs until its owner goes (the application quitting mid-check); the
+    // time-out ends a check the same way.
+    QTest::newRow("hangs") << QStringList { u"wait-signal"_s } << QStringList();
+}
+
+void TestEngineService::healthCheckEndsItsWholeGroup()
+{
+    QFETCH(QStringList, tail);
+    QFETCH(QStringList, answer);
+    QTemporaryDir dir;
+    const QString pidFile = dir.filePath(u"worker"_s);
+    EngineScenario scenario(QStringList { u"on-sigint ignore"_s, u"on-sigterm ignore"_s,
+                                          u"spawn-stubborn "_s + pidFile }
+                            + tail);
+    // Only an engine of our own name is asked.
+    const QString engine = dir.filePath(u"orvanta_engine"_s);
+    QVERIFY(QFile::link(QStringLiteral(ORVANTA_SCRIPTED_ENGINE), engine));
+    QObject owner;
+    QPointer<EngineDoctorQuery> query = EngineDoctorQuery::start(engine, &owner);
+    QVERIFY(query);
+    QList<QStringList> answers;
+    connect(query, &EngineDoctorQuery::answered, &owner,
+            [&answers](const QStringList &missing) { answers << missing; });
+    if (QTest::currentDataTag() == QByteArray("hangs")) {
+        QTRY_VERIFY(workerPid(pidFile) > 0);
+        delete query;
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(!query, 60000);
+    QCOMPARE(answers, answer.isEmpty() ? QList<QStringList>() : QList<QStringList> { answer });
+    QVERIFY(scenario.pid() > 0);
+    QTRY_VERIFY(processGone(pid_t(scenario.pid())));
+    // Killed for printing without end, the engine may not have got to its
+    // worker; any worker it started is gone.
+    if (const pid_t worker = workerPid(pidFile))
+        QTRY_VERIFY(processGone(worker));
 }
 
 ORVANTA_TEST_GUILESS_MAIN(TestEngineService)

@@ -225,7 +225,7 @@ void TestHdrHistogram::asyncResultReachesALiveReceiverOnly()
     auto *gone = new QObject;
     computeHistogramAsync(gone, path, 2.0, [&](const HDRHistogramData &) { called = true; });
     delete gone;
-    QThreadPool::globalInstance()->waitForDone();
+    histogramPool().waitForDone();
     QCoreApplication::processEvents();
     QCoreApplication::processEvents();
     QVERIFY(!called);

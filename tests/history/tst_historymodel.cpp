@@ -61,7 +61,7 @@ namespace {
 void settle()
 {
     for (int round = 0; round < 6; ++round) {
-        QThreadPool::globalInstance()->waitForDone();
+        HistoryService::pool().waitForDone();
         QCoreApplication::sendPostedEvents();
     }
 }
@@ -289,7 +289,7 @@ void HistoryModelTest::aPageReadForAListThatWasReplacedIsDropped()
     // The refresh finishes first but is not yet applied; the next page is
     // read for the 130-row list it is about to replace.
     model.setHistorySortAscending(true);
-    QThreadPool::globalInstance()->waitForDone();
+    HistoryService::pool().waitForDone();
     model.loadMoreHistory();
     settle();
 

@@ -302,10 +302,22 @@ private slots:
         QVERIFY(writePair(m_source, u"A"_s));
         QCOMPARE(EngineProcess(runArgs()).run(), 0);
         QVERIFY(QFile::remove(m_dest + u"/A_hdr.jpg"_s));
+        // A killed run's partial files, here and in a subfolder, go at the
+        // start of the next run; other hidden files stay.
+        QVERIFY(QDir().mkpath(m_dest + u"/2024"_s));
+        for (const QString &name :
+             { u"/.A_hdr.jpg.part"_s, u"/2024/.B_hdr.jpg.part"_s, u"/.keep"_s }) {
+            QFile leftover(m_dest + name);
+            QVERIFY(leftover.open(QIODevice::WriteOnly));
+            leftover.write("cut");
+        }
         EngineProcess again(runArgs());
         QCOMPARE(again.run(), 0);
         QCOMPARE(again.event(u"scan"_s).value(u"pending"_s).toInt(), 1);
         QVERIFY(QFile::exists(m_dest + u"/A_hdr.jpg"_s));
+        QVERIFY(!QFile::exists(m_dest + u"/.A_hdr.jpg.part"_s));
+        QVERIFY(!QFile::exists(m_dest + u"/2024/.B_hdr.jpg.part"_s));
+        QVERIFY(QFile::exists(m_dest + u"/.keep"_s));
     }
 
     void dryRunReportsAndWritesNothing()

@@ -6,11 +6,13 @@
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
 #include "engine/BatchEvent.h"
+#include "engine/EngineScenario.h"
 #include "i18n/LocalizationService.h"
 #include "ui/ConsoleLineDelegate.h"
 #include "ui/ConsoleLogModel.h"
 #include "ui/ConsoleLogView.h"
 #include "ui/ProgressText.h"
+#include "ui/QuitGuard.h"
 #include "ui/TaskProgressCard.h"
 #include "ui/Theme.h"
 
@@ -18,11 +20,13 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QListView>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStackedWidget>
 
 using namespace orvanta;
+using orvanta::test::EngineScenario;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -58,6 +62,9 @@ private Q_SLOTS:
     void autoScrollFollowsTheNewestLineOnlyWhenOn();
     void copyAllPutsTheJoinedLogOnTheClipboardAndConfirmsBriefly();
     void copyingAnEmptyLogStillConfirms();
+    void quittingDuringABatchAsksAndStopsGracefully();
+    void quitWhenTheBatchEndsWaitsForItsEnd();
+    void logoutStopsTheBatchTheNormalWay();
     void clearEmptiesTheListAndShowsThePlaceholder();
 
     void progressLineShowsRatioPairsOrNothing_data();
@@ -404,6 +411,110 @@ void LiveRunTest::badgesFormAGridWhenOneRowDoesNotFit()
     QVERIFY(card.minimumSizeHint().width() <= 520);
     card.resize(1400, 400);
     QTRY_COMPARE(card.badgeColumns(), 4);
+}
+
+void LiveRunTest::quittingDuringABatchAsksAndStopsGracefully()
+{
+    QTemporaryDir dir;
+    AppViewModel &m = *m_model;
+    m.setSourceDir(dir.path());
+    m.setDestDir(dir.path());
+    QWidget window;
+    QuitGuard guard(m, window);
+    int asked = 0;
+    QuitGuard::Choice answer = QuitGuard::Choice::KeepRunning;
+    guard.setAsker([&] {
+        ++asked;
+        return answer;
+    });
+    QSignalSpy quitting(&guard, &QuitGuard::quitting);
+
+    window.show();
+    QVERIFY(window.close()); // nothing running: no question
+    QCOMPARE(asked, 0);
+
+    EngineScenario scenario({ u"on-sigint exit130"_s, u"print started"_s, u"wait-signal"_s });
+    window.show();
+    m.startProcessing();
+    QTRY_VERIFY(m.consoleLogs().contains(u"started"_s));
+    QVERIFY(!window.close());
+    QCOMPARE(asked, 1);
+    QVERIFY(m.isRunning());
+    QVERIFY(!m.isStopping()); // "keep running" touches nothing
+
+    answer = QuitGuard::Choice::StopAndQuit;
+    QVERIFY(!window.close()); // the window stays while the engine stops
+    QCOMPARE(asked, 2);
+    QVERIFY(m.isStopping());
+    QCOMPARE(m.statusMessage(), u"Stopping the batch, then quitting..."_s);
+    QVERIFY(!window.close()); // closing again while stopping asks nothing more
+    QCOMPARE(asked, 2);
+    QCOMPARE(quitting.count(), 0);
+    // The engine ended on SIGINT by itself (status 130), not by a kill, and
+    // only then does the application quit.
+    QTRY_COMPARE(quitting.count(), 1);
+    QVERIFY(m.consoleLogs().contains(
+        u"⚠️ Pipeline cancelled by user. In-flight tasks saved safely."_s));
+    QTRY_VERIFY(!window.isVisible());
+
+    // The real question keeps the batch on Enter and Escape.
+    std::unique_ptr<QMessageBox> box(QuitGuard::makeQuestion(m, nullptr));
+    QCOMPARE(box->defaultButton()->objectName(), u"quitKeep"_s);
+    QCOMPARE(box->escapeButton()->objectName(), u"quitKeep"_s);
+    QCOMPARE(box->buttons().size(), 3);
+}
+
+void LiveRunTest::quitWhenTheBatchEndsWaitsForItsEnd()
+{
+    QTemporaryDir dir;
+    AppViewModel &m = *m_model;
+    m.setSourceDir(dir.path());
+    m.setDestDir(dir.path());
+    const QString go = dir.filePath(u"go"_s);
+    EngineScenario scenario({ u"print started"_s, u"wait-file "_s + go, u"exit 0"_s });
+    QWidget window;
+    QuitGuard guard(m, window);
+    guard.setAsker([] { return QuitGuard::Choice::QuitWhenDone; });
+    QSignalSpy quitting(&guard, &QuitGuard::quitting);
+    window.show();
+    m.startProcessing();
+    QTRY_VERIFY(m.consoleLogs().contains(u"started"_s));
+    QVERIFY(!window.close());
+    QVERIFY(guard.isQuitPending());
+    QVERIFY(m.isRunning());
+    QVERIFY(!m.isStopping()); // the batch is not disturbed
+    QCOMPARE(quitting.count(), 0);
+    QFile(go).open(QIODevice::WriteOnly);
+    QTRY_COMPARE(quitting.count(), 1);
+    QVERIFY(m.consoleLogs().contains(u"✅ Pipeline execution completed successfully."_s));
+}
+
+void LiveRunTest::logoutStopsTheBatchTheNormalWay()
+{
+    QTemporaryDir dir;
+    AppViewModel &m = *m_model;
+    m.setSourceDir(dir.path());
+    m.setDestDir(dir.path());
+    EngineScenario scenario({ u"on-sigint exit130"_s, u"print started"_s, u"wait-signal"_s });
+    QWidget window;
+    QuitGuard guard(m, window);
+    int asked = 0;
+    guard.setAsker([&] {
+        ++asked;
+        return QuitGuard::Choice::KeepRunning;
+    });
+    m.startProcessing();
+    QTRY_VERIFY(m.consoleLogs().contains(u"started"_s));
+    // A session manager that lets us ask: "keep running" cancels the logout.
+    QVERIFY(!guard.mayEndSession(true));
+    QCOMPARE(asked, 1);
+    QVERIFY(m.isRunning());
+    // One that does not: the batch is stopped the normal way and the
+    // session may end once the engine has ended by itself.
+    QVERIFY(guard.mayEndSession(false));
+    QCOMPARE(asked, 1);
+    QVERIFY(!m.isRunning());
+    QCOMPARE(m.statusMessage(), u"Cancelled by user"_s);
 }
 
 ORVANTA_TEST_WIDGETS_MAIN(LiveRunTest)

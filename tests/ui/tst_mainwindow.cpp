@@ -438,10 +438,13 @@ void MainWindowTest::footerAndHeaderShowStorageAndEnvironment()
     QLabel *env = m_window->header()->environmentLabel();
     m.setIsEnvironmentHealthy(true);
     QCOMPARE(env->text(), u"Environment Ready"_s);
-    m.setMissingDependencyMessage(u"ultrahdr_app, exiftool"_s);
+    m.setMissingDependencyMessage(QString());
     m.setIsEnvironmentHealthy(false);
     QCOMPARE(env->text(), u"Missing Dependencies"_s);
-    QCOMPARE(env->parentWidget()->toolTip(), u"ultrahdr_app, exiftool"_s);
+    // The header names the problem itself, not only that there is one.
+    m.setMissingDependencyMessage(u"Engine not found: /usr/bin/orvanta_engine"_s);
+    QCOMPARE(env->text(), u"Engine not found: /usr/bin/orvanta_engine"_s);
+    QCOMPARE(env->parentWidget()->toolTip(), u"Engine not found: /usr/bin/orvanta_engine"_s);
     QCOMPARE(m_window->header()->settingsButton()->toolTip(), u"Preferences (Ctrl+,)"_s);
     m_window->header()->settingsButton()->click();
     QVERIFY(!m.isShowingSettings()); // no settings window installed: the request does not stick

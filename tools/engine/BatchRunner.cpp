@@ -11,6 +11,7 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -59,6 +60,22 @@ bool writeFile(const QString &path, const QByteArray &bytes, QString &error)
     }
     ::fsync(file.handle());
     return true;
+}
+
+// Results are written as ".<name>.part" beside their final name and renamed
+// into place, so a run that was killed leaves at most such files behind and
+// never a cut photo under a real name. They are removed before the next run
+// writes; symbolic links are not followed out of the delivery folder.
+int removePartLeftovers(const QString &destDir)
+{
+    int removed = 0;
+    QDirIterator it(destDir, { u".*.part"_s }, QDir::Files | QDir::Hidden | QDir::NoSymLinks,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        if (QFile::remove(it.next()))
+            ++removed;
+    }
+    return removed;
 }
 
 } // namespace
@@ -135,6 +152,10 @@ int BatchRunner::run()
         m_log.line(u"❌ Cannot create the destination folder "_s + m_options.destDir);
         return ExitSetup;
     }
+    if (const int removed
+        = QFileInfo(m_options.destDir).isDir() ? removePartLeftovers(m_options.destDir) : 0)
+        m_log.line(u"🧹 Removed %1 partial file%2 left by an interrupted run"_s.arg(removed).arg(
+            removed == 1 ? u""_s : u"s"_s));
     const int workers = chooseWorkerCount(int(m_pending.size()));
     if (!m_pending.isEmpty())
         m_log.line(u"🚀 Converting %1 pair%2 with %3 worker%4 (profile %5)"_s.arg(m_pending.size())

@@ -495,6 +495,21 @@ constexpr StringEntry kEntries[] = {
     // Label and value in one text, the colon as the language writes it
     { "metric_elapsed_value", "Laufzeit: %@" },
     { "hist_peak_value", "Spitzenleuchtdichte: %@" },
+    // never lose work: quit question, missing engine
+    { "quit_running_title", "Ein Stapel läuft noch" },
+    { "quit_running_message",
+      "Die Engine wandelt noch Fotos um. Beim Anhalten stellt sie das Foto in Arbeit noch fertig; "
+      "bereits Erledigtes geht nicht verloren." },
+    { "quit_stop_and_quit", "Stapel anhalten und beenden" },
+    { "quit_when_done", "Nach dem Stapel beenden" },
+    { "quit_keep_running", "Weiterlaufen lassen" },
+    { "status_stopping_to_quit", "Stapel wird angehalten, danach wird beendet..." },
+    { "env_engine_missing", "Engine nicht gefunden: %@" },
+    { "env_engine_not_executable", "Engine ist nicht ausführbar: %@" },
+    { "env_missing_libraries", "Fehlende Bibliotheken: %@" },
+    { "log_engine_missing_start",
+      "Start nicht möglich: keine Engine unter %@. Installieren Sie orvanta_engine oder setzen Sie "
+      "ORVANTA_BIN auf ihren Pfad." },
 };
 } // namespace
 

@@ -479,6 +479,20 @@ constexpr StringEntry kEntries[] = {
     // Label and value in one text, the colon as the language writes it
     { "metric_elapsed_value", "Elapsed: %@" },
     { "hist_peak_value", "Peak Luminance: %@" },
+    // never lose work: quit question, missing engine
+    { "quit_running_title", "A batch is still running" },
+    { "quit_running_message",
+      "The engine is still converting photos. Stopping lets it finish the photo in progress first; "
+      "nothing already done is lost." },
+    { "quit_stop_and_quit", "Stop the Batch and Quit" },
+    { "quit_when_done", "Quit When the Batch Ends" },
+    { "quit_keep_running", "Keep Running" },
+    { "status_stopping_to_quit", "Stopping the batch, then quitting..." },
+    { "env_engine_missing", "Engine not found: %@" },
+    { "env_engine_not_executable", "Engine is not executable: %@" },
+    { "env_missing_libraries", "Missing libraries: %@" },
+    { "log_engine_missing_start",
+      "Cannot start: no engine at %@. Install orvanta_engine or set ORVANTA_BIN to its path." },
 };
 } // namespace
 

@@ -496,6 +496,21 @@ constexpr StringEntry kEntries[] = {
     // Label and value in one text, the colon as the language writes it
     { "metric_elapsed_value", "Tiempo transcurrido: %@" },
     { "hist_peak_value", "Luminancia máxima: %@" },
+    // never lose work: quit question, missing engine
+    { "quit_running_title", "Todavía hay un lote en curso" },
+    { "quit_running_message",
+      "El motor sigue convirtiendo fotos. Al detenerlo, primero termina la foto en curso; no se "
+      "pierde nada de lo ya hecho." },
+    { "quit_stop_and_quit", "Detener el lote y salir" },
+    { "quit_when_done", "Salir al terminar el lote" },
+    { "quit_keep_running", "Seguir procesando" },
+    { "status_stopping_to_quit", "Deteniendo el lote; después se cerrará..." },
+    { "env_engine_missing", "Motor no encontrado: %@" },
+    { "env_engine_not_executable", "El motor no es ejecutable: %@" },
+    { "env_missing_libraries", "Faltan bibliotecas: %@" },
+    { "log_engine_missing_start",
+      "No se puede iniciar: no hay ningún motor en %@. Instale orvanta_engine o indique su ruta en "
+      "ORVANTA_BIN." },
 };
 } // namespace
 

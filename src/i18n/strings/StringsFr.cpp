@@ -502,6 +502,21 @@ constexpr StringEntry kEntries[] = {
     // Label and value in one text, the colon as the language writes it
     { "metric_elapsed_value", "Temps écoulé : %@" },
     { "hist_peak_value", "Luminance de crête : %@" },
+    // never lose work: quit question, missing engine
+    { "quit_running_title", "Un lot est encore en cours" },
+    { "quit_running_message",
+      "Le moteur convertit encore des photos. En l’arrêtant, il termine d’abord la photo en "
+      "cours ; rien de ce qui est déjà fait n’est perdu." },
+    { "quit_stop_and_quit", "Arrêter le lot et quitter" },
+    { "quit_when_done", "Quitter à la fin du lot" },
+    { "quit_keep_running", "Laisser tourner" },
+    { "status_stopping_to_quit", "Arrêt du lot, puis fermeture..." },
+    { "env_engine_missing", "Moteur introuvable : %@" },
+    { "env_engine_not_executable", "Le moteur n’est pas exécutable : %@" },
+    { "env_missing_libraries", "Bibliothèques manquantes : %@" },
+    { "log_engine_missing_start",
+      "Démarrage impossible : aucun moteur à l’emplacement %@. Installez orvanta_engine ou "
+      "indiquez son chemin dans ORVANTA_BIN." },
 };
 } // namespace
 

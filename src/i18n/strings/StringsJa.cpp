@@ -489,6 +489,21 @@ constexpr StringEntry kEntries[] = {
     // Label and value in one text, the colon as the language writes it
     { "metric_elapsed_value", "経過時間：%@" },
     { "hist_peak_value", "ピーク輝度：%@" },
+    // never lose work: quit question, missing engine
+    { "quit_running_title", "バッチを処理中です" },
+    { "quit_running_message",
+      "エンジンはまだ写真を変換しています。停止すると、処理中の写真を仕上げてから止まります。完了済"
+      "みのものは失われません。" },
+    { "quit_stop_and_quit", "バッチを停止して終了" },
+    { "quit_when_done", "バッチ完了後に終了" },
+    { "quit_keep_running", "処理を続ける" },
+    { "status_stopping_to_quit", "バッチを停止しています。停止後に終了します..." },
+    { "env_engine_missing", "エンジンが見つかりません：%@" },
+    { "env_engine_not_executable", "エンジンを実行できません：%@" },
+    { "env_missing_libraries", "不足しているライブラリ：%@" },
+    { "log_engine_missing_start",
+      "開始できません：%@ にエンジンがありません。orvanta_engine をインストールするか、ORVANTA_BIN "
+      "にパスを設定してください。" },
 };
 } // namespace
 

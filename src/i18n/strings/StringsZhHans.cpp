@@ -450,6 +450,19 @@ constexpr StringEntry kEntries[] = {
     // Label and value in one text, the colon as the language writes it
     { "metric_elapsed_value", "耗时：%@" },
     { "hist_peak_value", "峰值亮度：%@" },
+    // never lose work: quit question, missing engine
+    { "quit_running_title", "批处理仍在运行" },
+    { "quit_running_message",
+      "引擎仍在转换照片。停止时，它会先完成正在处理的照片；已完成的内容不会丢失。" },
+    { "quit_stop_and_quit", "停止批处理并退出" },
+    { "quit_when_done", "批处理结束后退出" },
+    { "quit_keep_running", "继续运行" },
+    { "status_stopping_to_quit", "正在停止批处理，随后退出..." },
+    { "env_engine_missing", "未找到引擎：%@" },
+    { "env_engine_not_executable", "引擎不可执行：%@" },
+    { "env_missing_libraries", "缺少的库：%@" },
+    { "log_engine_missing_start",
+      "无法开始：%@ 处没有引擎。请安装 orvanta_engine，或将 ORVANTA_BIN 设置为其路径。" },
 };
 } // namespace
 

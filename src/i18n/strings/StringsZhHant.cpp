@@ -452,6 +452,19 @@ constexpr StringEntry kEntries[] = {
     // Label and value in one text, the colon as the language writes it
     { "metric_elapsed_value", "耗時：%@" },
     { "hist_peak_value", "峰值亮度：%@" },
+    // never lose work: quit question, missing engine
+    { "quit_running_title", "批次仍在執行" },
+    { "quit_running_message",
+      "引擎仍在轉換照片。停止時，它會先完成正在處理的照片；已完成的內容不會遺失。" },
+    { "quit_stop_and_quit", "停止批次並結束" },
+    { "quit_when_done", "批次完成後結束" },
+    { "quit_keep_running", "繼續執行" },
+    { "status_stopping_to_quit", "正在停止批次，隨後結束..." },
+    { "env_engine_missing", "找不到引擎：%@" },
+    { "env_engine_not_executable", "引擎無法執行：%@" },
+    { "env_missing_libraries", "缺少的程式庫：%@" },
+    { "log_engine_missing_start",
+      "無法開始：%@ 沒有引擎。請安裝 orvanta_engine，或將 ORVANTA_BIN 設為其路徑。" },
 };
 } // namespace
 

@@ -3,6 +3,7 @@
 
 #include "ui/compare/EdrViewer.h"
 
+#include "hdr/EdrPictureLoader.h"
 #include "ui/compare/DisplayHeadroom.h"
 #include "ui/compare/EdrGlSurface.h"
 
@@ -94,7 +95,7 @@ void EdrViewer::loadImages(const QString &sdrPath, const QString &hdrPath)
     m_hdrPath = hdrPath;
     const int generation = ++m_loadGeneration;
     QPointer<EdrViewer> guard(this);
-    QThreadPool::globalInstance()->start([guard, generation, sdrPath, hdrPath] {
+    edrDecodePool().start([guard, generation, sdrPath, hdrPath] {
         EdrPicturePair pair = loadEdrPictures(sdrPath, hdrPath);
         pair.sdr = textureReady(pair.sdr);
         pair.hdr = textureReady(pair.hdr);

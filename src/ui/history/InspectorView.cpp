@@ -189,7 +189,7 @@ void InspectorView::setRecord(const PhotoRecord &record)
     const quint64 request = ++m_request;
     const QString path = m_targetPath;
     QPointer<InspectorView> self(this);
-    QThreadPool::globalInstance()->start([self, request, path] {
+    MetadataService::pool().start([self, request, path] {
         ProPhotoMetadata metadata
             = path.isEmpty() ? ProPhotoMetadata() : MetadataService::shared().extractMetadata(path);
         GainMapSummary gainMap = readGainMapSummary(path);

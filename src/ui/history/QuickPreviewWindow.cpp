@@ -4,6 +4,7 @@
 #include "ui/history/QuickPreviewWindow.h"
 
 #include "core/AppViewModel.h"
+#include "media/MetadataService.h"
 #include "ui/Theme.h"
 
 #include <QCoreApplication>
@@ -64,7 +65,7 @@ void QuickPreviewWindow::showFile(const QString &path, const QString &title)
     const quint64 request = ++m_request;
     const qreal dpr = devicePixelRatioF();
     QPointer<QuickPreviewWindow> self(this);
-    QThreadPool::globalInstance()->start([self, path, request, bounds, dpr] {
+    MetadataService::pool().start([self, path, request, bounds, dpr] {
         QImage image = readPreviewImage(path, bounds * dpr);
         QMetaObject::invokeMethod(
             qApp,

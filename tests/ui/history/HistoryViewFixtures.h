@@ -23,7 +23,7 @@ namespace orvanta::test {
 inline void settleHistory()
 {
     for (int round = 0; round < 6; ++round) {
-        QThreadPool::globalInstance()->waitForDone();
+        HistoryService::pool().waitForDone();
         QCoreApplication::sendPostedEvents();
         QCoreApplication::processEvents();
     }
