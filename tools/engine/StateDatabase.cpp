@@ -30,7 +30,8 @@ CREATE TABLE IF NOT EXISTS processed_files (
     processed_at TEXT NOT NULL,
     duration_sec REAL,
     error_message TEXT,
-    rating INTEGER
+    rating INTEGER,
+    colour_residual REAL
 );
 CREATE INDEX IF NOT EXISTS idx_processed_files_status ON processed_files(status);
 CREATE INDEX IF NOT EXISTS idx_processed_files_processed_at ON processed_files(processed_at);
@@ -99,7 +100,22 @@ bool StateDatabase::open(const QString &path)
         return false;
     }
     sqlite3_busy_timeout(m_db, 5000);
-    return exec("PRAGMA journal_mode=WAL;") && exec("PRAGMA synchronous=NORMAL;") && exec(kSchema);
+    return exec("PRAGMA journal_mode=WAL;") && exec("PRAGMA synchronous=NORMAL;") && exec(kSchema)
+        && addMissingColumns();
+}
+
+// Databases written before a column existed get it, empty for their rows.
+bool StateDatabase::addMissingColumns()
+{
+    sqlite3_stmt *st = nullptr;
+    if (sqlite3_prepare_v2(m_db, "SELECT colour_residual FROM processed_files LIMIT 0", -1, &st,
+                           nullptr)
+        == SQLITE_OK) {
+        sqlite3_finalize(st);
+        return true;
+    }
+    sqlite3_finalize(st);
+    return exec("ALTER TABLE processed_files ADD COLUMN colour_residual REAL;");
 }
 
 bool StateDatabase::isDelivered(const QString &fingerprint)
@@ -147,8 +163,8 @@ bool StateDatabase::write(const ProcessedRow &row)
     if (sqlite3_prepare_v2(m_db,
                            "INSERT OR REPLACE INTO processed_files (fingerprint, stem, raw_path, "
                            "jpg_path, output_path, status, peak_stops, num_faces, raw_clip_pct, "
-                           "processed_at, duration_sec, error_message, rating) VALUES "
-                           "(?,?,?,?,?,?,?,?,?,?,?,?,?)",
+                           "processed_at, duration_sec, error_message, rating, colour_residual) "
+                           "VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?)",
                            -1, &st, nullptr)
         != SQLITE_OK) {
         m_error = QString::fromUtf8(sqlite3_errmsg(m_db));
@@ -167,6 +183,7 @@ bool StateDatabase::write(const ProcessedRow &row)
     bindDouble(st, 11, row.durationSec);
     bindText(st, 12, row.errorMessage);
     bindInt(st, 13, row.rating);
+    bindDouble(st, 14, row.colourResidual);
     const bool ok = sqlite3_step(st) == SQLITE_DONE;
     if (!ok)
         m_error = QString::fromUtf8(sqlite3_errmsg(m_db));

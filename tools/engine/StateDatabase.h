@@ -30,6 +30,8 @@ struct ProcessedRow
     std::optional<double> durationSec;
     std::optional<QString> errorMessage;
     std::optional<int> rating;
+    // RMS error in stops of the fit of the RAW's colours to the JPG's.
+    std::optional<double> colourResidual;
 };
 
 class StateDatabase
@@ -56,6 +58,7 @@ public:
 
 private:
     bool exec(const char *sql);
+    bool addMissingColumns();
 
     sqlite3 *m_db = nullptr;
     std::mutex m_mutex;
