@@ -370,6 +370,7 @@ void BatchRunner::record(const PhotoPair &pair, const RenderResult &rendered,
         if (rendered.error.isEmpty())
             row.rawClipPct = rendered.rawClipPct;
     }
+    row.colourResidual = rendered.colourResidual;
     if (!m_db.write(row))
         m_log.line(u"⚠️ Could not record "_s + pair.stem + u": "_s + m_db.error());
 }
@@ -388,6 +389,10 @@ void BatchRunner::report(const PhotoPair &pair, const RenderResult &rendered,
         QJsonObject failed = where;
         failed.insert(u"error"_s, delivery.error);
         failed.insert(u"status"_s, u"FAILED"_s);
+        if (rendered.colourUnmatched)
+            failed.insert(u"reason"_s, u"colour_unmatched"_s);
+        if (rendered.colourResidual)
+            failed.insert(u"colour_residual"_s, *rendered.colourResidual);
         m_log.event(u"item_failed"_s, failed);
         return;
     }
@@ -404,6 +409,9 @@ void BatchRunner::report(const PhotoPair &pair, const RenderResult &rendered,
     done.insert(u"faces"_s, rendered.faces);
     done.insert(u"peak_stops"_s, rendered.peakStops);
     done.insert(u"bayer_clip"_s, rendered.rawClipPct);
+    if (rendered.colourResidual)
+        done.insert(u"colour_residual"_s, *rendered.colourResidual);
+    done.insert(u"colour_fit"_s, rendered.colourFit);
     done.insert(u"status"_s, u"SUCCESS"_s);
     m_log.event(u"item_done"_s, done);
 }

@@ -3,6 +3,7 @@
 
 #include "HdrRenderer.h"
 
+#include "ColourMatch.h"
 #include "RawDevelop.h"
 #include "hdr/JpegCodec.h"
 #include "hdr/UltraHdrDecoder.h"
@@ -102,30 +103,6 @@ WorkPlanes makePlanes(const QImage &sdr8, const QImage &raw64)
         }
     }
     return p;
-}
-
-// Scales the RAW so its mid-tones sit where the JPG's do: the median ratio over
-// pixels that are well exposed in both.
-double matchExposure(WorkPlanes &p)
-{
-    std::vector<float> ratios;
-    const size_t n = p.brightness.size();
-    ratios.reserve(n / 4);
-    for (size_t i = 0; i < n; ++i) {
-        const float ys = luminance(p.sdr[i * 3], p.sdr[i * 3 + 1], p.sdr[i * 3 + 2]);
-        const float yr = luminance(p.raw[i * 3], p.raw[i * 3 + 1], p.raw[i * 3 + 2]);
-        if (ys > 0.03f && ys < 0.6f && p.brightness[i] < 0.9f && yr > 1e-5f)
-            ratios.push_back(ys / yr);
-    }
-    double k = 1.0;
-    if (ratios.size() >= std::max<size_t>(16, n / 200)) {
-        auto mid = ratios.begin() + ratios.size() / 2;
-        std::nth_element(ratios.begin(), mid, ratios.end());
-        k = *mid;
-    }
-    for (float &v : p.raw)
-        v = float(v * k);
-    return k;
 }
 
 // Lift of the shadows when the frame is back-lit: a bright surround with a
@@ -258,6 +235,37 @@ QImage greyOf(const QImage &rgb)
     return rgb.convertToFormat(QImage::Format_Grayscale8);
 }
 
+const char *fitName(ColourFit::Kind kind)
+{
+    switch (kind) {
+    case ColourFit::Kind::Matrix:
+        return "matrix";
+    case ColourFit::Kind::PerChannel:
+        return "per_channel";
+    case ColourFit::Kind::ExposureOnly:
+        break;
+    }
+    return "exposure";
+}
+
+// Brings the RAW to the JPG's colours, so that the gains only carry what the
+// JPG clipped, never the difference between two colour renderings.
+bool matchColours(WorkPlanes &p, double baselineStops, RenderResult &result)
+{
+    const size_t n = p.brightness.size();
+    const ColourFit fit
+        = fitColour(p.sdr.data(), p.raw.data(), p.brightness.data(), n, baselineStops);
+    result.colourResidual = fit.residualStops;
+    result.colourFit = QString::fromLatin1(fitName(fit.kind));
+    if (!fit.matched) {
+        result.colourUnmatched = true;
+        result.error = u"cannot match the JPG to the RAW: "_s + fit.issue;
+        return false;
+    }
+    applyColour(fit, p.raw.data(), n);
+    return true;
+}
+
 } // namespace
 
 double liftStops(const Tuning &t, double sdrLum, double excessStops, double brightness)
@@ -294,7 +302,7 @@ RenderResult renderPair(const RenderRequest &request)
     const auto tags = exiv::readTags(request.jpgPath);
     const int orientation = tags && tags->orientation ? *tags->orientation : 1;
 
-    RawDevelopment raw = developRaw(request.rawPath, work.size(), orientation);
+    RawDevelopment raw = developRaw(request.rawPath, work, orientation);
     if (!raw.error.isEmpty()) {
         result.error = raw.error;
         return result;
@@ -302,7 +310,8 @@ RenderResult renderPair(const RenderRequest &request)
     result.rawClipPct = raw.clipPct;
     WorkPlanes planes = makePlanes(work, raw.image);
     raw.image = QImage();
-    matchExposure(planes);
+    if (!matchColours(planes, raw.baselineStops, result))
+        return result;
 
     QImage skin;
     if (request.findSkin) {
