@@ -61,6 +61,7 @@ private slots:
 
     void roundTripRestoresMetadataAndPixels_data();
     void roundTripRestoresMetadataAndPixels();
+    void mapGammaIsUndoneAsTheFormulaSays();
     void isoWinsOverConflictingXmp();
     void invalidIsoFallsBackToValidXmp();
     void fileWithoutMetadataDecodesToItsSdrPicture();
@@ -426,6 +427,32 @@ void TestUltraHdrCodec::roundTripRestoresMetadataAndPixels()
     }
     const double mean = sumError / (compared * size.width() * size.height());
     QVERIFY2(mean < 0.025, qPrintable(u"mean %1, worst %2"_s.arg(mean).arg(worst)));
+}
+
+// Other writers store the map with a gamma: decoding raises the stored value to
+// 1/gamma before interpolating between the minimum and maximum boost.
+void TestUltraHdrCodec::mapGammaIsUndoneAsTheFormulaSays()
+{
+    const QImage sdrPicture = makeSdr(32, 24);
+    const QByteArray primary = encodeSdr(sdrPicture);
+    const GainMapMetadata m = sampleMetadata(3); // gammas 1, 1.5 and 2
+    const QByteArray file = assembleUltraHdr(primary, grayJpeg(8, 6, 96), { m, m, true });
+    const UltraHdrDecodeResult hdr = decodeUltraHdr(file);
+    const UltraHdrDecodeResult sdr = decodeUltraHdr(primary);
+    QVERIFY2(hdr.gainMapApplied, qPrintable(hdr.gainMapIssue));
+    QCOMPARE(hdr.weight, 1.0);
+    for (int c = 0; c < 3; ++c) {
+        const GainMapChannel &ch = m.channels[c];
+        const double recovery = std::pow(96 / 255.0, 1.0 / ch.gamma);
+        const double gain = std::exp2(ch.minLog2 + (ch.maxLog2 - ch.minLog2) * recovery);
+        for (const QPoint at : { QPoint(3, 4), QPoint(20, 10), QPoint(30, 22) }) {
+            const double base = pixel(sdr.image, at.x(), at.y(), c);
+            const double want = (base + ch.offsetSdr) * gain - ch.offsetHdr;
+            const double got = pixel(hdr.image, at.x(), at.y(), c);
+            QVERIFY2(std::abs(got - want) <= 0.01 * want + 0.002,
+                     qPrintable(u"channel %1: %2, formula %3"_s.arg(c).arg(got).arg(want)));
+        }
+    }
 }
 
 void TestUltraHdrCodec::isoWinsOverConflictingXmp()
