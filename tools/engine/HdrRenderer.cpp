@@ -11,6 +11,7 @@
 #include "media/ExifOrientation.h"
 #include "media/ExivAdapter.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFloat16>
 
@@ -283,6 +284,12 @@ double liftStops(const Tuning &t, double sdrLum, double excessStops, double brig
 RenderResult renderPair(const RenderRequest &request)
 {
     RenderResult result;
+    QElapsedTimer clock;
+    clock.start();
+    const auto lap = [&](const QString &stage) {
+        result.stages.append({ stage, clock.nsecsElapsed() / 1e9 });
+        clock.restart();
+    };
     QFile jpgFile(request.jpgPath);
     if (!jpgFile.open(QIODevice::ReadOnly)) {
         result.error = u"cannot read the JPG: "_s + jpgFile.errorString();
@@ -301,6 +308,7 @@ RenderResult renderPair(const RenderRequest &request)
         return result;
     const auto tags = exiv::readTags(request.jpgPath);
     const int orientation = tags && tags->orientation ? *tags->orientation : 1;
+    lap(u"jpg_decode"_s);
 
     RawDevelopment raw = developRaw(request.rawPath, work, orientation);
     if (!raw.error.isEmpty()) {
@@ -308,10 +316,15 @@ RenderResult renderPair(const RenderRequest &request)
         return result;
     }
     result.rawClipPct = raw.clipPct;
+    result.stages.append({ u"raw_decode"_s, raw.decodeSec });
+    result.stages.append({ u"develop"_s, raw.developSec });
+    result.stages.append({ u"align"_s, raw.alignSec });
+    clock.restart();
     WorkPlanes planes = makePlanes(work, raw.image);
     raw.image = QImage();
     if (!matchColours(planes, raw.baselineStops, result))
         return result;
+    lap(u"colour_fit"_s);
 
     QImage skin;
     if (request.findSkin) {
@@ -322,6 +335,7 @@ RenderResult renderPair(const RenderRequest &request)
         if (!skin.isNull())
             skin = applyExifOrientation(skin, inverseOrientation(orientation));
     }
+    lap(u"faces"_s);
     const double fill = request.backlitFill ? backlitStrength(planes) : 0.0;
     result.backlit = fill > 0.0;
     const GainPlanes gains = computeGains(planes, request.tuning, skin, fill);
@@ -333,6 +347,7 @@ RenderResult renderPair(const RenderRequest &request)
             result.skinMask.fill(0);
     }
     const QImage hdr = buildHdr(full, gains, planes.width, planes.height);
+    lap(u"tone_gain"_s);
     UltraHdrEncodeOptions options;
     options.multiChannel = request.tuning.chromaBoost > 0.001;
     const UltraHdrEncodeResult encoded = encodeUltraHdr(jpgBytes, hdr, options);
@@ -341,6 +356,7 @@ RenderResult renderPair(const RenderRequest &request)
         return result;
     }
     result.bytes = encoded.bytes;
+    lap(u"encode"_s);
     return result;
 }
 

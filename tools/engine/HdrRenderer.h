@@ -10,6 +10,7 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QList>
 #include <QString>
 
 #include <functional>
@@ -41,6 +42,8 @@ struct RenderResult
     std::optional<double> colourResidual;
     QString colourFit; // "matrix", "per_channel" or "exposure"
     bool colourUnmatched = false; // the JPG is not a rendering of the RAW: nothing delivered
+    // Seconds spent in each step, in the order they ran, for the progress records.
+    QList<std::pair<QString, double>> stages;
     bool backlit = false; // the fill light was applied
     QImage gainMask; // when asked for: the lift in stops, 0..4 mapped to 0..255
     QImage skinMask; // when asked for: the skin weight

@@ -6,6 +6,8 @@
 #include "FrameAlign.h"
 #include "media/ExifOrientation.h"
 
+#include <QElapsedTimer>
+
 #include <algorithm>
 #include <cmath>
 #include <libraw/libraw.h>
@@ -90,6 +92,8 @@ int inverseOrientation(int orientation)
 RawDevelopment developRaw(const QString &path, const QImage &jpg, int jpgOrientation)
 {
     RawDevelopment out;
+    QElapsedTimer clock;
+    clock.start();
     auto raw = std::make_unique<LibRaw>();
     auto &params = raw->imgdata.params;
     params.output_bps = 16;
@@ -110,6 +114,8 @@ RawDevelopment developRaw(const QString &path, const QImage &jpg, int jpgOrienta
         return out;
     }
     out.clipPct = clipPercentage(*raw);
+    out.decodeSec = clock.nsecsElapsed() / 1e9;
+    clock.restart();
     out.baselineStops = raw->imgdata.color.dng_levels.baseline_exposure;
     if (!std::isfinite(out.baselineStops) || std::abs(out.baselineStops) > 6.0)
         out.baselineStops = 0.0;
@@ -128,9 +134,12 @@ RawDevelopment developRaw(const QString &path, const QImage &jpg, int jpgOrienta
     QImage upright = toImage(processed);
     LibRaw::dcraw_clear_mem(processed);
     raw.reset();
+    out.developSec = clock.nsecsElapsed() / 1e9;
+    clock.restart();
     const QImage stored
         = applyExifOrientation(std::move(upright), inverseOrientation(jpgOrientation));
     out.image = frameLike(stored, jpg);
+    out.alignSec = clock.nsecsElapsed() / 1e9;
     return out;
 }
 

@@ -17,6 +17,7 @@ struct RawDevelopment
     QImage image; // Format_RGBX64, linear, 65535 = the sensor's clip point
     double clipPct = 0.0; // share of sensor samples at the clip point, in percent
     double baselineStops = 0.0; // DNG BaselineExposure: how much brighter the maker meant it
+    double decodeSec = 0.0, developSec = 0.0, alignSec = 0.0; // time of each step
     QString error;
 };
 
