@@ -10,7 +10,7 @@ namespace orvanta::engine {
 
 namespace {
 
-constexpr size_t kMaxSamples = 120000; // enough for nine unknowns, cheap at 24 MP
+constexpr size_t kMaxSamples = 30000; // plenty for nine unknowns, cheap at any size
 constexpr size_t kMinSamples = 200;
 constexpr int kToneBins = 21; // -9 .. +1 stops in half stops
 constexpr double kUnmatchedShare = 0.5; // fewer inliers: not a rendering of this RAW
