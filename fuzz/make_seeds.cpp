@@ -66,6 +66,17 @@ int main(int argc, char *argv[])
             ++n;
         }
     }
+    // Gains in another colour space: an ICC profile in the map, ISO flag 0.
+    for (const Gamut gamut : { Gamut::Srgb, Gamut::DisplayP3, Gamut::Bt2100 }) {
+        UltraHdrEncodeOptions options;
+        options.multiChannel = true;
+        options.alternateGamut = gamut;
+        const UltraHdrEncodeResult file = encodeUltraHdr(sdr, hdr, options);
+        write(dir, QStringLiteral("decode"), n, file.bytes);
+        write(dir, QStringLiteral("icc"), n, makeIccProfile(gamut));
+        write(dir, QStringLiteral("icc"), n + 100, file.bytes);
+        ++n;
+    }
     write(dir, QStringLiteral("xmp"), n, primaryXmp(1234));
     write(dir, QStringLiteral("iso"), n, isoVersionBlock());
     write(dir, QStringLiteral("mpf"), 0, buildMpf(1498, 883, 775));

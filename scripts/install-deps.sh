@@ -28,6 +28,8 @@ packages=(
   # runtime
   xdg-utils fonts-noto-color-emoji fonts-noto-cjk sound-theme-freedesktop
   libimage-exiftool-perl
+  # benchmarks: LibRaw's and libjpeg-turbo's own programs, the anchors measured beside ours
+  libraw-bin libjpeg-turbo-progs
 )
 
 missing=()

@@ -124,6 +124,15 @@ QJsonObject metadataJson(const GainMapMetadata &m)
     };
 }
 
+// The gamut an ICC profile describes; "ICC" for other matrix profiles, empty for none.
+QString colourSpaceName(const std::optional<Matrix3> &toXyz)
+{
+    if (!toXyz)
+        return {};
+    const std::optional<Gamut> gamut = gamutOf(*toXyz);
+    return gamut ? QString::fromLatin1(gamutName(*gamut)) : u"ICC"_s;
+}
+
 int probe(const QString &path)
 {
     QByteArray bytes;
@@ -150,7 +159,11 @@ int probe(const QString &path)
             { u"height"_s, layout.gainMap->height },
             { u"components"_s, layout.gainMap->components },
             { u"locatedBy"_s, locatorName(layout.locatedBy) },
+            { u"colourSpace"_s, colourSpaceName(layout.gainMapToXyz) },
         };
+        // Where the gains apply: the base's primaries, or the alternate
+        // (HDR) image's that the map's ICC profile names.
+        out[u"alternateColourSpace"_s] = layout.usesAlternateColourSpace();
     }
     if (layout.metadata)
         out[u"metadata"_s] = metadataJson(*layout.metadata);

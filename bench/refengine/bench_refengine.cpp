@@ -4,8 +4,11 @@
 // Seconds per RAW+JPG pair and the engine's peak memory, on 24-megapixel
 // Bayer DNG + JPG pairs written for the run. Each configuration runs the real
 // engine as a child process in a private home (its own state database) and
-// reads the child's peak resident size and CPU time from wait4(). Run by hand:
-//   bench_refengine [pairs=4] [width=6000] [height=4000]
+// reads the child's peak resident size and CPU time from wait4(). Beside it,
+// in the same run, the anchors on the first pair: LibRaw's dcraw_emu (full and
+// half-size develop), djpeg, and a user-built libultrahdr ultrahdr_app
+// decoding our output when its path is given ("absent" otherwise). Run by hand:
+//   bench_refengine [--ultrahdr-app PATH] [pairs=4] [width=6000] [height=4000]
 #include "SamplePairs.h"
 
 #include <QCoreApplication>
@@ -18,6 +21,7 @@
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 using namespace orvanta::samples;
 using namespace Qt::StringLiterals;
@@ -65,16 +69,79 @@ Run runEngine(const QString &home, const QString &source, const QString &dest, i
     return run;
 }
 
+// Runs `argv` (found on PATH) with its output thrown away; wall time, CPU time, peak memory.
+Run runProgram(const QStringList &argv)
+{
+    std::vector<QByteArray> bytes;
+    for (const QString &a : argv)
+        bytes.push_back(a.toLocal8Bit());
+    std::vector<char *> args;
+    for (QByteArray &b : bytes)
+        args.push_back(b.data());
+    args.push_back(nullptr);
+    QElapsedTimer timer;
+    timer.start();
+    std::fflush(stdout);
+    const pid_t pid = fork();
+    if (pid == 0) {
+        freopen("/dev/null", "w", stdout);
+        freopen("/dev/null", "w", stderr);
+        execvp(args[0], args.data());
+        _exit(127);
+    }
+    Run run;
+    int status = 0;
+    rusage usage {};
+    wait4(pid, &status, 0, &usage);
+    run.seconds = timer.nsecsElapsed() / 1e9;
+    run.peakKiB = usage.ru_maxrss;
+    run.cpuSeconds = usage.ru_utime.tv_sec + usage.ru_utime.tv_usec / 1e6 + usage.ru_stime.tv_sec
+        + usage.ru_stime.tv_usec / 1e6;
+    run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return run;
+}
+
+void printAnchor(const char *name, const QStringList &argv)
+{
+    const Run run = runProgram(argv);
+    if (run.status == 127)
+        std::printf("%-34s %10s\n", name, "absent");
+    else
+        std::printf("%-34s %10.2f %14.2f %12.0f %8d\n", name, run.seconds, run.cpuSeconds,
+                    run.peakKiB / 1024.0, run.status);
+}
+
+void printAnchors(const QString &pairs, const QString &out, const QString &ultrahdrApp)
+{
+    const QString dng = pairs + u"/P0.DNG"_s, jpg = pairs + u"/P0.JPG"_s;
+    std::printf("\nanchors on one pair, same run:\n%-34s %10s %14s %12s %8s\n", "program",
+                "seconds", "CPU seconds", "peak MiB", "status");
+    printAnchor("dcraw_emu, full develop (16-bit)", { u"dcraw_emu"_s, u"-4"_s, u"-T"_s, dng });
+    printAnchor("dcraw_emu, half-size develop", { u"dcraw_emu"_s, u"-4"_s, u"-T"_s, u"-h"_s, dng });
+    printAnchor("djpeg, the camera JPG", { u"djpeg"_s, u"-outfile"_s, u"/dev/null"_s, jpg });
+    if (ultrahdrApp.isEmpty())
+        std::printf("%-34s %10s\n", "ultrahdr_app, decode our output", "absent");
+    else
+        printAnchor("ultrahdr_app, decode our output",
+                    { ultrahdrApp, u"-m"_s, u"1"_s, u"-j"_s, out + u"/P0_hdr.jpg"_s });
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
-    const int pairs = argc > 1 ? std::atoi(argv[1]) : 4;
+    QStringList args = QCoreApplication::arguments().mid(1);
+    QString ultrahdrApp;
+    if (const qsizetype at = args.indexOf(u"--ultrahdr-app"_s); at >= 0 && at + 1 < args.size()) {
+        ultrahdrApp = args.takeAt(at + 1);
+        args.removeAt(at);
+    }
+    const int pairs = args.size() > 0 ? args[0].toInt() : 4;
     SampleScene scene;
     scene.bayer = true;
-    scene.width = argc > 2 ? std::atoi(argv[2]) & ~1 : 6000;
-    scene.height = argc > 3 ? std::atoi(argv[3]) & ~1 : 4000;
+    scene.width = args.size() > 1 ? args[1].toInt() & ~1 : 6000;
+    scene.height = args.size() > 2 ? args[2].toInt() & ~1 : 4000;
     QTemporaryDir dir;
     const QString source = dir.filePath(u"pairs"_s), dest = dir.filePath(u"out"_s);
     std::printf("writing %d pairs of %dx%d (%.1f MP)...\n", pairs, scene.width, scene.height,
@@ -98,5 +165,6 @@ int main(int argc, char *argv[])
         std::printf("%-8d %10.2f %12.2f %14.2f %12.0f %8d\n", workers, run.seconds,
                     run.seconds / pairs, run.cpuSeconds / pairs, run.peakKiB / 1024.0, run.status);
     }
+    printAnchors(source, dest, ultrahdrApp);
     return 0;
 }

@@ -5,6 +5,8 @@
 
 #include "db/Sqlite.h"
 
+#include <sqlite3.h>
+
 namespace orvanta::db {
 
 const char *const kProcessedFilesTable = R"(
@@ -21,7 +23,8 @@ CREATE TABLE IF NOT EXISTS processed_files (
     processed_at TEXT NOT NULL,
     duration_sec REAL,
     error_message TEXT,
-    rating INTEGER
+    rating INTEGER,
+    colour_residual REAL
 );)";
 
 const char *const kProcessedFilesIndexes = R"(
@@ -35,9 +38,28 @@ CREATE INDEX IF NOT EXISTS idx_processed_files_rating ON processed_files(rating)
 CREATE INDEX IF NOT EXISTS idx_processed_files_output ON processed_files(output_path);
 )";
 
+namespace {
+
+// Columns added after the first release: a database written before one existed
+// gets it, empty for its old rows, so readers and writers can rely on it.
+bool addMissingColumns(sqlite3 *db, std::string *error)
+{
+    sqlite3_stmt *probe = nullptr;
+    const bool present
+        = sqlite3_prepare_v2(db, "SELECT colour_residual FROM processed_files LIMIT 0", -1, &probe,
+                             nullptr)
+        == SQLITE_OK;
+    sqlite3_finalize(probe);
+    return present
+        || exec(db, "ALTER TABLE processed_files ADD COLUMN colour_residual REAL;", error);
+}
+
+} // namespace
+
 bool createProcessedFiles(sqlite3 *db, std::string *error)
 {
-    return exec(db, kProcessedFilesTable, error) && exec(db, kProcessedFilesIndexes, error);
+    return exec(db, kProcessedFilesTable, error) && addMissingColumns(db, error)
+        && exec(db, kProcessedFilesIndexes, error);
 }
 
 } // namespace orvanta::db

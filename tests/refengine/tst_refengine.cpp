@@ -22,6 +22,8 @@
 #include <csignal>
 #include <sqlite3.h>
 
+Q_DECLARE_METATYPE(orvanta::samples::JpegLook)
+
 using namespace orvanta;
 using namespace orvanta::samples;
 using namespace orvanta::test;
@@ -119,6 +121,51 @@ QImage displayMask(const SampleScene &scene, QRect rect)
     return applyExifOrientation(mask, scene.orientation);
 }
 
+// Where the SDR picture is a mid-tone (luminance 0.1 to 0.7, no channel near
+// clipping): the mean HDR/SDR ratio of each channel in stops, and the share of
+// those pixels whose channels disagree by more than a third of a stop.
+struct MidToneGains
+{
+    double stops[3] = { 0, 0, 0 };
+    double disagreeing = 1.0;
+    int pixels = 0;
+};
+
+MidToneGains midToneGains(const QString &file)
+{
+    UltraHdrDecodeOptions sdrOnly;
+    sdrOnly.applyGainMap = false;
+    const QImage hdr = decodeUltraHdrFile(file).image.convertToFormat(QImage::Format_RGBA32FPx4);
+    const QImage sdr
+        = decodeUltraHdrFile(file, sdrOnly).image.convertToFormat(QImage::Format_RGBA32FPx4);
+    MidToneGains g;
+    int disagreeing = 0;
+    for (int y = 0; y < sdr.height() && sdr.size() == hdr.size(); ++y) {
+        const auto *s = reinterpret_cast<const float *>(sdr.constScanLine(y));
+        const auto *h = reinterpret_cast<const float *>(hdr.constScanLine(y));
+        for (int x = 0; x < sdr.width(); ++x) {
+            const float *sp = s + x * 4, *hp = h + x * 4;
+            const double lum = 0.2126 * sp[0] + 0.7152 * sp[1] + 0.0722 * sp[2];
+            if (lum < 0.1 || lum > 0.7 || std::max({ sp[0], sp[1], sp[2] }) > 0.95f
+                || std::min({ sp[0], sp[1], sp[2] }) < 0.01f)
+                continue;
+            double lo = 99, hi = -99;
+            for (int c = 0; c < 3; ++c) {
+                const double stops = std::log2(std::max(hp[c], 1e-6f) / sp[c]);
+                g.stops[c] += stops;
+                lo = std::min(lo, stops);
+                hi = std::max(hi, stops);
+            }
+            disagreeing += hi - lo > 1.0 / 3;
+            ++g.pixels;
+        }
+    }
+    for (double &v : g.stops)
+        v /= std::max(1, g.pixels);
+    g.disagreeing = g.pixels ? double(disagreeing) / g.pixels : 1.0;
+    return g;
+}
+
 } // namespace
 
 class TestRefEngine : public QObject
@@ -201,6 +248,71 @@ private slots:
         QCOMPARE(tags->orientation.value_or(1), orientation);
     }
 
+    // The camera renders its JPG its own way (white balance, saturation, tone
+    // curve, framing) and the RAW's profile need not be LibRaw's: the HDR
+    // rendition still keeps the JPG's colours where the JPG holds them.
+    void hdrKeepsTheCameraJpegsColours_data()
+    {
+        QTest::addColumn<JpegLook>("look");
+        QTest::addColumn<bool>("bayer");
+        QTest::newRow("as developed") << JpegLook {} << false;
+        QTest::newRow("warmer white balance") << JpegLook { 1.25, 0.8 } << false;
+        QTest::newRow("more saturated") << JpegLook { 1.0, 1.0, 1.35 } << false;
+        QTest::newRow("S-shaped tone curve") << JpegLook { 1.0, 1.0, 1.0, 0.5 } << true;
+        QTest::newRow("cropped") << JpegLook { 1.0, 1.0, 1.0, 0.0, 0.9 } << false;
+        QTest::newRow("other camera profile") << JpegLook { 1.0, 1.0, 1.0, 0.0, 1.0, 0.15 } << true;
+        QTest::newRow("all at once") << JpegLook { 1.2, 0.85, 1.25, 0.4, 0.92, 0.1 } << true;
+    }
+    void hdrKeepsTheCameraJpegsColours()
+    {
+        QFETCH(JpegLook, look);
+        QFETCH(bool, bayer);
+        SampleScene scene;
+        scene.width = 480;
+        scene.height = 320;
+        scene.bayer = bayer;
+        scene.look = look;
+        QVERIFY(writePair(m_source, u"look"_s, scene));
+        EngineProcess engine(runArgs());
+        QCOMPARE(engine.run(), 0);
+        const QJsonObject done = engine.event(u"item_done"_s);
+        QVERIFY2(!done.isEmpty(), qPrintable(engine.log()));
+        const MidToneGains g = midToneGains(m_dest + u"/look_hdr.jpg"_s);
+        qInfo("mid-tone gain R %+.3f G %+.3f B %+.3f stops, %.2f%% of %d pixels disagree, "
+              "fit residual %.3f",
+              g.stops[0], g.stops[1], g.stops[2], 100 * g.disagreeing, g.pixels,
+              done.value(u"colour_residual"_s).toDouble());
+        QVERIFY(g.pixels > 10000);
+        const auto [lo, hi] = std::minmax({ g.stops[0], g.stops[1], g.stops[2] });
+        QVERIFY2(hi - lo < 0.1, "the channels' mid-tone gains differ: a colour shift");
+        QVERIFY2(std::abs(lo) < 0.1 && std::abs(hi) < 0.1, "the mid-tones moved");
+        QVERIFY(g.disagreeing < 0.01);
+        QCOMPARE(rowFor(u"look"_s).value(u"colour_residual"_s).toDouble(),
+                 done.value(u"colour_residual"_s).toDouble());
+        QVERIFY(done.value(u"colour_residual"_s).toDouble() > 0.0);
+        QVERIFY(done.value(u"colour_residual"_s).toDouble() < 0.25);
+    }
+
+    void jpegOfAnotherSceneIsRefusedNotShifted()
+    {
+        // The JPG shows the scene mirrored: same colours, nowhere the same place.
+        SampleScene scene;
+        scene.width = 480;
+        scene.height = 320;
+        scene.look = JpegLook {};
+        QVERIFY(writePair(m_source, u"mixed"_s, scene));
+        const QImage mirrored = QImage::fromData(makeJpeg(scene)).mirrored(true, false);
+        QVERIFY(mirrored.save(m_source + u"/mixed.JPG"_s, "JPG", 95));
+        EngineProcess engine(runArgs());
+        QCOMPARE(engine.run(), 0);
+        const QJsonObject failed = engine.event(u"item_failed"_s);
+        QVERIFY2(failed.value(u"reason"_s).toString() == u"colour_unmatched"_s,
+                 qPrintable(engine.log()));
+        QVERIFY(failed.value(u"colour_residual"_s).isDouble());
+        QCOMPARE(rowFor(u"mixed"_s).value(u"status"_s).toString(), u"FAILED"_s);
+        QVERIFY(!QFile::exists(m_dest + u"/mixed_hdr.jpg"_s));
+    }
+
     void recordsAndEventsDescribeTheSameItems()
     {
         QVERIFY(writePair(m_source, u"A"_s));
@@ -222,6 +334,10 @@ private slots:
                      item.value(u"bayer_clip"_s).toDouble());
             QCOMPARE(row.value(u"num_faces"_s).toInt(), item.value(u"faces"_s).toInt());
             QVERIFY(item.value(u"peak_stops"_s).toDouble() > 1.0);
+            const QStringList stages = item.value(u"stages"_s).toObject().keys();
+            for (const char *stage : { "raw_decode", "develop", "align", "colour_fit", "faces",
+                                       "tone_gain", "encode", "write", "db" })
+                QVERIFY2(stages.contains(QLatin1String(stage)), stage);
             // The blown square is clipped on the sensor too: about 1/64 of the frame.
             QVERIFY(item.value(u"bayer_clip"_s).toDouble() > 0.5);
             QVERIFY(item.value(u"bayer_clip"_s).toDouble() < 5.0);

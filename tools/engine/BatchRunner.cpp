@@ -324,8 +324,8 @@ void BatchRunner::processPair(const PhotoPair &pair, int index)
     if (delivery.abandoned)
         return; // terminating: the file is gone and nothing is recorded
     const double seconds = timer.elapsed() / 1000.0;
-    record(pair, rendered, delivery, seconds);
-    report(pair, rendered, delivery, { index, total, seconds });
+    const double dbSeconds = record(pair, rendered, delivery, seconds);
+    report(pair, rendered, delivery, { index, total, seconds, dbSeconds });
 }
 
 BatchRunner::Delivery BatchRunner::deliver(const PhotoPair &pair, const RenderResult &rendered)
@@ -353,6 +353,8 @@ BatchRunner::Delivery BatchRunner::deliver(const PhotoPair &pair, const RenderRe
         d.abandoned = true;
         return d;
     }
+    QElapsedTimer clock;
+    clock.start();
     if (writeFile(temp, rendered.bytes, d.error)
         && std::rename(qPrintable(temp), qPrintable(output)) != 0)
         d.error = u"cannot move the result into place: "_s + output;
@@ -364,6 +366,7 @@ BatchRunner::Delivery BatchRunner::deliver(const PhotoPair &pair, const RenderRe
         return d;
     }
     d.outputPath = output;
+    d.writeSec = clock.nsecsElapsed() / 1e9;
     if (m_options.debugMasks) {
         const QString base = QDir(folder).filePath(QFileInfo(name).completeBaseName());
         rendered.gainMask.save(base + u"_gainmap.png"_s);
@@ -372,9 +375,11 @@ BatchRunner::Delivery BatchRunner::deliver(const PhotoPair &pair, const RenderRe
     return d;
 }
 
-void BatchRunner::record(const PhotoPair &pair, const RenderResult &rendered,
-                         const Delivery &delivery, double seconds)
+double BatchRunner::record(const PhotoPair &pair, const RenderResult &rendered,
+                           const Delivery &delivery, double seconds)
 {
+    QElapsedTimer clock;
+    clock.start();
     const bool ok = delivery.error.isEmpty();
     ProcessedRow row { pair.fingerprint, pair.stem,    pair.rawPath,
                        pair.jpgPath,     std::nullopt, ok ? u"SUCCESS"_s : u"FAILED"_s,
@@ -391,8 +396,10 @@ void BatchRunner::record(const PhotoPair &pair, const RenderResult &rendered,
         if (rendered.error.isEmpty())
             row.rawClipPct = rendered.rawClipPct;
     }
+    row.colourResidual = rendered.colourResidual;
     if (!m_db.write(row))
         m_log.line(u"⚠️ Could not record "_s + pair.stem + u": "_s + m_db.error());
+    return clock.nsecsElapsed() / 1e9;
 }
 
 void BatchRunner::report(const PhotoPair &pair, const RenderResult &rendered,
@@ -409,6 +416,10 @@ void BatchRunner::report(const PhotoPair &pair, const RenderResult &rendered,
         QJsonObject failed = where;
         failed.insert(u"error"_s, delivery.error);
         failed.insert(u"status"_s, u"FAILED"_s);
+        if (rendered.colourUnmatched)
+            failed.insert(u"reason"_s, u"colour_unmatched"_s);
+        if (rendered.colourResidual)
+            failed.insert(u"colour_residual"_s, *rendered.colourResidual);
         m_log.event(u"item_failed"_s, failed);
         return;
     }
@@ -425,6 +436,15 @@ void BatchRunner::report(const PhotoPair &pair, const RenderResult &rendered,
     done.insert(u"faces"_s, rendered.faces);
     done.insert(u"peak_stops"_s, rendered.peakStops);
     done.insert(u"bayer_clip"_s, rendered.rawClipPct);
+    if (rendered.colourResidual)
+        done.insert(u"colour_residual"_s, *rendered.colourResidual);
+    done.insert(u"colour_fit"_s, rendered.colourFit);
+    QJsonObject stages;
+    for (const auto &[name, seconds] : rendered.stages)
+        stages.insert(name, seconds);
+    stages.insert(u"write"_s, delivery.writeSec);
+    stages.insert(u"db"_s, at.dbSeconds);
+    done.insert(u"stages"_s, stages);
     done.insert(u"status"_s, u"SUCCESS"_s);
     m_log.event(u"item_done"_s, done);
 }

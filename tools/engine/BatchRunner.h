@@ -46,17 +46,20 @@ private:
         QString outputPath;
         QString error; // empty when delivered
         bool abandoned = false; // the engine is terminating
+        double writeSec = 0.0; // writing the file and moving it into place
     };
     struct Position
     {
         int index;
         int total;
         double seconds;
+        double dbSeconds = 0.0; // recording the row
     };
     void processPair(const PhotoPair &pair, int index);
     Delivery deliver(const PhotoPair &pair, const RenderResult &rendered);
-    void record(const PhotoPair &pair, const RenderResult &rendered, const Delivery &delivery,
-                double seconds);
+    // Returns the seconds the database took.
+    double record(const PhotoPair &pair, const RenderResult &rendered, const Delivery &delivery,
+                  double seconds);
     void report(const PhotoPair &pair, const RenderResult &rendered, const Delivery &delivery,
                 const Position &at);
     bool canaryAllowsMore();

@@ -3,6 +3,7 @@
 
 #include "HdrRenderer.h"
 
+#include "ColourMatch.h"
 #include "RawDevelop.h"
 #include "hdr/codec/JpegCodec.h"
 #include "hdr/codec/UltraHdrDecoder.h"
@@ -10,6 +11,7 @@
 #include "media/ExifOrientation.h"
 #include "media/ExivAdapter.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFloat16>
 
@@ -102,30 +104,6 @@ WorkPlanes makePlanes(const QImage &sdr8, const QImage &raw64)
         }
     }
     return p;
-}
-
-// Scales the RAW so its mid-tones sit where the JPG's do: the median ratio over
-// pixels that are well exposed in both.
-double matchExposure(WorkPlanes &p)
-{
-    std::vector<float> ratios;
-    const size_t n = p.brightness.size();
-    ratios.reserve(n / 4);
-    for (size_t i = 0; i < n; ++i) {
-        const float ys = luminance(p.sdr[i * 3], p.sdr[i * 3 + 1], p.sdr[i * 3 + 2]);
-        const float yr = luminance(p.raw[i * 3], p.raw[i * 3 + 1], p.raw[i * 3 + 2]);
-        if (ys > 0.03f && ys < 0.6f && p.brightness[i] < 0.9f && yr > 1e-5f)
-            ratios.push_back(ys / yr);
-    }
-    double k = 1.0;
-    if (ratios.size() >= std::max<size_t>(16, n / 200)) {
-        auto mid = ratios.begin() + ratios.size() / 2;
-        std::nth_element(ratios.begin(), mid, ratios.end());
-        k = *mid;
-    }
-    for (float &v : p.raw)
-        v = float(v * k);
-    return k;
 }
 
 // Lift of the shadows when the frame is back-lit: a bright surround with a
@@ -258,6 +236,37 @@ QImage greyOf(const QImage &rgb)
     return rgb.convertToFormat(QImage::Format_Grayscale8);
 }
 
+const char *fitName(ColourFit::Kind kind)
+{
+    switch (kind) {
+    case ColourFit::Kind::Matrix:
+        return "matrix";
+    case ColourFit::Kind::PerChannel:
+        return "per_channel";
+    case ColourFit::Kind::ExposureOnly:
+        break;
+    }
+    return "exposure";
+}
+
+// Brings the RAW to the JPG's colours, so that the gains only carry what the
+// JPG clipped, never the difference between two colour renderings.
+bool matchColours(WorkPlanes &p, double baselineStops, RenderResult &result)
+{
+    const size_t n = p.brightness.size();
+    const ColourFit fit
+        = fitColour(p.sdr.data(), p.raw.data(), p.brightness.data(), n, baselineStops);
+    result.colourResidual = fit.residualStops;
+    result.colourFit = QString::fromLatin1(fitName(fit.kind));
+    if (!fit.matched) {
+        result.colourUnmatched = true;
+        result.error = u"cannot match the JPG to the RAW: "_s + fit.issue;
+        return false;
+    }
+    applyColour(fit, p.raw.data(), n);
+    return true;
+}
+
 } // namespace
 
 double liftStops(const Tuning &t, double sdrLum, double excessStops, double brightness)
@@ -275,6 +284,12 @@ double liftStops(const Tuning &t, double sdrLum, double excessStops, double brig
 RenderResult renderPair(const RenderRequest &request)
 {
     RenderResult result;
+    QElapsedTimer clock;
+    clock.start();
+    const auto lap = [&](const QString &stage) {
+        result.stages.append({ stage, clock.nsecsElapsed() / 1e9 });
+        clock.restart();
+    };
     QFile jpgFile(request.jpgPath);
     if (!jpgFile.open(QIODevice::ReadOnly)) {
         result.error = u"cannot read the JPG: "_s + jpgFile.errorString();
@@ -293,16 +308,23 @@ RenderResult renderPair(const RenderRequest &request)
         return result;
     const auto tags = exiv::readTags(request.jpgPath);
     const int orientation = tags && tags->orientation ? *tags->orientation : 1;
+    lap(u"jpg_decode"_s);
 
-    RawDevelopment raw = developRaw(request.rawPath, work.size(), orientation);
+    RawDevelopment raw = developRaw(request.rawPath, work, orientation);
     if (!raw.error.isEmpty()) {
         result.error = raw.error;
         return result;
     }
     result.rawClipPct = raw.clipPct;
+    result.stages.append({ u"raw_decode"_s, raw.decodeSec });
+    result.stages.append({ u"develop"_s, raw.developSec });
+    result.stages.append({ u"align"_s, raw.alignSec });
+    clock.restart();
     WorkPlanes planes = makePlanes(work, raw.image);
     raw.image = QImage();
-    matchExposure(planes);
+    if (!matchColours(planes, raw.baselineStops, result))
+        return result;
+    lap(u"colour_fit"_s);
 
     QImage skin;
     if (request.findSkin) {
@@ -313,6 +335,7 @@ RenderResult renderPair(const RenderRequest &request)
         if (!skin.isNull())
             skin = applyExifOrientation(skin, inverseOrientation(orientation));
     }
+    lap(u"faces"_s);
     const double fill = request.backlitFill ? backlitStrength(planes) : 0.0;
     result.backlit = fill > 0.0;
     const GainPlanes gains = computeGains(planes, request.tuning, skin, fill);
@@ -324,6 +347,7 @@ RenderResult renderPair(const RenderRequest &request)
             result.skinMask.fill(0);
     }
     const QImage hdr = buildHdr(full, gains, planes.width, planes.height);
+    lap(u"tone_gain"_s);
     UltraHdrEncodeOptions options;
     options.multiChannel = request.tuning.chromaBoost > 0.001;
     const UltraHdrEncodeResult encoded = encodeUltraHdr(jpgBytes, hdr, options);
@@ -332,6 +356,7 @@ RenderResult renderPair(const RenderRequest &request)
         return result;
     }
     result.bytes = encoded.bytes;
+    lap(u"encode"_s);
     return result;
 }
 

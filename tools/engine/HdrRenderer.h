@@ -10,9 +10,11 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QList>
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 namespace orvanta::engine {
 
@@ -35,6 +37,13 @@ struct RenderResult
     double peakStops = 0.0;
     double rawClipPct = 0.0;
     int faces = 0;
+    // How well the RAW's colours were fitted to the JPG's: RMS error in stops
+    // over the pixels both hold; empty when the RAW was never developed.
+    std::optional<double> colourResidual;
+    QString colourFit; // "matrix", "per_channel" or "exposure"
+    bool colourUnmatched = false; // the JPG is not a rendering of the RAW: nothing delivered
+    // Seconds spent in each step, in the order they ran, for the progress records.
+    QList<std::pair<QString, double>> stages;
     bool backlit = false; // the fill light was applied
     QImage gainMask; // when asked for: the lift in stops, 0..4 mapped to 0..255
     QImage skinMask; // when asked for: the skin weight

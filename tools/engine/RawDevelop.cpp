@@ -3,9 +3,13 @@
 
 #include "RawDevelop.h"
 
+#include "FrameAlign.h"
 #include "media/ExifOrientation.h"
 
+#include <QElapsedTimer>
+
 #include <algorithm>
+#include <cmath>
 #include <libraw/libraw.h>
 #include <memory>
 
@@ -66,23 +70,16 @@ QImage toImage(const libraw_processed_image_t *processed)
     return image;
 }
 
-// Crops the centre to the target's aspect ratio, then scales to it.
-QImage frameLike(const QImage &image, QSize target)
+// The part of the RAW the JPG shows, scaled to the JPG's size.
+QImage frameLike(const QImage &image, const QImage &jpg)
 {
-    const double want = double(target.width()) / target.height();
-    const double have = double(image.width()) / image.height();
-    QRect crop = image.rect();
-    if (have > want * 1.002) {
-        const int w = int(image.height() * want + 0.5);
-        crop = QRect((image.width() - w) / 2, 0, w, image.height());
-    } else if (have < want / 1.002) {
-        const int h = int(image.width() / want + 0.5);
-        crop = QRect(0, (image.height() - h) / 2, image.width(), h);
-    }
+    const QRect crop = findJpegFrame(image, jpg);
     const QImage cropped = crop == image.rect() ? image : image.copy(crop);
-    if (cropped.size() == target)
+    if (cropped.size() == jpg.size())
         return cropped;
-    return cropped.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    // Smooth scaling may hand back another 64-bit format; the planes read RGBX64.
+    return cropped.scaled(jpg.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+        .convertToFormat(QImage::Format_RGBX64);
 }
 
 } // namespace
@@ -92,9 +89,11 @@ int inverseOrientation(int orientation)
     return orientation == 6 ? 8 : orientation == 8 ? 6 : orientation;
 }
 
-RawDevelopment developRaw(const QString &path, QSize target, int jpgOrientation)
+RawDevelopment developRaw(const QString &path, const QImage &jpg, int jpgOrientation)
 {
     RawDevelopment out;
+    QElapsedTimer clock;
+    clock.start();
     auto raw = std::make_unique<LibRaw>();
     auto &params = raw->imgdata.params;
     params.output_bps = 16;
@@ -115,9 +114,14 @@ RawDevelopment developRaw(const QString &path, QSize target, int jpgOrientation)
         return out;
     }
     out.clipPct = clipPercentage(*raw);
+    out.decodeSec = clock.nsecsElapsed() / 1e9;
+    clock.restart();
+    out.baselineStops = raw->imgdata.color.dng_levels.baseline_exposure;
+    if (!std::isfinite(out.baselineStops) || std::abs(out.baselineStops) > 6.0)
+        out.baselineStops = 0.0;
     const auto &sizes = raw->imgdata.sizes;
     params.half_size = raw->imgdata.idata.filters != 0
-        && std::min(sizes.width, sizes.height) / 2 >= std::min(target.width(), target.height());
+        && std::min(sizes.width, sizes.height) / 2 >= std::min(jpg.width(), jpg.height());
     if ((code = raw->dcraw_process()) != LIBRAW_SUCCESS) {
         out.error = librawError("processing", code);
         return out;
@@ -130,9 +134,12 @@ RawDevelopment developRaw(const QString &path, QSize target, int jpgOrientation)
     QImage upright = toImage(processed);
     LibRaw::dcraw_clear_mem(processed);
     raw.reset();
+    out.developSec = clock.nsecsElapsed() / 1e9;
+    clock.restart();
     const QImage stored
         = applyExifOrientation(std::move(upright), inverseOrientation(jpgOrientation));
-    out.image = frameLike(stored, target);
+    out.image = frameLike(stored, jpg);
+    out.alignSec = clock.nsecsElapsed() / 1e9;
     return out;
 }
 

@@ -16,12 +16,15 @@ struct RawDevelopment
 {
     QImage image; // Format_RGBX64, linear, 65535 = the sensor's clip point
     double clipPct = 0.0; // share of sensor samples at the clip point, in percent
+    double baselineStops = 0.0; // DNG BaselineExposure: how much brighter the maker meant it
+    double decodeSec = 0.0, developSec = 0.0, alignSec = 0.0; // time of each step
     QString error;
 };
 
-// `target`: the size of the JPG as stored; `jpgOrientation`: its Exif
-// orientation, so the RAW is turned into the JPG's stored pixel order.
-RawDevelopment developRaw(const QString &path, QSize target, int jpgOrientation);
+// `jpg`: the JPG as stored (RGB888, any size: the RAW is framed and scaled
+// to it); `jpgOrientation`: its Exif orientation, so the RAW is turned into
+// the JPG's stored pixel order.
+RawDevelopment developRaw(const QString &path, const QImage &jpg, int jpgOrientation);
 
 // The Exif orientation that undoes `orientation`.
 int inverseOrientation(int orientation);

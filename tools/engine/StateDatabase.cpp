@@ -111,8 +111,8 @@ bool StateDatabase::write(const ProcessedRow &row)
         = db::prepare(m_db.get(),
                       "INSERT OR REPLACE INTO processed_files (fingerprint, stem, raw_path, "
                       "jpg_path, output_path, status, peak_stops, num_faces, raw_clip_pct, "
-                      "processed_at, duration_sec, error_message, rating) VALUES "
-                      "(?,?,?,?,?,?,?,?,?,?,?,?,?)",
+                      "processed_at, duration_sec, error_message, rating, colour_residual) "
+                      "VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?)",
                       &message);
     if (!statement) {
         m_error = QString::fromStdString(message);
@@ -132,6 +132,7 @@ bool StateDatabase::write(const ProcessedRow &row)
     bindDouble(st, 11, row.durationSec);
     bindText(st, 12, row.errorMessage);
     bindInt(st, 13, row.rating);
+    bindDouble(st, 14, row.colourResidual);
     const bool ok = sqlite3_step(st) == SQLITE_DONE;
     if (!ok)
         m_error = QString::fromUtf8(sqlite3_errmsg(m_db.get()));

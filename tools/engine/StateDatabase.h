@@ -30,6 +30,8 @@ struct ProcessedRow
     std::optional<double> durationSec;
     std::optional<QString> errorMessage;
     std::optional<int> rating;
+    // RMS error in stops of the fit of the RAW's colours to the JPG's.
+    std::optional<double> colourResidual;
 };
 
 class StateDatabase
@@ -54,8 +56,6 @@ public:
     std::optional<QString> stemForOutput(const QString &outputPath);
 
 private:
-    bool exec(const char *sql);
-
     db::Connection m_db;
     std::mutex m_mutex;
     QString m_error;

@@ -224,6 +224,45 @@ QRect shadowRect(const SampleScene &s)
 {
     return { s.width / 10, s.height * 2 / 3, s.width / 4, s.height / 4 };
 }
+QRect chartRect(const SampleScene &s)
+{
+    return { s.width * 2 / 5, s.height * 5 / 8, s.width * 11 / 20, s.height * 5 / 16 };
+}
+
+namespace {
+
+// Mid-tone colours, linear, in a 6 x 2 grid over the chart.
+void chartColour(const SampleScene &scene, int x, int y, float rgb[3])
+{
+    static const float patches[12][3] = {
+        { 0.40f, 0.12f, 0.08f }, { 0.10f, 0.30f, 0.10f }, { 0.08f, 0.12f, 0.45f },
+        { 0.45f, 0.40f, 0.06f }, { 0.35f, 0.10f, 0.35f }, { 0.06f, 0.30f, 0.38f },
+        { 0.50f, 0.28f, 0.20f }, { 0.20f, 0.20f, 0.20f }, { 0.25f, 0.35f, 0.05f },
+        { 0.15f, 0.05f, 0.20f }, { 0.05f, 0.15f, 0.12f }, { 0.60f, 0.55f, 0.50f },
+    };
+    const QRect chart = chartRect(scene);
+    const int col = std::clamp((x - chart.left()) * 6 / chart.width(), 0, 5);
+    const int row = std::clamp((y - chart.top()) * 2 / chart.height(), 0, 1);
+    std::copy_n(patches[row * 6 + col], 3, rgb);
+}
+
+// A camera's rendering of scene light: white balance, saturation, tone curve.
+void renderLook(const JpegLook &look, float lin[3])
+{
+    lin[0] *= float(look.redGain);
+    lin[2] *= float(look.blueGain);
+    const float y = 0.2126f * lin[0] + 0.7152f * lin[1] + 0.0722f * lin[2];
+    for (int c = 0; c < 3; ++c)
+        lin[c] = std::max(0.0f, y + (lin[c] - y) * float(look.saturation));
+}
+
+double toneCurve(const JpegLook &look, double encoded)
+{
+    const double s = encoded * encoded * (3.0 - 2.0 * encoded);
+    return encoded + (s - encoded) * look.contrast;
+}
+
+} // namespace
 
 void sceneRadiance(const SampleScene &scene, int x, int y, float rgb[3])
 {
@@ -239,6 +278,8 @@ void sceneRadiance(const SampleScene &scene, int x, int y, float rgb[3])
     }
     if (inside(shadowRect(scene), x, y))
         rgb[0] = rgb[1] = rgb[2] = 0.02f;
+    if (scene.look && inside(chartRect(scene), x, y))
+        chartColour(scene, x, y, rgb);
     if (inside(sunRect(scene), x, y)) {
         rgb[0] = 6.0f;
         rgb[1] = 5.6f;
@@ -266,6 +307,11 @@ QByteArray makeDng(const SampleScene &scene)
         for (int x = 0; x < scene.width; ++x) {
             float rgb[3];
             sceneRadiance(scene, x, y, rgb);
+            if (scene.look && scene.look->rawCrosstalk > 0) {
+                const float k = float(scene.look->rawCrosstalk), sum = rgb[0] + rgb[1] + rgb[2];
+                for (float &v : rgb)
+                    v = v * (1 - k) + (sum - v) * k / 2;
+            }
             const size_t at = (size_t(y) * scene.width + x) * samples;
             for (int c = 0; c < samples; ++c) {
                 // RGGB: red on even rows and columns, blue on odd ones, green between.
@@ -303,11 +349,17 @@ QByteArray makeJpeg(const SampleScene &scene)
     for (int y = 0; y < scene.height; ++y)
         for (int x = 0; x < scene.width; ++x) {
             float lin[3];
-            sceneRadiance(scene, x, y, lin);
+            const JpegLook look = scene.look.value_or(JpegLook {});
+            // The JPG shows the centre `crop` of the scene at the full size.
+            const int sx = int(scene.width * (0.5 - look.crop / 2) + (x + 0.5) * look.crop);
+            const int sy = int(scene.height * (0.5 - look.crop / 2) + (y + 0.5) * look.crop);
+            sceneRadiance(scene, sx, sy, lin);
+            renderLook(look, lin);
             for (int c = 0; c < 3; ++c) {
                 const double l = std::clamp(double(lin[c]), 0.0, 1.0);
                 const double e = l <= 0.0031308 ? 12.92 * l : 1.055 * std::pow(l, 1 / 2.4) - 0.055;
-                rgb[(qsizetype(y) * scene.width + x) * 3 + c] = char(std::lround(e * 255));
+                rgb[(qsizetype(y) * scene.width + x) * 3 + c]
+                    = char(std::lround(toneCurve(look, e) * 255));
             }
         }
     const QByteArray jpeg = encodeJpeg(reinterpret_cast<const uchar *>(rgb.constData()),

@@ -17,6 +17,17 @@
 
 namespace orvanta::samples {
 
+// How the camera rendered its JPG when it differs from a plain development
+// of the RAW, and how far the RAW's own colour profile is off.
+struct JpegLook
+{
+    double redGain = 1.0, blueGain = 1.0; // white balance, relative to the RAW's
+    double saturation = 1.0;
+    double contrast = 0.0; // 0..1: an S-shaped tone curve on each encoded channel
+    double crop = 1.0; // share of each side the JPG keeps, centred, at the same size
+    double rawCrosstalk = 0.0; // how much each RAW channel sees of the other two
+};
+
 struct SampleScene
 {
     int width = 240; // as stored (sensor orientation)
@@ -28,7 +39,12 @@ struct SampleScene
     QString model = QStringLiteral("Synthetic");
     bool backlit = false; // bright sky over a dark subject filling the lower half
     bool face = false; // paint a drawn face on the right-hand side
+    // With a look, the scene also holds a chart of coloured patches.
+    std::optional<JpegLook> look;
 };
+
+// The chart of coloured patches (with a look), in scene pixels.
+QRect chartRect(const SampleScene &scene);
 
 // The bright "sun" the RAW holds above white (about 2.6 stops), in stored pixels.
 QRect sunRect(const SampleScene &scene);

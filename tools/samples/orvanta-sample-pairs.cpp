@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// orvanta-sample-pairs DIR [COUNT] [WIDTH HEIGHT]: writes COUNT RAW+JPG pairs
-// (Bayer DNG + JPG) of a synthetic scene with a sun the JPG clips and the RAW
-// keeps, for trying the engine without a camera.
+// orvanta-sample-pairs [--camera-look] DIR [COUNT] [WIDTH HEIGHT]: writes
+// COUNT RAW+JPG pairs (Bayer DNG + JPG) of a synthetic scene with a sun the
+// JPG clips and the RAW keeps, for trying the engine without a camera. With
+// --camera-look the JPG is rendered the way a camera would (its own white
+// balance, saturation, tone curve and crop) and the scene holds a colour chart.
 #include "SamplePairs.h"
 
 #include <QCoreApplication>
@@ -17,17 +19,20 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char *kUsage
-    = "usage: orvanta-sample-pairs DIR [COUNT] [WIDTH HEIGHT]\n"
+    = "usage: orvanta-sample-pairs [--camera-look] DIR [COUNT] [WIDTH HEIGHT]\n"
       "       orvanta-sample-pairs --help | --version\n"
       "Writes COUNT (default 4) RAW+JPG pairs of a synthetic scene into DIR,\n"
-      "WIDTH x HEIGHT pixels (default 1536 x 1024), for trying the engine.\n";
+      "WIDTH x HEIGHT pixels (default 1536 x 1024), for trying the engine.\n"
+      "--camera-look renders each JPG the way a camera might, unlike the RAW:\n"
+      "its own white balance, saturation, tone curve and crop.\n";
 
 } // namespace
 
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
-    const QStringList args = QCoreApplication::arguments();
+    QStringList args = QCoreApplication::arguments();
+    const bool cameraLook = args.removeAll(u"--camera-look"_s) > 0;
     // Options come before any folder is made, so "--help" never becomes one.
     for (const QString &arg : args.sliced(1)) {
         if (arg == u"--help" || arg == u"-h") {
@@ -53,6 +58,8 @@ int main(int argc, char *argv[])
     const int count = args.size() > 2 ? args[2].toInt() : 4;
     SampleScene scene;
     scene.bayer = true;
+    if (cameraLook)
+        scene.look = JpegLook { 1.2, 0.85, 1.25, 0.4, 0.92, 0.1 };
     if (args.size() > 4) {
         scene.width = args[3].toInt() & ~1;
         scene.height = args[4].toInt() & ~1;

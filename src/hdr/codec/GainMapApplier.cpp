@@ -25,7 +25,8 @@ float mapCoordinate(int pixel, int baseSize, int mapSize)
 } // namespace
 
 GainMapApplier::GainMapApplier(int baseWidth, int baseHeight, const GainMapMetadata *metadata,
-                               double weight, const GainMapPlane *map)
+                               double weight, const GainMapPlane *map,
+                               const std::optional<Matrix3> &baseToAlternate)
     : m_width(baseWidth)
     , m_height(baseHeight)
 {
@@ -46,6 +47,15 @@ GainMapApplier::GainMapApplier(int baseWidth, int baseHeight, const GainMapMetad
         }
     }
     m_sharedGain = metadata->channelCount == 1;
+    if (const std::optional<Matrix3> back
+        = baseToAlternate ? inverse(*baseToAlternate) : std::nullopt) {
+        m_toAlternate.emplace();
+        m_toBase.emplace();
+        for (int i = 0; i < 9; ++i) {
+            (*m_toAlternate)[i] = float((*baseToAlternate)[i]);
+            (*m_toBase)[i] = float((*back)[i]);
+        }
+    }
     m_x0.resize(baseWidth);
     m_x1.resize(baseWidth);
     m_fx.resize(baseWidth);
@@ -88,6 +98,10 @@ void GainMapApplier::convertRow(const std::uint8_t *rgb, int y, float *out, floa
         return;
     }
     mapRow(y, scratch);
+    if (m_toAlternate) {
+        convertRowInAlternateSpace(rgb, out, scratch);
+        return;
+    }
     constexpr float toIndex = float(kLutSize - 1) / 255.0f;
     const int comps = m_map->components;
     const float *lut[3] = { m_gain.data(), m_gain.data() + kLutSize, m_gain.data() + 2 * kLutSize };
@@ -114,6 +128,35 @@ void GainMapApplier::convertRow(const std::uint8_t *rgb, int y, float *out, floa
             const float gain = lut[c][int(v * toIndex + 0.5f)];
             const float hdr = (m_linear[rgb[3 * x + c]] + m_offsetSdr[c]) * gain - m_offsetHdr[c];
             out[4 * x + c] = std::min(std::max(hdr, 0.0f), kHalfMax);
+        }
+        out[4 * x + 3] = 1.0f;
+    }
+}
+
+// The base colour goes into the alternate primaries, takes its gains there and
+// comes back: a saturated highlight keeps the hue and saturation the writer
+// measured in the wider space.
+void GainMapApplier::convertRowInAlternateSpace(const std::uint8_t *rgb, float *out,
+                                                const float *scratch) const
+{
+    constexpr float toIndex = float(kLutSize - 1) / 255.0f;
+    const int comps = m_map->components;
+    const std::array<float, 9> &a = *m_toAlternate, &b = *m_toBase;
+    for (int x = 0; x < m_width; ++x) {
+        const float base[3]
+            = { m_linear[rgb[3 * x]], m_linear[rgb[3 * x + 1]], m_linear[rgb[3 * x + 2]] };
+        const int i0 = m_x0[x] * comps, i1 = m_x1[x] * comps;
+        float hdr[3];
+        for (int c = 0; c < 3; ++c) {
+            const int k = comps == 3 ? c : 0;
+            const float v = scratch[i0 + k] + (scratch[i1 + k] - scratch[i0 + k]) * m_fx[x];
+            const float gain = m_gain[(m_sharedGain ? 0 : c) * kLutSize + int(v * toIndex + 0.5f)];
+            const float alt = a[c * 3] * base[0] + a[c * 3 + 1] * base[1] + a[c * 3 + 2] * base[2];
+            hdr[c] = (alt + m_offsetSdr[c]) * gain - m_offsetHdr[c];
+        }
+        for (int c = 0; c < 3; ++c) {
+            const float v = b[c * 3] * hdr[0] + b[c * 3 + 1] * hdr[1] + b[c * 3 + 2] * hdr[2];
+            out[4 * x + c] = std::min(std::max(v, 0.0f), kHalfMax);
         }
         out[4 * x + 3] = 1.0f;
     }

@@ -7,10 +7,12 @@
 // Immutable after construction, so several threads may convert rows at once.
 #pragma once
 
+#include "hdr/codec/ColourPrimaries.h"
 #include "hdr/codec/GainMapMetadata.h"
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace orvanta {
@@ -26,9 +28,11 @@ struct GainMapPlane
 class GainMapApplier
 {
 public:
-    // Without a map (or with weight 0) rows are only linearised.
+    // Without a map (or with weight 0) rows are only linearised. With
+    // `baseToAlternate`, the gains apply in that colour space and the result
+    // comes back in the base's primaries.
     GainMapApplier(int baseWidth, int baseHeight, const GainMapMetadata *metadata, double weight,
-                   const GainMapPlane *map);
+                   const GainMapPlane *map, const std::optional<Matrix3> &baseToAlternate = {});
 
     // Floats of scratch space convertRow() needs.
     int scratchSize() const;
@@ -38,6 +42,8 @@ public:
 private:
     static constexpr int kLutSize = 4096;
     void mapRow(int y, float *scratch) const;
+    void convertRowInAlternateSpace(const std::uint8_t *rgb, float *out,
+                                    const float *scratch) const;
 
     int m_width = 0;
     int m_height = 0;
@@ -47,6 +53,7 @@ private:
     std::vector<float> m_gain; // 3 × kLutSize factors, by map value
     std::array<float, 3> m_offsetSdr {};
     std::array<float, 3> m_offsetHdr {};
+    std::optional<std::array<float, 9>> m_toAlternate, m_toBase;
     std::vector<int> m_x0, m_x1;
     std::vector<float> m_fx;
 };

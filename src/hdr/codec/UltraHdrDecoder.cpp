@@ -292,7 +292,7 @@ UltraHdrDecodeResult decodeUltraHdr(QByteArrayView data, const UltraHdrDecodeOpt
     }
     const bool applyMap = result.weight > 0.0;
     const GainMapApplier applier(srcW, srcH, applyMap ? &*layout.metadata : nullptr, result.weight,
-                                 applyMap ? &map : nullptr);
+                                 applyMap ? &map : nullptr, layout.baseToAlternate());
     const RowWriter writer { applier, image.bits(), image.bytesPerLine() / 8, layout.orientation,
                              srcW,    srcH };
     const int threads

@@ -9,6 +9,8 @@
 
 #include <QList>
 
+#include <cmath>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -117,6 +119,27 @@ QString locatorName(GainMapLocator locator)
     return u"none"_s;
 }
 
+bool UltraHdrLayout::usesAlternateColourSpace() const
+{
+    return metadata && !metadata->useBaseColourSpace;
+}
+
+std::optional<Matrix3> UltraHdrLayout::baseToAlternate() const
+{
+    if (!usesAlternateColourSpace() || !gainMapToXyz)
+        return std::nullopt;
+    const std::optional<Matrix3> toAlternate = inverse(*gainMapToXyz);
+    if (!toAlternate)
+        return std::nullopt;
+    const Matrix3 m = multiply(*toAlternate, primaryToXyz.value_or(gamutToXyz(Gamut::Srgb)));
+    bool identity = true;
+    for (int i = 0; i < 9; ++i)
+        identity = identity && std::abs(m[i] - (i % 4 == 0 ? 1.0 : 0.0)) < 1e-4;
+    if (identity)
+        return std::nullopt;
+    return m;
+}
+
 QString UltraHdrLayout::gainMapIssue() const
 {
     if (!error.isEmpty())
@@ -202,8 +225,10 @@ UltraHdrLayout inspectUltraHdr(QByteArrayView data)
         layout.gainMap = image;
         layout.metadata = metadata;
         layout.locatedBy = candidate.locator;
+        layout.gainMapToXyz = iccToXyz(iccProfileOf(data, image));
         break;
     }
+    layout.primaryToXyz = iccToXyz(iccProfileOf(data, layout.primary));
     return layout;
 }
 

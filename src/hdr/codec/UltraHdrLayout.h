@@ -8,6 +8,7 @@
 // Pure functions; any thread.
 #pragma once
 
+#include "hdr/codec/ColourPrimaries.h"
 #include "hdr/codec/GainMapMetadata.h"
 #include "hdr/codec/JpegSegments.h"
 
@@ -40,11 +41,20 @@ struct UltraHdrLayout
     bool primaryHasIsoVersion = false; // the primary carries the ISO version block
     int imagesAfterPrimary = 0; // complete JPEG streams seen after the primary
     QStringList issues; // what was rejected on the way, in order
+    // Colourants (RGB to XYZ) of the images' ICC profiles, when they carry one.
+    std::optional<Matrix3> primaryToXyz, gainMapToXyz;
 
     bool isJpeg() const { return error.isEmpty(); }
     bool isUltraHdr() const { return gainMap.has_value() && metadata.has_value(); }
     // Why the file has no usable gain map (empty when it has one).
     QString gainMapIssue() const;
+    // The metadata asks for the gains to be applied in the alternate (HDR)
+    // image's colour space rather than the base's.
+    bool usesAlternateColourSpace() const;
+    // Linear base RGB to linear alternate RGB, when the gains apply in a
+    // colour space other than the base's; std::nullopt when they apply in the
+    // base's (also when no alternate space is described or it is the same).
+    std::optional<Matrix3> baseToAlternate() const;
 };
 
 UltraHdrLayout inspectUltraHdr(QByteArrayView data);

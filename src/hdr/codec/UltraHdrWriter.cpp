@@ -72,6 +72,27 @@ float luminance(float r, float g, float b)
     return 0.2126f * r + 0.7152f * g + 0.0722f * b;
 }
 
+// sRGB to the alternate space's primaries, when the options name one.
+std::optional<std::array<float, 9>> alternateMatrix(const UltraHdrEncodeOptions &options)
+{
+    if (!options.alternateGamut)
+        return std::nullopt;
+    const Matrix3 m
+        = multiply(*inverse(gamutToXyz(*options.alternateGamut)), gamutToXyz(Gamut::Srgb));
+    std::array<float, 9> f;
+    for (int i = 0; i < 9; ++i)
+        f[i] = float(m[i]);
+    return f;
+}
+
+void toSpace(const std::array<float, 9> &m, float &r, float &g, float &b)
+{
+    const float in[3] = { r, g, b };
+    r = m[0] * in[0] + m[1] * in[1] + m[2] * in[2];
+    g = m[3] * in[0] + m[4] * in[1] + m[5] * in[2];
+    b = m[6] * in[0] + m[7] * in[1] + m[8] * in[2];
+}
+
 // Mean log2 gain of every map cell, channel by channel. Cell k covers the
 // pixels whose index times map size over picture size rounds down to k: the
 // same grid the decoder samples, also when the size is not a multiple of the scale.
@@ -88,13 +109,18 @@ std::vector<float> cellGains(const DecodedSdr &sdr, const QImage &hdr, int mapW,
         cellX[x] = int(qint64(x) * mapW / sdr.width);
     std::vector<float> row(size_t(sdr.width) * 4);
     const float os = float(options.offsetSdr), oh = float(options.offsetHdr);
+    const std::optional<std::array<float, 9>> toAlternate = alternateMatrix(options);
     for (int y = 0; y < sdr.height; ++y) {
         hdrRow(hdr, y, row);
         const std::uint8_t *s = sdr.rgb.data() + size_t(y) * sdr.width * 3;
         const size_t cellRow = size_t(qint64(y) * mapH / sdr.height) * mapW;
         for (int x = 0; x < sdr.width; ++x) {
-            const float *h = row.data() + 4 * x;
-            const float sr = linear[s[3 * x]], sg = linear[s[3 * x + 1]], sb = linear[s[3 * x + 2]];
+            float *h = row.data() + 4 * x;
+            float sr = linear[s[3 * x]], sg = linear[s[3 * x + 1]], sb = linear[s[3 * x + 2]];
+            if (toAlternate) {
+                toSpace(*toAlternate, sr, sg, sb);
+                toSpace(*toAlternate, h[0], h[1], h[2]);
+            }
             ++counts[cellRow + cellX[x]];
             float *cell = sums.data() + (cellRow + cellX[x]) * channels;
             if (channels == 1) {
@@ -225,6 +251,7 @@ UltraHdrEncodeResult encodeFrom(QByteArrayView primary, const DecodedSdr &sdr, c
     const std::vector<float> gains
         = cellGains(sdr, hdr, result.mapWidth, result.mapHeight, channels, options);
     result.metadata = metadataFor(gains, channels, options);
+    result.metadata.useBaseColourSpace = !options.alternateGamut;
     if (const QString why = result.metadata.validationError(); !why.isEmpty()) {
         result.error = u"gain map options invalid: "_s + why;
         return result;
@@ -236,6 +263,8 @@ UltraHdrEncodeResult encodeFrom(QByteArrayView primary, const DecodedSdr &sdr, c
         assembly.xmp = result.metadata;
     if (options.writeIso)
         assembly.iso = result.metadata;
+    if (options.alternateGamut)
+        assembly.gainMapIcc = makeIccProfile(*options.alternateGamut);
     result.bytes = assembleUltraHdr(primary, map, assembly);
     if (result.bytes.isEmpty())
         result.error = u"the Ultra HDR file could not be assembled"_s;
@@ -282,6 +311,8 @@ QByteArray assembleUltraHdr(QByteArrayView primaryJpeg, QByteArrayView gainMapJp
         mapBlocks += makeAppSegment(jpeg::APP1, jpeg::xmp(), gainMapXmp(*assembly.xmp));
     if (assembly.iso)
         mapBlocks += makeAppSegment(jpeg::APP2, jpeg::iso(), serializeIsoBlock(*assembly.iso));
+    if (!assembly.gainMapIcc.isEmpty())
+        mapBlocks += iccSegments(assembly.gainMapIcc);
     const QByteArray map = rebuildImage(gainMapJpeg, mapBlocks, nullptr);
     if (map.isEmpty())
         return {};

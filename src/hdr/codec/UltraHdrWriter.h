@@ -8,6 +8,7 @@
 // engine. Pure functions; any thread.
 #pragma once
 
+#include "hdr/codec/ColourPrimaries.h"
 #include "hdr/codec/GainMapMetadata.h"
 
 #include <QByteArray>
@@ -30,6 +31,10 @@ struct UltraHdrEncodeOptions
     double gamma = 1.0;
     double offsetSdr = 1.0 / 64.0;
     double offsetHdr = 1.0 / 64.0;
+    // When set, the gains are measured and applied in this colour space (the
+    // HDR rendition's), which the map's ICC profile names, and the ISO block
+    // says so (use-base-colour-space 0). The pictures stay in sRGB primaries.
+    std::optional<Gamut> alternateGamut;
 };
 
 struct UltraHdrEncodeResult
@@ -59,6 +64,7 @@ struct UltraHdrAssembly
     std::optional<GainMapMetadata> xmp; // hdrgm in the map + container directory in the primary
     std::optional<GainMapMetadata> iso; // version block in the primary, full block in the map
     bool mpf = true;
+    QByteArray gainMapIcc; // an ICC profile for the gain map image, if any
 };
 QByteArray assembleUltraHdr(QByteArrayView primaryJpeg, QByteArrayView gainMapJpeg,
                             const UltraHdrAssembly &assembly);
