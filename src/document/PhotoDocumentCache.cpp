@@ -55,6 +55,14 @@ PhotoDocumentCache::~PhotoDocumentCache()
     m_decodePool.clear();
     m_readPool.waitForDone();
     m_decodePool.waitForDone();
+    // Reads that never ran never call back: drop their waiters, which may
+    // hold their document (a picture pair does) and would keep it for ever.
+    for (const std::weak_ptr<PhotoDocument> &weak : m_reading) {
+        if (const std::shared_ptr<PhotoDocument> document = weak.lock()) {
+            for (auto &[key, slot] : document->m_slots)
+                slot.waiters.clear();
+        }
+    }
 }
 
 PhotoDocumentCache &PhotoDocumentCache::shared()
@@ -92,6 +100,8 @@ void PhotoDocumentCache::start(PhotoDocument &document, StageKey key)
     const bool decode
         = key.stage == PhotoStage::SdrRendition || key.stage == PhotoStage::HdrRendition;
     QThreadPool &pool = decode ? m_decodePool : m_readPool;
+    std::erase_if(m_reading, [](const auto &weak) { return weak.expired(); });
+    m_reading.push_back(document.weak_from_this());
     pool.start(
         [this, reader = m_reader, path = document.path(), key, weak = document.weak_from_this()] {
             PhotoDocument::Outcome outcome = read(*reader, path, key);

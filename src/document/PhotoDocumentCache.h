@@ -50,6 +50,7 @@ private:
 
     std::shared_ptr<const PhotoReader> m_reader;
     std::list<std::shared_ptr<PhotoDocument>> m_documents; // most recently used first
+    std::vector<std::weak_ptr<PhotoDocument>> m_reading; // documents a job was started for
     qint64 m_maxBytes = kDefaultMaxBytes;
     // Small reads (metadata, gain map, histogram, preview) apart from full
     // decodes, so the inspector fills in while the compare window decodes.
