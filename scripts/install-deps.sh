@@ -12,6 +12,8 @@ packages=(
   # Qt 6.4
   qt6-base-dev qt6-base-dev-tools libqt6opengl6-dev qt6-svg-dev qt6-l10n-tools
   qt6-image-formats-plugins libqt6svg6 qt6-qpa-plugins
+  # Qt's own texts (file dialogs, standard buttons, context menus) in every language
+  qt6-translations-l10n
   # libraries
   libsqlite3-dev libexiv2-dev libraw-dev libjpeg62-turbo-dev libsodium-dev
   # the engine: face detection and the Haar cascades it ships
@@ -21,6 +23,8 @@ packages=(
   # the Debian package (scripts/package) and its checks: dpkg-shlibdeps, file,
   # icons drawn from the SVG, the desktop-file and AppStream validators
   dpkg-dev file librsvg2-bin desktop-file-utils appstream
+  # remaking the screenshots from a real X server (tools/screenshots/capture.sh)
+  openbox xdotool x11-apps imagemagick
   # runtime
   xdg-utils fonts-noto-color-emoji fonts-noto-cjk sound-theme-freedesktop
   libimage-exiftool-perl

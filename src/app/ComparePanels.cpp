@@ -30,10 +30,11 @@ QWidget *HistoryComparePanels::createHistogram(AppViewModel &model, QWidget *par
     return new HdrHistogramView(model, parent);
 }
 
-void HistoryComparePanels::showHistogramFile(QWidget *histogram, const QString &hdrPath)
+void HistoryComparePanels::showHistogramRecord(QWidget *histogram, const PhotoRecord &record,
+                                               const QString &hdrPath)
 {
     if (auto *view = qobject_cast<HdrHistogramView *>(histogram))
-        view->setFile(hdrPath);
+        view->setFile(hdrPath, record.peakStops);
 }
 
 } // namespace orvanta

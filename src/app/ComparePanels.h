@@ -15,7 +15,8 @@ public:
     QWidget *createInspector(AppViewModel &model, QWidget *parent) override;
     void showInspectorRecord(QWidget *inspector, const PhotoRecord &record) override;
     QWidget *createHistogram(AppViewModel &model, QWidget *parent) override;
-    void showHistogramFile(QWidget *histogram, const QString &hdrPath) override;
+    void showHistogramRecord(QWidget *histogram, const PhotoRecord &record,
+                             const QString &hdrPath) override;
 };
 
 } // namespace orvanta

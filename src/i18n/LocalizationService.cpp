@@ -5,8 +5,12 @@
 
 #include "i18n/StringTables.h"
 
+#include <QCoreApplication>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QSettings>
+#include <QThread>
+#include <QTranslator>
 
 namespace orvanta {
 
@@ -26,6 +30,16 @@ QHash<QString, QString> buildTable(std::span<const StringEntry> entries)
 QSettings preferences()
 {
     return QSettings(QStringLiteral("orvanta"), QStringLiteral("orvanta"));
+}
+
+// The locale name Qt's catalogs use for a table code.
+QString qtCatalogLocale(const QString &code)
+{
+    if (code == u"zh-Hans")
+        return u"zh_CN"_s;
+    if (code == u"zh-Hant")
+        return u"zh_TW"_s;
+    return code;
 }
 
 } // namespace
@@ -57,6 +71,29 @@ LocalizationService::LocalizationService()
     const QString stored = preferences().value(QLatin1StringView(kPreferenceKey)).toString();
     m_language = appLanguageFromRawValue(stored).value_or(AppLanguage::System);
     m_effectiveCode = resolve(m_language);
+    installQtCatalog();
+}
+
+LocalizationService::~LocalizationService() = default;
+
+void LocalizationService::installQtCatalog()
+{
+    QCoreApplication *app = QCoreApplication::instance();
+    if (!app || QThread::currentThread() != app->thread())
+        return;
+    if (m_qtCatalog) {
+        QCoreApplication::removeTranslator(m_qtCatalog.get());
+        m_qtCatalog.reset();
+    }
+    const QString code = effectiveLanguageCode();
+    if (code == u"en")
+        return;
+    auto catalog = std::make_unique<QTranslator>();
+    if (!catalog->load(u"qtbase_"_s + qtCatalogLocale(code),
+                       QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        return; // not installed: Qt's texts stay English, the rest still follows
+    QCoreApplication::installTranslator(catalog.get());
+    m_qtCatalog = std::move(catalog);
 }
 
 AppLanguage LocalizationService::currentLanguage() const
@@ -73,9 +110,12 @@ void LocalizationService::setCurrentLanguage(AppLanguage language)
         settings.sync();
     }
     const QString code = resolve(language);
-    QWriteLocker lock(&m_lock);
-    m_language = language;
-    m_effectiveCode = code;
+    {
+        QWriteLocker lock(&m_lock);
+        m_language = language;
+        m_effectiveCode = code;
+    }
+    installQtCatalog();
 }
 
 QString LocalizationService::effectiveLanguageCode() const
@@ -114,8 +154,11 @@ void LocalizationService::setPreferredLanguagesProvider(std::function<QStringLis
     m_preferredLanguages = std::move(provider);
     const AppLanguage language = currentLanguage();
     const QString code = resolve(language);
-    QWriteLocker lock(&m_lock);
-    m_effectiveCode = code;
+    {
+        QWriteLocker lock(&m_lock);
+        m_effectiveCode = code;
+    }
+    installQtCatalog();
 }
 
 QString LocalizationService::t(QAnyStringView key, const FormatArgs &args) const

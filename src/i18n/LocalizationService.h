@@ -16,6 +16,9 @@
 #include <QStringList>
 
 #include <functional>
+#include <memory>
+
+class QTranslator;
 
 namespace orvanta {
 
@@ -53,6 +56,15 @@ public:
     // a test puts its own list in.
     void setPreferredLanguagesProvider(std::function<QStringList()> provider);
 
+    // Qt's own catalog for the effective language ("qtbase_de", ...): the
+    // texts of file dialogs, standard buttons and context menus. Loaded on
+    // the main thread when the language changes; null for English or when
+    // the catalog is not installed.
+    const QTranslator *qtCatalog() const { return m_qtCatalog.get(); }
+    // Loads it now (at start, once the application object exists).
+    void installQtCatalog();
+
+    ~LocalizationService();
     LocalizationService(const LocalizationService &) = delete;
     LocalizationService &operator=(const LocalizationService &) = delete;
 
@@ -66,6 +78,7 @@ private:
     mutable QReadWriteLock m_lock; // guards the two fields below
     AppLanguage m_language = AppLanguage::System;
     QString m_effectiveCode;
+    std::unique_ptr<QTranslator> m_qtCatalog; // main thread only
 };
 
 // Shorthand for LocalizationService::shared().t(...).

@@ -6,6 +6,7 @@
 #include "media/ExivAdapter.h"
 #include "media/ThumbnailDecoder.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 #include <QMutex>
 #include <QThread>
@@ -105,7 +106,13 @@ QString ThumbnailManager::chooseFile(const QString &targetPath, const QString &f
 
 QString ThumbnailManager::cacheKey(const QString &path, int maxPixelSize)
 {
-    return path + u'_' + QString::number(maxPixelSize);
+    // The file's identity is part of the key: a photo reprocessed at the same
+    // path has another modification time or size, so its old picture is
+    // never served again.
+    const QFileInfo info(path);
+    return path + u'_' + QString::number(maxPixelSize) + u'_'
+        + QString::number(info.lastModified().toMSecsSinceEpoch()) + u'_'
+        + QString::number(info.size());
 }
 
 std::optional<int> ThumbnailManager::pixelSizeForView(QSizeF points)

@@ -56,7 +56,7 @@ public:
     // The file a request reads: the target when it names an existing file,
     // else the fallback under the same rule; a null string when neither does.
     static QString chooseFile(const QString &targetPath, const QString &fallbackPath);
-    // "<path>_<maxPixelSize>", e.g. "/photos/out/DSC04223.jpg_160".
+    // "<path>_<maxPixelSize>_<mtime ms>_<bytes>": a rewritten file is a new entry.
     static QString cacheKey(const QString &path, int maxPixelSize);
     // The pixel size a view of `points` requests on a double-density screen:
     // the larger side × 2, truncated. None for a non-finite or absurd size.

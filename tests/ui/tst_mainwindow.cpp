@@ -26,9 +26,11 @@
 #include <QComboBox>
 #include <QDragEnterEvent>
 #include <QLabel>
+#include <QLibraryInfo>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
 #include <QToolButton>
@@ -381,6 +383,12 @@ void MainWindowTest::languageSwitchReRendersEveryVisibleText()
     QVERIFY(germanTexts.contains(m_model->t("tab_history").replace(u'&', u"&&"_s)));
     QVERIFY(m_window->footerStorage()->text() != footerBefore);
     QCOMPARE(m_window->folderBar()->runButton()->text(), m_model->t("btn_start_batch"));
+
+    // Qt's own texts follow too: standard buttons of message boxes and dialogs.
+    if (!QFile::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + u"/qtbase_de.qm"_s))
+        QSKIP("Qt's German catalog (qt6-translations-l10n) is not installed");
+    QMessageBox box(QMessageBox::Question, u"?"_s, u"?"_s, QMessageBox::Cancel);
+    QCOMPARE(box.button(QMessageBox::Cancel)->text(), u"Abbrechen"_s);
 }
 
 void MainWindowTest::japaneseTextsHaveEveryGlyphInTheInterfaceFont()

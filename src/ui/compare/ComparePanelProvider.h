@@ -24,8 +24,11 @@ public:
     virtual QWidget *createInspector(AppViewModel &model, QWidget *parent) = 0;
     virtual void showInspectorRecord(QWidget *inspector, const PhotoRecord &record) = 0;
     virtual QWidget *createHistogram(AppViewModel &model, QWidget *parent) = 0;
-    // An empty path: the photo has no HDR file.
-    virtual void showHistogramFile(QWidget *histogram, const QString &hdrPath) = 0;
+    // The record the window shows (its peak gain marks the plot); an empty
+    // path: the photo has no HDR file.
+    virtual void showHistogramRecord(QWidget *histogram, const PhotoRecord &record,
+                                     const QString &hdrPath)
+        = 0;
 };
 
 } // namespace orvanta

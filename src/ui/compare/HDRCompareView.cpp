@@ -267,7 +267,7 @@ void HDRCompareView::showRecord()
     if (m_inspector)
         m_provider->showInspectorRecord(m_inspector, record);
     if (m_histogram)
-        m_provider->showHistogramFile(m_histogram, hdr);
+        m_provider->showHistogramRecord(m_histogram, record, hdr);
     sync();
     Q_EMIT recordChanged();
 }

@@ -121,23 +121,6 @@ HdrHistogramView::HdrHistogramView(AppViewModel &model, QWidget *parent)
     updateTexts();
 }
 
-void HdrHistogramView::setFile(const QString &path)
-{
-    std::optional<double> peak;
-    const QString canonical = QFileInfo(path).absoluteFilePath();
-    for (const PhotoRecord &record : m_model.historyRecords()) {
-        for (const auto *candidate : { &record.outputPath, &record.jpgPath }) {
-            if (*candidate && QFileInfo(**candidate).absoluteFilePath() == canonical) {
-                peak = record.peakStops;
-                break;
-            }
-        }
-        if (peak)
-            break;
-    }
-    setFile(path, peak);
-}
-
 void HdrHistogramView::setFile(const QString &path, std::optional<double> peakStops)
 {
     m_path = path;

@@ -27,8 +27,7 @@ class HdrHistogramView : public QWidget
 public:
     explicit HdrHistogramView(AppViewModel &model, QWidget *parent = nullptr);
 
-    // Takes the peak gain from the loaded history record of that file, if any.
-    void setFile(const QString &path);
+    // `peakStops` comes from the record the caller shows.
     void setFile(const QString &path, std::optional<double> peakStops);
 
     HistogramChannelMode channelMode() const { return m_mode; }

@@ -16,6 +16,8 @@
 #include <QPainterPath>
 #include <QToolTip>
 
+#include <algorithm>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -130,21 +132,52 @@ HistoryRowDelegate::HistoryRowDelegate(AppViewModel &model, HistoryTableModel &t
 {
 }
 
-QList<QRect> HistoryRowDelegate::actionRects(const QRect &cell, int count) const
+QFont HistoryRowDelegate::pillFont() const
 {
-    QList<QRect> rects;
-    int x = cell.right() - 8 - count * (ActionButton + 2) + 2;
-    const int y = cell.center().y() - ActionButton / 2;
-    for (int i = 0; i < count; ++i, x += ActionButton + 2)
-        rects << QRect(x, y, ActionButton, ActionButton);
-    return rects;
+    QFont font;
+    font.setPointSizeF(font.pointSizeF() * 0.9);
+    return font;
 }
 
-QRect HistoryRowDelegate::pillRect(const QRect &cell) const
+int HistoryRowDelegate::pillWidth() const
 {
-    const QFontMetrics metrics(QFont {});
-    const int width = metrics.horizontalAdvance(m_model.t("btn_xdr_compare_pill")) + 30;
-    return QRect(cell.right() - 8 - width, cell.center().y() - 10, width, 20);
+    return QFontMetrics(pillFont()).horizontalAdvance(m_model.t("btn_xdr_compare_pill")) + 32;
+}
+
+QList<HistoryRowDelegate::Target>
+HistoryRowDelegate::targets(const QRect &cell, const PhotoRecord &record, bool hovered) const
+{
+    QList<Target> found;
+    int right = cell.right() - 8;
+    const int y = cell.center().y() - ActionButton / 2;
+    for (RowAction action : rowActions(record, m_canCompare)) {
+        if (action == RowAction::Compare) {
+            const int width = pillWidth();
+            found.append({ action, QRect(right - width, cell.center().y() - 10, width, 20), true });
+            right -= width + 6;
+        } else if (hovered) {
+            found.append({ action, QRect(), false });
+        }
+    }
+    // The buttons fill leftwards from the pill (or the cell's end), in order.
+    int x = right
+        - int(std::count_if(found.begin(), found.end(), [](const Target &t) { return !t.pill; }))
+            * (ActionButton + 2);
+    for (Target &target : found) {
+        if (!target.pill) {
+            target.rect = QRect(x + 2, y, ActionButton, ActionButton);
+            x += ActionButton + 2;
+        }
+    }
+    return found;
+}
+
+int HistoryRowDelegate::actionsWidth() const
+{
+    const int button = ActionButton + 2;
+    const int withPill = pillWidth() + 6 + 4 * button; // compare + four buttons
+    const int withoutPill = 5 * button; // a failed row: four + the error details
+    return 8 + std::max(withPill, withoutPill) + 8;
 }
 
 QSize HistoryRowDelegate::sizeHint(const QStyleOptionViewItem &option,
@@ -286,35 +319,27 @@ void HistoryRowDelegate::paintActions(QPainter &p, const QRect &r, const PhotoRe
                                       bool hovered) const
 {
     const qreal dpr = p.device()->devicePixelRatioF();
-    if (hovered) {
-        const QList<RowAction> actions = rowActions(record, m_canCompare);
-        const QList<QRect> rects = actionRects(r, int(actions.size()));
-        for (int i = 0; i < actions.size(); ++i) {
-            p.setPen(Qt::NoPen);
-            p.setBrush(theme::kSurfaceRaised);
-            p.drawRoundedRect(rects[i], 6, 6);
-            const QColor tint = actions[i] == RowAction::Compare ? theme::kYellow
-                : actions[i] == RowAction::ViewError             ? theme::kRed
-                                                                 : theme::kTextPrimary;
-            p.drawPixmap(rects[i].center().x() - 7, rects[i].center().y() - 7,
-                         cachedIcon(rowActionSymbol(actions[i]), tint, 14, dpr));
+    for (const Target &target : targets(r, record, hovered)) {
+        if (target.pill) {
+            p.setPen(QColor(0xff, 0xd0, 0x2e, hovered ? 170 : 110));
+            p.setBrush(QColor(0xff, 0xd0, 0x2e, hovered ? 48 : 30));
+            p.drawRoundedRect(target.rect, 10, 10);
+            p.drawPixmap(target.rect.left() + 8, target.rect.center().y() - 6,
+                         cachedIcon(u"sun.max.fill"_s, theme::kYellow, 12, dpr));
+            p.setFont(pillFont());
+            p.setPen(theme::kYellow);
+            p.drawText(target.rect.adjusted(24, 0, -6, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                       m_model.t("btn_xdr_compare_pill"));
+            continue;
         }
-        return;
+        p.setPen(Qt::NoPen);
+        p.setBrush(theme::kSurfaceRaised);
+        p.drawRoundedRect(target.rect, 6, 6);
+        const QColor tint
+            = target.action == RowAction::ViewError ? theme::kRed : theme::kTextPrimary;
+        p.drawPixmap(target.rect.center().x() - 7, target.rect.center().y() - 7,
+                     cachedIcon(rowActionSymbol(target.action), tint, 14, dpr));
     }
-    if (!m_canCompare || record.status != u"SUCCESS"_s)
-        return;
-    const QRect pill = pillRect(r);
-    p.setPen(QColor(0xff, 0xd0, 0x2e, 110));
-    p.setBrush(QColor(0xff, 0xd0, 0x2e, 30));
-    p.drawRoundedRect(pill, 10, 10);
-    p.drawPixmap(pill.left() + 8, pill.center().y() - 6,
-                 cachedIcon(u"sun.max.fill"_s, theme::kYellow, 12, dpr));
-    QFont small = p.font();
-    small.setPointSizeF(small.pointSizeF() * 0.9);
-    p.setFont(small);
-    p.setPen(theme::kYellow);
-    p.drawText(pill.adjusted(24, 0, -6, 0), Qt::AlignLeft | Qt::AlignVCenter,
-               m_model.t("btn_xdr_compare_pill"));
 }
 
 bool HistoryRowDelegate::editorEvent(QEvent *event, QAbstractItemModel *,
@@ -334,11 +359,9 @@ bool HistoryRowDelegate::editorEvent(QEvent *event, QAbstractItemModel *,
     if (column.kind != HistoryColumn::Kind::Actions)
         return false;
     const QPoint pos = mouse->position().toPoint();
-    const QList<RowAction> actions = rowActions(record, m_canCompare);
-    const QList<QRect> rects = actionRects(option.rect, int(actions.size()));
-    for (int i = 0; i < actions.size(); ++i) {
-        if (rects[i].contains(pos)) {
-            Q_EMIT actionTriggered(actions[i], record);
+    for (const Target &target : targets(option.rect, record, index.row() == m_hoveredRow)) {
+        if (target.rect.contains(pos)) {
+            Q_EMIT actionTriggered(target.action, record);
             return true;
         }
     }
@@ -350,11 +373,10 @@ bool HistoryRowDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
 {
     if (index.isValid() && m_table.column(index.column()).kind == HistoryColumn::Kind::Actions) {
         const PhotoRecord &record = m_table.record(index.row());
-        const QList<RowAction> actions = rowActions(record, m_canCompare);
-        const QList<QRect> rects = actionRects(option.rect, int(actions.size()));
-        for (int i = 0; i < actions.size(); ++i) {
-            if (rects[i].contains(event->pos())) {
-                QToolTip::showText(event->globalPos(), m_model.t(rowActionKey(actions[i])), view);
+        for (const Target &target : targets(option.rect, record, index.row() == m_hoveredRow)) {
+            if (target.rect.contains(event->pos())) {
+                QToolTip::showText(event->globalPos(), m_model.t(rowActionKey(target.action)),
+                                   view);
                 return true;
             }
         }

@@ -44,9 +44,19 @@ public:
     int hoveredRow() const { return m_hoveredRow; }
     void setCanCompare(bool can) { m_canCompare = can; }
 
-    // Where the action buttons of a hovered row sit in its actions cell.
-    QList<QRect> actionRects(const QRect &cell, int count) const;
-    QRect pillRect(const QRect &cell) const;
+    // What can be clicked in a row's actions cell, as painted: the "HDR
+    // Compare" pill of a successful row stays at the right end whether or not
+    // the row is hovered, and the hover buttons for the other actions sit
+    // beside it, so the pill the user aims at is the pill that gets the click.
+    struct Target
+    {
+        RowAction action;
+        QRect rect;
+        bool pill = false;
+    };
+    QList<Target> targets(const QRect &cell, const PhotoRecord &record, bool hovered) const;
+    // The width the actions cell needs for its widest row.
+    int actionsWidth() const;
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
@@ -66,6 +76,9 @@ private:
     void paintOptional(QPainter &p, const QRect &r, const PhotoRecord &record,
                        ListColumn column) const;
     void paintActions(QPainter &p, const QRect &r, const PhotoRecord &record, bool hovered) const;
+
+    QFont pillFont() const;
+    int pillWidth() const;
 
     AppViewModel &m_model;
     HistoryTableModel &m_table;

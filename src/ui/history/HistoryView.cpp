@@ -273,8 +273,7 @@ void HistoryView::applyColumnWidths()
             break;
         case HistoryColumn::Kind::Actions:
             header->setSectionResizeMode(section, QHeaderView::Fixed);
-            header->resizeSection(
-                section, fitted(section, 8 + 6 * (HistoryRowDelegate::ActionButton + 2) + 6));
+            header->resizeSection(section, fitted(section, m_delegate->actionsWidth()));
             break;
         }
     }

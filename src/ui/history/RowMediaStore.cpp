@@ -36,8 +36,31 @@ RowMediaStore::~RowMediaStore()
     m_metaPool.waitForDone();
 }
 
+void RowMediaStore::forgetIfChanged(const PhotoRecord &record)
+{
+    // A reprocessed photo keeps its fingerprint but gets a new record: what
+    // was loaded for the old one (picture, metadata) no longer describes it.
+    const auto seen = m_records.constFind(record.id());
+    if (seen == m_records.constEnd()) {
+        m_records.insert(record.id(), record);
+        return;
+    }
+    if (*seen == record)
+        return;
+    m_records.insert(record.id(), record);
+    if (const auto ticket = m_tickets.constFind(record.id()); ticket != m_tickets.constEnd())
+        m_thumbnails.cancel(*ticket);
+    if (const auto job = m_metaJobs.constFind(record.id()); job != m_metaJobs.constEnd())
+        (*job)->store(true);
+    m_tickets.remove(record.id());
+    m_metaJobs.remove(record.id());
+    m_thumbs.remove(record.id());
+    m_metadata.remove(record.id());
+}
+
 RowMediaStore::Thumb RowMediaStore::thumbnail(const PhotoRecord &record)
 {
+    forgetIfChanged(record);
     const QString id = record.id();
     auto it = m_thumbs.constFind(id);
     if (it != m_thumbs.constEnd())
@@ -71,6 +94,7 @@ RowMediaStore::Thumb RowMediaStore::thumbnail(const PhotoRecord &record)
 
 const ProPhotoMetadata *RowMediaStore::metadata(const PhotoRecord &record)
 {
+    forgetIfChanged(record);
     auto it = m_metadata.constFind(record.id());
     if (it != m_metadata.constEnd())
         return &*it;
@@ -137,6 +161,10 @@ void RowMediaStore::retainOnly(const QSet<QString> &visible)
         for (auto it = m_metadata.begin(); it != m_metadata.end();)
             it = visible.contains(it.key()) ? std::next(it) : m_metadata.erase(it);
     }
+    if (m_records.size() > 2000) {
+        for (auto it = m_records.begin(); it != m_records.end();)
+            it = visible.contains(it.key()) ? std::next(it) : m_records.erase(it);
+    }
 }
 
 void RowMediaStore::clear()
@@ -149,6 +177,7 @@ void RowMediaStore::clear()
     m_metaJobs.clear();
     m_thumbs.clear();
     m_metadata.clear();
+    m_records.clear();
 }
 
 } // namespace orvanta

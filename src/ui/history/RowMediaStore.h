@@ -7,6 +7,7 @@
 // metadata reading run on background threads.
 #pragma once
 
+#include "history/HistoryTypes.h"
 #include "media/ProPhotoMetadata.h"
 #include "media/ThumbnailManager.h"
 
@@ -20,8 +21,6 @@
 #include <memory>
 
 namespace orvanta {
-
-struct PhotoRecord;
 
 class RowMediaStore : public QObject
 {
@@ -59,11 +58,13 @@ Q_SIGNALS:
 
 private:
     void requestMetadata(const PhotoRecord &record);
+    void forgetIfChanged(const PhotoRecord &record);
 
     ThumbnailManager &m_thumbnails;
     QHash<QString, Thumb> m_thumbs;
     QHash<QString, ThumbnailManager::Ticket> m_tickets;
     QHash<QString, ProPhotoMetadata> m_metadata;
+    QHash<QString, PhotoRecord> m_records; // the record each row's media was loaded for
     QHash<QString, std::shared_ptr<std::atomic_bool>> m_metaJobs; // cancel flags
     QThreadPool m_metaPool;
     int m_cancelled = 0;

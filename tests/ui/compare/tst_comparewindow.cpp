@@ -57,9 +57,11 @@ struct LabelPanels : ComparePanelProvider
     {
         return new QLabel(u"histogram"_s, parent);
     }
-    void showHistogramFile(QWidget *histogram, const QString &hdrPath) override
+    void showHistogramRecord(QWidget *histogram, const PhotoRecord &r,
+                             const QString &hdrPath) override
     {
-        static_cast<QLabel *>(histogram)->setText(hdrPath);
+        static_cast<QLabel *>(histogram)->setText(
+            r.peakStops ? hdrPath + u' ' + QString::number(*r.peakStops) : hdrPath);
     }
 };
 
@@ -331,7 +333,8 @@ void TestCompareWindow::providerPanelsFollowTheCurrentRecord()
     LabelPanels panels;
     const QString folder = m_dir.path();
     QVERIFY(test::writeScene(32, 32, folder + u"/b.JPG"_s, folder + u"/b_uhdr.jpg"_s));
-    const QList<PhotoRecord> records { record(u"a"_s), record(u"b"_s, folder) };
+    QList<PhotoRecord> records { record(u"a"_s), record(u"b"_s, folder) };
+    records[1].peakStops = 2.5; // known only to the compare window, not the main list
     auto view = makeView(records.at(0), records, &panels);
     view->show();
     QVERIFY(QTest::qWaitForWindowExposed(view.get()));
@@ -346,7 +349,7 @@ void TestCompareWindow::providerPanelsFollowTheCurrentRecord()
     QVERIFY(inspector->isVisible());
     view->showNextPhoto();
     QCOMPARE(inspector->text(), u"IMG_b"_s);
-    QCOMPARE(histogram->text(), folder + u"/b_uhdr.jpg"_s);
+    QCOMPARE(histogram->text(), folder + u"/b_uhdr.jpg 2.5"_s);
 }
 
 void TestCompareWindow::managerOpensAFreshWindowEachTime()

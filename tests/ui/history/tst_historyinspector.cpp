@@ -43,7 +43,6 @@ private Q_SLOTS:
     void gainMapRowShowsWhatTheUltraHdrFileCarries();
     void aPlainJpegSaysItHasNoGainMap();
     void histogramIsComputedInTheBackgroundAndKeepsTheChannel();
-    void histogramTakesThePeakFromTheLoadedRecord();
     void previewScalesALargePhotoDownToTheBounds();
     void thumbnailWithNoFileShowsTheMissingMarkAtOnce();
     void thumbnailFallsBackToTheJpegAtTwiceItsSize();
@@ -218,24 +217,6 @@ void HistoryInspectorTest::histogramIsComputedInTheBackgroundAndKeepsTheChannel(
     QCOMPARE(view.channelMode(), HistogramChannelMode::Rgb);
     QTRY_COMPARE(ready.size(), 2);
     QVERIFY(view.findChild<QLabel *>(u"histogramLegendPeak"_s)->text().endsWith(u"—"_s));
-}
-
-void HistoryInspectorTest::histogramTakesThePeakFromTheLoadedRecord()
-{
-    auto db = freshDatabase();
-    db->insert({ .fingerprint = u"h"_s,
-                 .stem = u"DSC04223"_s,
-                 .outputPath = m_ultraHdr,
-                 .peakStops = 1.8 });
-    AppViewModel model;
-    settleHistory();
-    QCOMPARE(model.historyRecords().size(), 1);
-    HdrHistogramView view(model);
-    view.setFile(m_ultraHdr);
-    QCOMPARE(view.peakStops(), std::optional<double>(1.8));
-    QVERIFY(view.findChild<QLabel *>(u"histogramLegendPeak"_s)->text().endsWith(u"+1.80 st"_s));
-    view.setFile(m_cameraJpeg);
-    QCOMPARE(view.peakStops(), std::nullopt);
 }
 
 void HistoryInspectorTest::previewScalesALargePhotoDownToTheBounds()

@@ -477,6 +477,16 @@ void HistoryViewTest::rowsThatScrollAwayCancelTheirThumbnails()
     // been under way already).
     QVERIFY(manager.decodeCount() <= 3);
     QCOMPARE(ThumbnailManager::pixelSizeForView(QSizeF(38, 22)), RowMediaStore::RowThumbnailPixels);
+
+    // Reprocessed in place: a new record and a rewritten file load a new picture.
+    QFile output(*records[9].jpgPath);
+    QVERIFY(output.open(QIODevice::Append) && output.write("more") == 4);
+    output.close();
+    PhotoRecord again = records[9];
+    again.processedAt = u"2026-11-25 08:00:00"_s;
+    QCOMPARE(store.thumbnail(again).state, RowMediaStore::ThumbState::Loading);
+    gate.release(1);
+    QTRY_COMPARE(store.thumbnail(again).state, RowMediaStore::ThumbState::Image);
 }
 
 void HistoryViewTest::rowCellsUseTheRecordFormats()
@@ -521,18 +531,37 @@ void HistoryViewTest::hoverButtonsTriggerTheirRowAction()
     freshDatabase()->insertNumbered(5);
     AppViewModel model;
     HistoryView view(model);
+    PhotoRecord compared;
+    view.setCompareOpener(
+        [&](const PhotoRecord &record, const QList<PhotoRecord> &) { compared = record; });
     showAndWait(view, 5);
     QTableView *tableView = view.tableView();
     HistoryTableModel *table = view.tableModel();
     auto *delegate = qobject_cast<HistoryRowDelegate *>(tableView->itemDelegate());
     QVERIFY(delegate);
+    QCOMPARE(table->record(1).status, u"SUCCESS"_s);
     const QRect actions = tableView->visualRect(table->index(1, table->columnCount() - 1));
-    QTest::mouseMove(tableView->viewport(), actions.center());
+    const auto resting = delegate->targets(actions, table->record(1), false);
+    QCOMPARE(resting.size(), 1);
+    QVERIFY(resting[0].pill && actions.contains(resting[0].rect));
+
+    // Hovering leaves the pill where the user aimed, with every button beside it.
+    QTest::mouseMove(tableView->viewport(), resting[0].rect.center());
     QTRY_COMPARE(delegate->hoveredRow(), 1);
-    const QList<RowAction> offered = rowActions(table->record(1), false);
-    const QList<QRect> buttons = delegate->actionRects(actions, int(offered.size()));
-    const int inspector = int(offered.indexOf(RowAction::Inspector));
-    QTest::mouseClick(tableView->viewport(), Qt::LeftButton, {}, buttons[inspector].center());
+    const auto hovered = delegate->targets(actions, table->record(1), true);
+    QCOMPARE(hovered.size(), rowActions(table->record(1), true).size());
+    for (const auto &target : hovered) {
+        QVERIFY(actions.contains(target.rect));
+        for (const auto &other : hovered)
+            QVERIFY(&target == &other || !target.rect.intersects(other.rect));
+    }
+    QTest::mouseClick(tableView->viewport(), Qt::LeftButton, {}, resting[0].rect.center());
+    QCOMPARE(compared, table->record(1));
+
+    const auto inspector = std::find_if(hovered.begin(), hovered.end(), [](const auto &t) {
+        return t.action == RowAction::Inspector;
+    });
+    QTest::mouseClick(tableView->viewport(), Qt::LeftButton, {}, inspector->rect.center());
     QTRY_VERIFY(view.inspector()->isVisible());
     QCOMPARE(view.inspector()->record(), table->record(1));
 }
