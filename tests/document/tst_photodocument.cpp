@@ -6,6 +6,7 @@
 // bound by decoded bytes.
 
 #include "common/TestEnvironment.h"
+#include "document/CountingReader.h"
 #include "document/PhotoDocumentCache.h"
 #include "hdr/UltraHdrFixtures.h"
 #include "hdr/UltraHdrWriter.h"
@@ -14,47 +15,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <atomic>
-
 using namespace orvanta;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// The real reader, counting what it is asked to read.
-class CountingReader : public PhotoReader
-{
-public:
-    mutable std::atomic<int> reads[6] {};
-    int count(PhotoStage stage) const { return reads[int(stage)]; }
-
-    ReadResult<ProPhotoMetadata> metadata(const QString &path) const override
-    {
-        ++reads[int(PhotoStage::Metadata)];
-        return PhotoReader::metadata(path);
-    }
-    ReadResult<GainMapSummary> gainMap(const QString &path) const override
-    {
-        ++reads[int(PhotoStage::GainMap)];
-        return PhotoReader::gainMap(path);
-    }
-    ReadResult<Rendition> rendition(const QString &path, bool hdr) const override
-    {
-        ++reads[int(hdr ? PhotoStage::HdrRendition : PhotoStage::SdrRendition)];
-        return PhotoReader::rendition(path, hdr);
-    }
-    ReadResult<HDRHistogramData> histogram(const QString &path,
-                                           std::optional<double> peakStops) const override
-    {
-        ++reads[int(PhotoStage::Histogram)];
-        return PhotoReader::histogram(path, peakStops);
-    }
-    ReadResult<QImage> preview(const QString &path, QSize bounds) const override
-    {
-        ++reads[int(PhotoStage::Preview)];
-        return PhotoReader::preview(path, bounds);
-    }
-};
 
 QByteArray ultraHdrBytes(int width, int height)
 {
@@ -109,7 +73,7 @@ void PhotoDocumentTest::eachStageIsReadOnceForEveryone()
 {
     const QString path = m_dir.filePath(u"once.jpg"_s);
     QVERIFY(write(path, ultraHdrBytes(96, 64)));
-    auto reader = std::make_shared<CountingReader>();
+    auto reader = std::make_shared<test::CountingReader>();
     PhotoDocumentCache cache(reader);
     QObject first, second, gone;
     int calls = 0;
@@ -165,7 +129,7 @@ void PhotoDocumentTest::aRewrittenFileIsANewDocument()
 {
     const QString path = m_dir.filePath(u"rerun.jpg"_s);
     QVERIFY(write(path, ultraHdrBytes(96, 64)));
-    auto reader = std::make_shared<CountingReader>();
+    auto reader = std::make_shared<test::CountingReader>();
     PhotoDocumentCache cache(reader);
     const std::shared_ptr<PhotoDocument> before = cache.document(path);
     QVERIFY(loadAndWait(*before, PhotoStage::SdrRendition));
