@@ -3,7 +3,7 @@
 
 // Fuzzes the whole decode path: locating the map, parsing its metadata,
 // libjpeg decoding of both images and the gain-map arithmetic.
-#include "hdr/UltraHdrDecoder.h"
+#include "hdr/codec/UltraHdrDecoder.h"
 
 #include <cstddef>
 #include <cstdint>

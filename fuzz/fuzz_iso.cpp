@@ -3,7 +3,7 @@
 
 // Fuzzes the ISO 21496-1 block reader; whatever it accepts must survive
 // being written and read again.
-#include "hdr/IsoGainMapBlock.h"
+#include "hdr/codec/IsoGainMapBlock.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // Fuzzes the MPF index parser.
-#include "hdr/MpfIndex.h"
+#include "hdr/codec/MpfIndex.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // Fuzzes the JPEG segment walker and the search for the gain map image.
-#include "hdr/JpegSegments.h"
-#include "hdr/UltraHdrLayout.h"
+#include "hdr/codec/JpegSegments.h"
+#include "hdr/codec/UltraHdrLayout.h"
 
 #include <cstddef>
 #include <cstdint>

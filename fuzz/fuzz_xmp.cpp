@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // Fuzzes the XMP reader and the hdrgm value checks.
-#include "hdr/XmpGainMap.h"
+#include "hdr/codec/XmpGainMap.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -4,11 +4,11 @@
 // Writes a small starting corpus for each fuzz target: Ultra HDR files in
 // their common layouts, and the metadata blocks alone.
 //   orvanta_fuzz_seeds DIR   (creates DIR/<target>/seed-N)
-#include "hdr/IsoGainMapBlock.h"
-#include "hdr/JpegCodec.h"
-#include "hdr/MpfIndex.h"
-#include "hdr/UltraHdrWriter.h"
-#include "hdr/XmpGainMap.h"
+#include "hdr/codec/IsoGainMapBlock.h"
+#include "hdr/codec/JpegCodec.h"
+#include "hdr/codec/MpfIndex.h"
+#include "hdr/codec/UltraHdrWriter.h"
+#include "hdr/codec/XmpGainMap.h"
 
 #include <QDir>
 #include <QFile>

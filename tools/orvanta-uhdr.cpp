@@ -5,10 +5,10 @@
 //   probe FILE                          metadata as JSON (exit 3 when not Ultra HDR)
 //   decode FILE OUT.pfm [--headroom H]  linear light as a portable float map
 //   encode SDR.jpg HDR.pfm OUT.jpg [--scale N] [--quality Q] [--multichannel]
-#include "hdr/JpegCodec.h"
-#include "hdr/PortableFloatMap.h"
-#include "hdr/UltraHdrDecoder.h"
-#include "hdr/UltraHdrWriter.h"
+#include "hdr/codec/JpegCodec.h"
+#include "hdr/codec/PortableFloatMap.h"
+#include "hdr/codec/UltraHdrDecoder.h"
+#include "hdr/codec/UltraHdrWriter.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -6,9 +6,9 @@
 //   bench_uhdr [WIDTH HEIGHT] [RUNS]     defaults 6000 4000 5
 // Needs djpeg (scripts/install-bench-deps.sh) for the floor.
 #include "hdr/HdrHistogram.h"
-#include "hdr/JpegCodec.h"
-#include "hdr/UltraHdrDecoder.h"
-#include "hdr/UltraHdrWriter.h"
+#include "hdr/codec/JpegCodec.h"
+#include "hdr/codec/UltraHdrDecoder.h"
+#include "hdr/codec/UltraHdrWriter.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -3,8 +3,8 @@
 
 #include "document/PhotoReader.h"
 
-#include "hdr/UltraHdrDecoder.h"
-#include "hdr/UltraHdrLayout.h"
+#include "hdr/codec/UltraHdrDecoder.h"
+#include "hdr/codec/UltraHdrLayout.h"
 #include "media/MetadataService.h"
 
 #include <QFile>

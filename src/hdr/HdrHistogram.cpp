@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "HdrHistogram.h"
+#include "hdr/HdrHistogram.h"
 
-#include "JpegCodec.h"
-#include "JpegSegments.h"
+#include "hdr/codec/JpegCodec.h"
+#include "hdr/codec/JpegSegments.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -9,7 +9,7 @@
 #include "document/CountingReader.h"
 #include "document/PhotoDocumentCache.h"
 #include "hdr/UltraHdrFixtures.h"
-#include "hdr/UltraHdrWriter.h"
+#include "hdr/codec/UltraHdrWriter.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -6,9 +6,9 @@
 // field, and helpers to edit JPEG bytes.
 #pragma once
 
-#include "hdr/JpegCodec.h"
-#include "hdr/JpegSegments.h"
-#include "hdr/UltraHdrDecoder.h"
+#include "hdr/codec/JpegCodec.h"
+#include "hdr/codec/JpegSegments.h"
+#include "hdr/codec/UltraHdrDecoder.h"
 
 #include <QByteArray>
 #include <QImage>

@@ -9,7 +9,7 @@
 #include "hdr/EdrPictureLoader.h"
 #include "hdr/EdrViewerModel.h"
 #include "hdr/EdrViewerTypes.h"
-#include "hdr/UltraHdrWriter.h"
+#include "hdr/codec/UltraHdrWriter.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -5,7 +5,7 @@
 // executable, as photographers use it, plus the float map format it speaks.
 #include "UltraHdrFixtures.h"
 #include "common/TestEnvironment.h"
-#include "hdr/PortableFloatMap.h"
+#include "hdr/codec/PortableFloatMap.h"
 
 #include <QFile>
 #include <QJsonDocument>

@@ -5,10 +5,10 @@
 // whole files written and read back.
 #include "UltraHdrFixtures.h"
 #include "common/TestEnvironment.h"
-#include "hdr/IsoGainMapBlock.h"
-#include "hdr/MpfIndex.h"
-#include "hdr/UltraHdrWriter.h"
-#include "hdr/XmpGainMap.h"
+#include "hdr/codec/IsoGainMapBlock.h"
+#include "hdr/codec/MpfIndex.h"
+#include "hdr/codec/UltraHdrWriter.h"
+#include "hdr/codec/XmpGainMap.h"
 
 #include <QtTest>
 

@@ -6,8 +6,8 @@
 // also runs in the sanitizer build).
 #include "UltraHdrFixtures.h"
 #include "common/TestEnvironment.h"
-#include "hdr/IsoGainMapBlock.h"
-#include "hdr/UltraHdrWriter.h"
+#include "hdr/codec/IsoGainMapBlock.h"
+#include "hdr/codec/UltraHdrWriter.h"
 
 #include <QRandomGenerator>
 #include <QtTest>

@@ -6,7 +6,7 @@
 #include "EngineProcess.h"
 #include "SamplePairs.h"
 #include "common/TestEnvironment.h"
-#include "hdr/UltraHdrDecoder.h"
+#include "hdr/codec/UltraHdrDecoder.h"
 #include "media/ExifOrientation.h"
 #include "media/ExivAdapter.h"
 

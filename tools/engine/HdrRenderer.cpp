@@ -4,9 +4,9 @@
 #include "HdrRenderer.h"
 
 #include "RawDevelop.h"
-#include "hdr/JpegCodec.h"
-#include "hdr/UltraHdrDecoder.h"
-#include "hdr/UltraHdrWriter.h"
+#include "hdr/codec/JpegCodec.h"
+#include "hdr/codec/UltraHdrDecoder.h"
+#include "hdr/codec/UltraHdrWriter.h"
 #include "media/ExifOrientation.h"
 #include "media/ExivAdapter.h"
 

@@ -3,7 +3,7 @@
 
 #include "SamplePairs.h"
 
-#include "hdr/JpegCodec.h"
+#include "hdr/codec/JpegCodec.h"
 #include "media/ExifOrientation.h"
 
 #include <QDir>

@@ -6,8 +6,8 @@
 // SDR JPEG and as the HDR scene the Ultra HDR file should reproduce.
 #pragma once
 
-#include "hdr/JpegCodec.h"
-#include "hdr/UltraHdrWriter.h"
+#include "hdr/codec/JpegCodec.h"
+#include "hdr/codec/UltraHdrWriter.h"
 
 #include <QFile>
 #include <QImage>

@@ -7,7 +7,7 @@
 #include "common/TestEnvironment.h"
 #include "hdr/EdrKernels.h"
 #include "hdr/UltraHdrFixtures.h"
-#include "hdr/UltraHdrWriter.h"
+#include "hdr/codec/UltraHdrWriter.h"
 #include "ui/compare/DisplayHeadroom.h"
 #include "ui/compare/EdrGlSurface.h"
 #include "ui/compare/EdrViewer.h"

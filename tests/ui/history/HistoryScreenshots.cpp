@@ -10,7 +10,7 @@
 #include "common/ScreenshotSupport.h"
 #include "core/AppViewModel.h"
 #include "hdr/UltraHdrFixtures.h"
-#include "hdr/UltraHdrWriter.h"
+#include "hdr/codec/UltraHdrWriter.h"
 #include "i18n/LocalizationService.h"
 #include "ui/MainWindow.h"
 #include "ui/Theme.h"

@@ -7,7 +7,7 @@
 // the histogram computed in the background with its channel selector.
 #include "core/AppViewModel.h"
 #include "hdr/UltraHdrFixtures.h"
-#include "hdr/UltraHdrWriter.h"
+#include "hdr/codec/UltraHdrWriter.h"
 #include "ui/history/AsyncThumbnailView.h"
 #include "ui/history/HdrHistogramView.h"
 #include "ui/history/HistoryViewFixtures.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "PortableFloatMap.h"
+#include "hdr/codec/PortableFloatMap.h"
 
 #include <QtCore/qfloat16.h>
 #include <QtEndian>

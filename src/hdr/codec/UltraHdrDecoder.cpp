@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "UltraHdrDecoder.h"
+#include "hdr/codec/UltraHdrDecoder.h"
 
-#include "GainMapApplier.h"
-#include "HalfFloat.h"
-#include "JpegCodec.h"
+#include "hdr/codec/GainMapApplier.h"
+#include "hdr/codec/HalfFloat.h"
+#include "hdr/codec/JpegCodec.h"
 
 #include <QFile>
 #include <QThread>

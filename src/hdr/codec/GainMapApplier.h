@@ -7,7 +7,7 @@
 // Immutable after construction, so several threads may convert rows at once.
 #pragma once
 
-#include "GainMapMetadata.h"
+#include "hdr/codec/GainMapMetadata.h"
 
 #include <array>
 #include <cstdint>

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "UltraHdrLayout.h"
+#include "hdr/codec/UltraHdrLayout.h"
 
-#include "IsoGainMapBlock.h"
-#include "MpfIndex.h"
-#include "XmpGainMap.h"
+#include "hdr/codec/IsoGainMapBlock.h"
+#include "hdr/codec/MpfIndex.h"
+#include "hdr/codec/XmpGainMap.h"
 
 #include <QList>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "MpfIndex.h"
+#include "hdr/codec/MpfIndex.h"
 
-#include "JpegSegments.h"
+#include "hdr/codec/JpegSegments.h"
 
 namespace orvanta {
 

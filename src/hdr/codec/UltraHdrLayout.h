@@ -8,8 +8,8 @@
 // Pure functions; any thread.
 #pragma once
 
-#include "GainMapMetadata.h"
-#include "JpegSegments.h"
+#include "hdr/codec/GainMapMetadata.h"
+#include "hdr/codec/JpegSegments.h"
 
 #include <QByteArrayView>
 #include <QString>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "IsoGainMapBlock.h"
+#include "hdr/codec/IsoGainMapBlock.h"
 
-#include "JpegSegments.h"
+#include "hdr/codec/JpegSegments.h"
 
 #include <algorithm>
 #include <cmath>

@@ -6,7 +6,7 @@
 // validating, and writing the full layout. Pure functions; any thread.
 #pragma once
 
-#include "GainMapMetadata.h"
+#include "hdr/codec/GainMapMetadata.h"
 
 #include <QByteArray>
 #include <QByteArrayView>

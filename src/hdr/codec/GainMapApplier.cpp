@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "GainMapApplier.h"
+#include "hdr/codec/GainMapApplier.h"
 
-#include "UltraHdrDecoder.h"
+#include "hdr/codec/UltraHdrDecoder.h"
 
 #include <algorithm>
 #include <cmath>

@@ -7,7 +7,7 @@
 // core; safe to call from any thread.
 #pragma once
 
-#include "UltraHdrLayout.h"
+#include "hdr/codec/UltraHdrLayout.h"
 
 #include <QByteArrayView>
 #include <QImage>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "HalfFloat.h"
+#include "hdr/codec/HalfFloat.h"
 
 #include <QtCore/qfloat16.h>
 

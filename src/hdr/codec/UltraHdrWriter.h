@@ -8,7 +8,7 @@
 // engine. Pure functions; any thread.
 #pragma once
 
-#include "GainMapMetadata.h"
+#include "hdr/codec/GainMapMetadata.h"
 
 #include <QByteArray>
 #include <QByteArrayView>

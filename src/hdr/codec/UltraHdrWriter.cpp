@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "UltraHdrWriter.h"
+#include "hdr/codec/UltraHdrWriter.h"
 
-#include "IsoGainMapBlock.h"
-#include "JpegCodec.h"
-#include "JpegSegments.h"
-#include "MpfIndex.h"
-#include "UltraHdrDecoder.h"
-#include "XmpGainMap.h"
+#include "hdr/codec/IsoGainMapBlock.h"
+#include "hdr/codec/JpegCodec.h"
+#include "hdr/codec/JpegSegments.h"
+#include "hdr/codec/MpfIndex.h"
+#include "hdr/codec/UltraHdrDecoder.h"
+#include "hdr/codec/XmpGainMap.h"
 
 #include <QtCore/qfloat16.h>
 
