@@ -7,15 +7,25 @@
 // Main thread.
 #pragma once
 
-#include "hdr/EdrPictureLoader.h"
-
+#include <QImage>
 #include <QObject>
+#include <QSizeF>
+#include <QString>
 
 #include <functional>
 
 namespace orvanta {
 
 class PhotoDocumentCache;
+
+struct EdrPicturePair
+{
+    QImage sdr; // linear RGBA half floats, oriented; null when there is none
+    QImage hdr; // linear RGBA half floats, oriented, values above 1.0 where the map boosts
+    QSizeF imageSize { 0, 0 }; // the HDR picture's size; (0, 0) when it could not be read
+    bool sdrFromHdrFile = false; // the camera JPEG was missing: the HDR file's own base is shown
+    QString hdrIssue; // why the HDR side shows no boost (empty when the map was applied)
+};
 
 // Calls `done` on the main thread with the pair (at once when both sides are
 // already decoded), unless `context` is gone by then. `sdrPath` may be empty
