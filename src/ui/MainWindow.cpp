@@ -14,6 +14,7 @@
 #include "ui/Icons.h"
 #include "ui/TaskProgressCard.h"
 #include "ui/Theme.h"
+#include "ui/WindowPlacement.h"
 
 #include <QDialog>
 #include <QDragEnterEvent>
@@ -22,6 +23,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QScrollArea>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QToolButton>
@@ -37,7 +39,6 @@ MainWindow::MainWindow(AppViewModel &model, QWidget *parent)
 {
     setObjectName(u"main"_s);
     setWindowIcon(QIcon(u":/orvanta.svg"_s));
-    resize(kDefaultWidth, kDefaultHeight);
     setAcceptDrops(true);
 
     auto *central = new QWidget(this);
@@ -114,6 +115,16 @@ MainWindow::MainWindow(AppViewModel &model, QWidget *parent)
     retranslate();
     updateTabs();
     updateConsoleDrawer();
+    // Ctrl+1 and Ctrl+2 switch tabs and put the keyboard in the page, so the
+    // history can be browsed with the arrows straight away.
+    for (int tab = 0; tab < 2; ++tab) {
+        auto *shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + tab)), this);
+        connect(shortcut, &QShortcut::activated, this, [this, tab] {
+            m_model.setSelectedTab(tab);
+            m_pages->currentWidget()->setFocus(Qt::ShortcutFocusReason);
+        });
+    }
+    placement::restore(this, u"main"_s, QSize(kDefaultWidth, kDefaultHeight));
 }
 
 MainWindow::~MainWindow() = default;
@@ -291,6 +302,7 @@ void MainWindow::showEvent(QShowEvent *event)
 void MainWindow::hideEvent(QHideEvent *event)
 {
     QMainWindow::hideEvent(event);
+    placement::save(this, u"main"_s);
     disconnect(m_commandConnection);
     m_commandConnection = {};
 }

@@ -34,8 +34,10 @@ class MainWindow : public QMainWindow
 {
     Q_OBJECT
 public:
-    static constexpr int kDefaultWidth = 880;
-    static constexpr int kDefaultHeight = 720;
+    // The design size: the history's columns side by side with room for
+    // the stem, and a dozen rows. Smaller screens get what they have.
+    static constexpr int kDefaultWidth = 1240;
+    static constexpr int kDefaultHeight = 840;
     static constexpr int kConsoleDefaultHeight = 200;
     static constexpr int kConsoleMinimumHeight = 110;
     static constexpr int kPageMinimumHeight = 60;

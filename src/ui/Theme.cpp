@@ -111,7 +111,7 @@ QPushButton:disabled, QToolButton:disabled { color: @tertiary; background: @surf
 QToolButton[flat="true"] { background: transparent; border: 1px solid transparent; padding: 4px 6px; }
 QToolButton[flat="true"]:hover { background: @raised; border-color: @border; }
 QToolButton::menu-indicator { image: none; width: 0; }
-QToolButton:checked { background: #243a57; border-color: @accent; }
+QToolButton:checked, QToolButton[active="true"] { background: #243a57; border-color: @accent; }
 
 QToolButton[role="tab"] { background: transparent; border: 1px solid transparent; border-radius: 8px; padding: 5px 12px; color: @secondary; }
 QToolButton[role="tab"]:hover { color: @text; background: @surface; }
@@ -154,6 +154,14 @@ QScrollBar::handle:horizontal { background: #3c3f46; border-radius: 3px; min-wid
 QProgressBar { background: @sunken; border: none; border-radius: 3px; max-height: 6px; min-height: 6px; }
 QProgressBar::chunk { background: @accent; border-radius: 3px; }
 QDialog { background: @window; }
+
+/* Keyboard focus: a clear accent ring on every control that can take it. */
+QPushButton:focus, QToolButton:focus, QToolButton[flat="true"]:focus, QToolButton[role="tab"]:focus { border: 1px solid @focus; }
+QPushButton[role="primary"]:focus, QPushButton[role="danger"]:focus { border: 2px solid white; padding: 6px 16px; }
+QCheckBox:focus { color: @text; }
+QCheckBox::indicator:focus { border: 1px solid @focus; }
+QTableView:focus, QListView:focus, QTreeView:focus { border: 1px solid @focus; }
+QSlider:focus { border: 1px solid @focus; border-radius: 4px; }
 )"_s;
     s.replace(u"@window"_s, css(kWindow));
     s.replace(u"@surface"_s, css(kSurface));
@@ -164,6 +172,7 @@ QDialog { background: @window; }
     s.replace(u"@secondary"_s, css(kTextSecondary));
     s.replace(u"@text"_s, css(kTextPrimary));
     s.replace(u"@accent"_s, css(kAccent));
+    s.replace(u"@focus"_s, css(kFocusRing));
     return s;
 }
 

@@ -22,6 +22,8 @@ inline const QColor kTextPrimary { 0xec, 0xed, 0xef };
 inline const QColor kTextSecondary { 0x9d, 0xa1, 0xa9 };
 inline const QColor kTextTertiary { 0x6c, 0x70, 0x78 };
 inline const QColor kAccent { 0x2f, 0x8c, 0xff };
+// The keyboard focus ring: lighter than the accent so it reads on accent-filled controls too.
+inline const QColor kFocusRing { 0x7a, 0xb8, 0xff };
 
 // Status colours of the metric badges and the console.
 inline const QColor kGreen { 0x34, 0xc7, 0x59 };

@@ -14,6 +14,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QResizeEvent>
 #include <QSlider>
 #include <QToolButton>
 #include <QWidgetAction>
@@ -125,7 +126,39 @@ CompareToolbar::CompareToolbar(AppViewModel &model, QWidget *parent)
     openDefault = shareMenu->addAction(QString());
     share->setMenu(shareMenu);
     row->addWidget(share);
+    // Never squeezed below their text: when the row is short it drops texts
+    // for icons with tooltips instead (see updateCompactness).
+    for (QToolButton *button : findChildren<QToolButton *>(Qt::FindDirectChildrenOnly))
+        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     retranslate();
+}
+
+void CompareToolbar::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    setCompact(width() < m_fullWidth);
+}
+
+// The width the row needs with every text shown, measured once per change
+// of its texts; the row turns compact below it.
+void CompareToolbar::updateCompactness()
+{
+    setCompact(true);
+    setMinimumWidth(0);
+    setMinimumWidth(sizeHint().width());
+    setCompact(false);
+    m_fullWidth = sizeHint().width();
+    setCompact(width() < m_fullWidth);
+    Q_EMIT compactWidthChanged();
+}
+
+void CompareToolbar::setCompact(bool compact)
+{
+    m_compact = compact;
+    badgeText->setVisible(!compact);
+    m_badgeIcon->setToolTip(compact ? badgeText->text() : QString());
+    histogram->setToolButtonStyle(compact ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+    histogram->setToolTip(compact ? histogram->text() : QString());
 }
 
 QToolButton *CompareToolbar::iconButton(const QString &symbol, const QString &name)
@@ -205,6 +238,7 @@ void CompareToolbar::setPhoto(const QString &stemText, qint64 rating, const QStr
     m_rating->setText(QString(int(std::clamp<qint64>(rating, 0, 5)), QChar(0x2605)));
     m_rating->setVisible(rating > 0);
     m_peak->setText(peak);
+    updateCompactness();
 }
 
 void CompareToolbar::setDisplayHeadroom(double headroom)
@@ -215,7 +249,9 @@ void CompareToolbar::setDisplayHeadroom(double headroom)
     m_badgeIcon->setPixmap(
         icons::pixmap(hdr ? u"sun.max.fill"_s : u"display"_s, color, 16, devicePixelRatioF()));
     badgeText->setText(m_model.t(hdr ? "edr_badge_xdr" : "edr_badge_sdr"));
-    badgeText->setStyleSheet(u"color: %1; font-size: 9pt;"_s.arg(theme::css(color)));
+    // The body size (macOS's 13-point system text is this interface's base font).
+    badgeText->setStyleSheet(u"color: %1;"_s.arg(theme::css(color)));
+    updateCompactness();
 }
 
 } // namespace orvanta

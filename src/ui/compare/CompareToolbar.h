@@ -52,10 +52,21 @@ public:
     QLabel *badgeText = nullptr;
 
     void showThresholds(double zebraValue, double shadowValue);
+    // Short of room: the badge and the histogram button show icons only.
+    bool isCompact() const { return m_compact; }
+
+Q_SIGNALS:
+    // The narrowest the row can be (all its texts as icons) changed.
+    void compactWidthChanged();
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     QToolButton *iconButton(const QString &symbol, const QString &name);
     QWidget *zebraPanel();
+    void updateCompactness();
+    void setCompact(bool compact);
 
     AppViewModel &m_model;
     QLabel *m_rating = nullptr;
@@ -65,6 +76,8 @@ private:
     QLabel *m_zebraValue = nullptr;
     QLabel *m_shadowValue = nullptr;
     double m_headroom = 1.0;
+    int m_fullWidth = 0;
+    bool m_compact = false;
 };
 
 } // namespace orvanta

@@ -6,6 +6,7 @@
 #include "core/AppViewModel.h"
 #include "platform/FileManager.h"
 #include "ui/Theme.h"
+#include "ui/WindowPlacement.h"
 #include "ui/compare/ComparePanelProvider.h"
 #include "ui/compare/CompareToolbar.h"
 #include "ui/compare/DisplayHeadroom.h"
@@ -68,7 +69,7 @@ HDRCompareView::HDRCompareView(AppViewModel &model, const PhotoRecord &record,
     , m_currentIndex(indexOf(m_allRecords, record))
 {
     setObjectName(u"hdrCompareView"_s);
-    setMinimumSize(800, 560);
+    setMinimumSize(kMinimumSize);
     buildLayout();
     connectControls();
     installShortcuts();
@@ -103,6 +104,8 @@ QLabel *HDRCompareView::overlayLabel(const QString &name)
 void HDRCompareView::buildLayout()
 {
     m_toolbar = new CompareToolbar(m_model, this);
+    connect(m_toolbar, &CompareToolbar::compactWidthChanged, this,
+            &HDRCompareView::updateMinimumSize);
     m_banner = new SdrBanner(m_model, this);
     m_viewer = new EdrViewer(m_model.t("edr_no_gl"), this);
     m_viewer->installEventFilter(this);
@@ -297,6 +300,20 @@ void HDRCompareView::sync()
     settings.simulatedHeadroom = s.simulatedHeadroom;
     m_viewer->updateState(settings);
     placeOverlays();
+    updateMinimumSize();
+}
+
+// Wide enough for the toolbar in its compact form (and the inspector beside
+// it), but never wider than the screen.
+void HDRCompareView::updateMinimumSize()
+{
+    int width = m_toolbar->minimumWidth();
+    if (m_inspectorPane && m_inspectorPane->isVisibleTo(this))
+        width += m_inspectorPane->width();
+    width = std::max(width, kMinimumSize.width());
+    if (isWindow() && screen())
+        width = std::min(width, screen()->availableGeometry().width());
+    setMinimumWidth(width);
 }
 
 void HDRCompareView::syncControls()
@@ -393,6 +410,14 @@ bool HDRCompareView::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_viewer && event->type() == QEvent::Resize)
         placeOverlays();
     return QWidget::eventFilter(watched, event);
+}
+
+void HDRCompareView::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    // The next compare window opens where the user left this one.
+    if (isWindow())
+        placement::save(this, u"compare"_s);
 }
 
 // The panel takes its width from the picture; a window too narrow for the

@@ -47,6 +47,10 @@ class HDRCompareView : public QWidget
 {
     Q_OBJECT
 public:
+    // The size a compare window opens at on a screen that has room for it.
+    static constexpr QSize kDefaultSize { 1280, 800 };
+    static constexpr QSize kMinimumSize { 800, 560 };
+
     // `provider` may be null: the inspector and histogram toggles are then hidden.
     HDRCompareView(AppViewModel &model, const PhotoRecord &record,
                    const QList<PhotoRecord> &allRecords, ComparePanelProvider *provider,
@@ -75,8 +79,10 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
 
 private:
+    void updateMinimumSize();
     void buildLayout();
     void connectControls();
     void installShortcuts();

@@ -3,6 +3,7 @@
 
 #include "ui/compare/HDRCompareWindowManager.h"
 
+#include "ui/WindowPlacement.h"
 #include "ui/compare/HDRCompareView.h"
 
 #include <QGuiApplication>
@@ -36,12 +37,7 @@ void HDRCompareWindowManager::open(AppViewModel &model, const PhotoRecord &recor
     // stays open next to the new one until the user closes it.
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->setWindowTitle(windowTitle(record));
-    window->resize(1100, 750);
-    if (const QScreen *screen = QGuiApplication::primaryScreen()) {
-        QRect frame(QPoint(), window->size());
-        frame.moveCenter(screen->availableGeometry().center());
-        window->move(frame.topLeft());
-    }
+    placement::restore(window, u"compare"_s, HDRCompareView::kDefaultSize);
     m_window = window;
     window->show();
     window->raise();

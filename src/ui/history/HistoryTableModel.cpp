@@ -74,6 +74,29 @@ int HistoryTableModel::sectionOf(HistoryColumn::Kind kind) const
     return -1;
 }
 
+std::optional<HistorySortField> HistoryTableModel::sortFieldOf(int section) const
+{
+    if (section < 0 || section >= m_columns.size())
+        return std::nullopt;
+    const HistoryColumn &column = m_columns[section];
+    if (column.kind == HistoryColumn::Kind::Name)
+        return HistorySortField::Stem;
+    if (column.kind != HistoryColumn::Kind::Optional)
+        return std::nullopt;
+    switch (column.optional) {
+    case ListColumn::PeakStops:
+        return HistorySortField::PeakStops;
+    case ListColumn::Faces:
+        return HistorySortField::Faces;
+    case ListColumn::Duration:
+        return HistorySortField::Duration;
+    case ListColumn::Date:
+        return HistorySortField::Date;
+    default:
+        return std::nullopt;
+    }
+}
+
 QString HistoryTableModel::cellText(const PhotoRecord &record, const HistoryColumn &column) const
 {
     switch (column.kind) {

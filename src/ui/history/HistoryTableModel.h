@@ -11,6 +11,8 @@
 #include <QAbstractTableModel>
 #include <QHash>
 
+#include <optional>
+
 namespace orvanta {
 
 class AppViewModel;
@@ -44,6 +46,8 @@ public:
 
     const HistoryColumn &column(int section) const { return m_columns.at(section); }
     int sectionOf(HistoryColumn::Kind kind) const;
+    // The sort field a click on the section's title chooses, if any.
+    std::optional<HistorySortField> sortFieldOf(int section) const;
     const PhotoRecord &record(int row) const { return m_records.at(row); }
     // -1 when the record is not loaded.
     int rowOf(const QString &fingerprint) const { return m_rowById.value(fingerprint, -1); }

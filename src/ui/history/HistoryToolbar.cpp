@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QStyle>
 #include <QToolButton>
 
 namespace orvanta {
@@ -119,11 +120,26 @@ HistoryToolbar::HistoryToolbar(AppViewModel &model, QWidget *parent)
             &HistoryToolbar::updateSelection);
     connect(&m_model, &AppViewModel::historyRecordsChanged, this, &HistoryToolbar::updateSelection);
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &HistoryToolbar::updateTexts);
+    connect(&m_model, &AppViewModel::historyStatusFilterChanged, this,
+            &HistoryToolbar::updateFilterMark);
     connect(&m_model, &AppViewModel::historySearchTextChanged, this, [this] {
         if (m_search->text() != m_model.historySearchText())
             m_search->setText(m_model.historySearchText());
     });
     updateTexts();
+    updateFilterMark();
+}
+
+// A filter that hides rows must be visible at a glance: the button looks
+// pressed and its symbol fills while one is on.
+void HistoryToolbar::updateFilterMark()
+{
+    const bool active = m_model.historyStatusFilter() != HistoryStatusFilter::All;
+    m_filter->setProperty("active", active);
+    m_filter->style()->unpolish(m_filter);
+    m_filter->style()->polish(m_filter);
+    m_filter->setIcon(icons::icon(u"line.3.horizontal.decrease.circle"_s,
+                                  active ? theme::kAccent : theme::kTextPrimary));
 }
 
 HistoryToolbar::SelectAllState HistoryToolbar::selectAllState() const

@@ -48,6 +48,7 @@ private:
     void fillColumnMenu();
     void updateSelection();
     void updateTexts();
+    void updateFilterMark();
 
     AppViewModel &m_model;
     QToolButton *m_selectAll = nullptr;

@@ -8,6 +8,7 @@
 #include "platform/FileManager.h"
 #include "ui/Icons.h"
 #include "ui/Theme.h"
+#include "ui/history/HistoryColumnLayout.h"
 #include "ui/history/HistoryRowDelegate.h"
 #include "ui/history/HistoryTableModel.h"
 #include "ui/history/HistoryToolbar.h"
@@ -26,6 +27,7 @@
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
@@ -151,6 +153,12 @@ QWidget *HistoryView::buildTablePage()
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->verticalHeader()->setDefaultSectionSize(HistoryRowDelegate::RowHeight);
     m_table->horizontalHeader()->setHighlightSections(false);
+    m_table->horizontalHeader()->setStretchLastSection(false);
+    m_table->horizontalHeader()->setSectionsClickable(true);
+    m_table->horizontalHeader()->setSortIndicatorShown(true);
+    // Tab leaves the table for the next control; the arrows move inside it.
+    m_table->setTabKeyNavigation(false);
+    setFocusProxy(m_table);
     m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_table->setStyleSheet(
         u"QTableView { background: %1; border: none; }"
@@ -166,6 +174,15 @@ QWidget *HistoryView::buildTablePage()
     connect(m_delegate, &HistoryRowDelegate::actionTriggered, this, &HistoryView::triggerAction);
     connect(m_media, &RowMediaStore::rowChanged, m_tableModel, &HistoryTableModel::refreshRow);
     connect(m_tableModel, &QAbstractItemModel::modelReset, this, &HistoryView::applyColumnWidths);
+    connect(m_tableModel, &QAbstractItemModel::modelReset, this, &HistoryView::updateSortIndicator);
+    connect(m_table->horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this](int section, int, int size) { columnResizedByUser(section, size); });
+    connect(m_table->horizontalHeader(), &QHeaderView::sectionClicked, this,
+            &HistoryView::sortBySection);
+    connect(&m_model, &AppViewModel::historySortFieldChanged, this,
+            &HistoryView::updateSortIndicator);
+    connect(&m_model, &AppViewModel::historySortAscendingChanged, this,
+            &HistoryView::updateSortIndicator);
     // A new list (a refresh, often after a photo finished) may point at files
     // that did not exist before: ask again. The thumbnail cache makes it cheap.
     connect(m_tableModel, &QAbstractItemModel::modelReset, m_media, &RowMediaStore::clear);
@@ -180,6 +197,7 @@ QWidget *HistoryView::buildTablePage()
         triggerAction(compare ? RowAction::Compare : RowAction::Inspector, record);
     });
     applyColumnWidths();
+    updateSortIndicator();
     return m_table;
 }
 
@@ -235,48 +253,107 @@ void HistoryView::setCompareOpener(CompareOpener opener)
 }
 
 // Widths suit the content but never cut a title or a status word: German
-// and French run much longer than English.
+// and French run much longer than English. The name takes what is left, but
+// never less than a camera stem; columns that do not fit step aside.
 void HistoryView::applyColumnWidths()
 {
-    QHeaderView *header = m_table->horizontalHeader();
-    header->setMinimumSectionSize(30);
     QFont titleFont = m_table->font();
     titleFont.setPointSizeF(8);
     titleFont.setWeight(QFont::DemiBold);
     const QFontMetrics titles(titleFont);
     const QFontMetrics cells(m_table->font());
+    QFont bold = m_table->font();
+    bold.setWeight(QFont::DemiBold);
     const auto fitted = [&](int section, int width) {
         const QString title
             = m_tableModel->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
         return qMax(width, titles.horizontalAdvance(title) + 18);
     };
+    m_columnSpecs.clear();
     for (int section = 0; section < m_tableModel->columnCount(); ++section) {
         const HistoryColumn &column = m_tableModel->column(section);
+        ColumnSpec spec;
         switch (column.kind) {
         case HistoryColumn::Kind::Select:
-            header->setSectionResizeMode(section, QHeaderView::Fixed);
-            header->resizeSection(section, 34);
+            spec.natural = 34;
             break;
         case HistoryColumn::Kind::Name:
-            header->setSectionResizeMode(section, QHeaderView::Stretch);
+            // Thumbnail, gap, and a typical stem in the row's bold face.
+            spec.natural
+                = fitted(section, 54 + QFontMetrics(bold).horizontalAdvance(u"DSC04223"_s) + 16);
+            spec.fills = true;
             break;
-        case HistoryColumn::Kind::Status: {
-            const int words = qMax(cells.horizontalAdvance(m_model.t("filter_success")),
-                                   cells.horizontalAdvance(m_model.t("filter_failed")));
-            header->setSectionResizeMode(section, QHeaderView::Interactive);
-            header->resizeSection(section, fitted(section, words + 26 + 12));
+        case HistoryColumn::Kind::Status:
+            spec.natural = fitted(section,
+                                  qMax(cells.horizontalAdvance(m_model.t("filter_success")),
+                                       cells.horizontalAdvance(m_model.t("filter_failed")))
+                                      + 26 + 12);
             break;
-        }
         case HistoryColumn::Kind::Optional:
-            header->setSectionResizeMode(section, QHeaderView::Interactive);
-            header->resizeSection(section, fitted(section, optionalColumnWidth(column.optional)));
+            spec.natural = fitted(section, optionalColumnWidth(column.optional));
+            spec.dropRank = dropRank(column.optional);
             break;
         case HistoryColumn::Kind::Actions:
-            header->setSectionResizeMode(section, QHeaderView::Fixed);
-            header->resizeSection(section, fitted(section, m_delegate->actionsWidth()));
+            spec.natural = fitted(section, m_delegate->actionsWidth());
             break;
         }
+        m_columnSpecs.append(spec);
     }
+    fitColumns();
+}
+
+void HistoryView::fitColumns()
+{
+    if (m_columnSpecs.size() != m_tableModel->columnCount())
+        return;
+    QHeaderView *header = m_table->horizontalHeader();
+    header->setMinimumSectionSize(24);
+    const ColumnPlan plan = planColumns(m_columnSpecs, m_table->viewport()->width());
+    const QScopedValueRollback<bool> fitting(m_fittingColumns, true);
+    for (int section = 0; section < plan.widths.size(); ++section) {
+        const HistoryColumn::Kind kind = m_tableModel->column(section).kind;
+        const bool fixed
+            = kind == HistoryColumn::Kind::Select || kind == HistoryColumn::Kind::Actions;
+        header->setSectionResizeMode(section,
+                                     fixed ? QHeaderView::Fixed : QHeaderView::Interactive);
+        header->setSectionHidden(section, plan.hidden[section]);
+        header->resizeSection(section, plan.widths[section]);
+    }
+}
+
+// A column the user drags keeps its new width; the name gives or takes the difference.
+void HistoryView::columnResizedByUser(int section, int newSize)
+{
+    if (m_fittingColumns || section >= m_columnSpecs.size() || m_columnSpecs[section].fills)
+        return;
+    m_columnSpecs[section].natural = newSize;
+    QTimer::singleShot(0, this, &HistoryView::fitColumns);
+}
+
+// Clicking a title sorts by it, in step with the sort menu; clicking the
+// column already sorted by turns the direction round.
+void HistoryView::sortBySection(int section)
+{
+    const std::optional<HistorySortField> field = m_tableModel->sortFieldOf(section);
+    if (!field)
+        return updateSortIndicator();
+    if (*field == m_model.historySortField())
+        m_model.setHistorySortAscending(!m_model.historySortAscending());
+    else
+        m_model.setHistorySortField(*field);
+}
+
+void HistoryView::updateSortIndicator()
+{
+    QHeaderView *header = m_table->horizontalHeader();
+    for (int section = 0; section < m_tableModel->columnCount(); ++section) {
+        if (m_tableModel->sortFieldOf(section) == m_model.historySortField()) {
+            header->setSortIndicator(
+                section, m_model.historySortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
+            return;
+        }
+    }
+    header->setSortIndicator(-1, Qt::AscendingOrder);
 }
 
 QuickPreviewWindow *HistoryView::quickPreview() const
@@ -373,13 +450,28 @@ bool HistoryView::eventFilter(QObject *watched, QEvent *event)
                 m_table->rowAt(static_cast<QMouseEvent *>(event)->position().toPoint().y()));
         else if (event->type() == QEvent::Leave)
             setHoveredRow(-1);
-        else if (event->type() == QEvent::Resize)
+        else if (event->type() == QEvent::Resize) {
             scheduleVisibleRowsCheck();
+            fitColumns();
+        }
     } else if (watched == m_table && event->type() == QEvent::KeyPress) {
         const auto *key = static_cast<QKeyEvent *>(event);
         const QModelIndex current = m_table->currentIndex();
-        if (key->key() == Qt::Key_Space && current.isValid()) {
-            toggleQuickPreview(m_tableModel->record(current.row()));
+        if (!current.isValid())
+            return QWidget::eventFilter(watched, event);
+        const PhotoRecord &record = m_tableModel->record(current.row());
+        if (key->key() == Qt::Key_Space) {
+            toggleQuickPreview(record);
+            return true;
+        }
+        // Enter does what a double click does; Ctrl+I shows the row's details.
+        if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
+            const bool compare = m_compareOpener && record.status == u"SUCCESS"_s;
+            triggerAction(compare ? RowAction::Compare : RowAction::Inspector, record);
+            return true;
+        }
+        if (key->key() == Qt::Key_I && key->modifiers() == Qt::ControlModifier) {
+            triggerAction(RowAction::Inspector, record);
             return true;
         }
     }

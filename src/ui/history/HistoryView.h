@@ -8,6 +8,7 @@
 #pragma once
 
 #include "history/HistoryTypes.h"
+#include "ui/history/HistoryColumnLayout.h"
 
 #include <QMessageBox>
 #include <QPointer>
@@ -87,6 +88,10 @@ private:
     QWidget *buildEmptyPage();
     QWidget *buildFooter();
     void applyColumnWidths();
+    void fitColumns();
+    void columnResizedByUser(int section, int newSize);
+    void sortBySection(int section);
+    void updateSortIndicator();
     void updateEmptyState();
     void updateFooter();
     void scheduleVisibleRowsCheck();
@@ -115,6 +120,8 @@ private:
     QPointer<QMessageBox> m_dialog;
     DialogKind m_dialogKind = DialogKind::None;
     bool m_visibleCheckQueued = false;
+    QList<ColumnSpec> m_columnSpecs; // per section, in header order
+    bool m_fittingColumns = false;
 };
 
 } // namespace orvanta

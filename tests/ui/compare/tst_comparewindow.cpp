@@ -10,6 +10,7 @@
 #include "core/AppViewModel.h"
 #include "document/CountingReader.h"
 #include "document/PhotoDocumentCache.h"
+#include "ui/Theme.h"
 #include "ui/compare/CompareToolbar.h"
 #include "ui/compare/DisplayHeadroom.h"
 #include "ui/compare/EdrGlSurface.h"
@@ -24,6 +25,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QLabel>
+#include <QLayout>
 #include <QSignalSpy>
 #include <QSlider>
 #include <QtTest>
@@ -98,6 +100,8 @@ private Q_SLOTS:
     void managerOpensAFreshWindowEachTime();
     void viewerSaysSoWithoutOpenGl();
     void languageChangeRetranslates();
+    void toolbarFitsAtTheDefaultWidthInEveryLanguage_data();
+    void toolbarFitsAtTheDefaultWidthInEveryLanguage();
     void thresholdAndHeadroomControlsDriveTheViewer();
     void pixelReadoutShowsTheValueUnderThePointer();
 
@@ -112,6 +116,7 @@ private:
 void TestCompareWindow::init()
 {
     m_model = std::make_unique<AppViewModel>();
+    m_model->setCurrentLanguage(AppLanguage::English);
     displayheadroom::setOverride({});
 }
 
@@ -401,7 +406,12 @@ void TestCompareWindow::managerOpensAFreshWindowEachTime()
     QVERIFY(first);
     QVERIFY(QTest::qWaitForWindowExposed(first));
     QCOMPARE(first->windowTitle(), u"Orvanta • IMG_b (HDR)"_s);
-    QCOMPARE(first->size(), QSize(1100, 750));
+    // Fitted to the screen (the offscreen one is small), whole and centred.
+    const QRect available = first->screen()->availableGeometry();
+    QVERIFY(first->size().width() <= HDRCompareView::kDefaultSize.width());
+    QVERIFY(available.contains(first->frameGeometry()));
+    QVERIFY(first->minimumSize().width() <= available.width()
+            && first->minimumSize().height() <= available.height());
     QCOMPARE(first->currentIndex(), 1);
     CompareState changed;
     changed.isZebraEnabled = true;
@@ -440,6 +450,59 @@ void TestCompareWindow::languageChangeRetranslates()
     QCOMPARE(split->text(), m_model->t("edr_mode_split"));
     QVERIFY(split->text() != u"Split View"_s);
     QCOMPARE(view->findChild<QLabel *>(u"sdrSideLabel"_s)->text(), m_model->t("edr_label_sdr"));
+}
+
+void TestCompareWindow::toolbarFitsAtTheDefaultWidthInEveryLanguage_data()
+{
+    QTest::addColumn<AppLanguage>("language");
+    QTest::addColumn<double>("headroom");
+    for (AppLanguage language : allAppLanguages()) {
+        if (language == AppLanguage::System)
+            continue;
+        QTest::addRow("%s sdr", qPrintable(rawValue(language))) << language << 1.0;
+        QTest::addRow("%s hdr", qPrintable(rawValue(language))) << language << 4.0;
+    }
+}
+
+void TestCompareWindow::toolbarFitsAtTheDefaultWidthInEveryLanguage()
+{
+    QFETCH(AppLanguage, language);
+    QFETCH(double, headroom);
+    m_model->setCurrentLanguage(language);
+    // The application's own look: its paddings and fonts decide the widths.
+    theme::apply(*qApp, rawValue(language));
+    displayheadroom::setOverride([headroom] { return headroom; });
+    LabelPanels panels;
+    auto view = makeView(record(u"a"_s), {}, &panels);
+    view->resize(HDRCompareView::kDefaultSize);
+    view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+    auto *toolbar = view->findChild<CompareToolbar *>();
+    // No control squeezed below what its text (or its icon) needs.
+    const auto checkWidths = [&] {
+        for (QWidget *control : toolbar->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+            if (!control->isVisible())
+                continue;
+            const int needed = qobject_cast<QLabel *>(control) ? control->minimumSizeHint().width()
+                                                               : control->sizeHint().width();
+            QVERIFY2(control->width() >= needed,
+                     qPrintable(u"%1 \"%2\" is %3 px of %4"_s.arg(
+                         control->objectName(), control->property("text").toString(),
+                         QString::number(control->width()), QString::number(needed))));
+        }
+    };
+    checkWidths();
+    QVERIFY(!toolbar->isCompact());
+    // A smaller screen: icons with tooltips take the place of long texts.
+    QVERIFY(toolbar->minimumWidth() < toolbar->sizeHint().width());
+    if (toolbar->minimumWidth() <= view->screen()->availableGeometry().width()) {
+        view->resize(view->minimumWidth(), 700);
+        QTRY_VERIFY(toolbar->isCompact());
+        toolbar->layout()->activate();
+        checkWidths();
+    }
+    m_model->setCurrentLanguage(AppLanguage::English);
+    theme::apply(*qApp, u"en"_s);
 }
 
 void TestCompareWindow::thresholdAndHeadroomControlsDriveTheViewer()

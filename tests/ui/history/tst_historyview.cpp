@@ -7,6 +7,7 @@
 // the row thumbnails that follow the scroll position.
 #include "core/AppViewModel.h"
 #include "core/ConfigStore.h"
+#include "ui/MainWindow.h"
 #include "ui/history/HistoryRowDelegate.h"
 #include "ui/history/HistoryTableModel.h"
 #include "ui/history/HistoryToolbar.h"
@@ -64,6 +65,8 @@ private Q_SLOTS:
     void hidingTheLastVisibleColumnIsRefusedAndStaysChecked();
     void columnChoiceIsSavedAndComesBackInANewSession();
     void headerFollowsTheVisibleColumnsInTheirOrder();
+    void nameStaysReadableAndTitlesSortAtTheWindowsDefaultWidth();
+    void keyboardLeavesTheTableAndActsOnTheCurrentRow();
     void revealPrefersTheDeliveredFile();
     void revealFallsBackToTheJpegWhenTheOutputIsGone();
     void revealWithBothFilesGoneShowsTheMissingDialog();
@@ -256,6 +259,85 @@ void HistoryViewTest::headerFollowsTheVisibleColumnsInTheirOrder()
     model.toggleColumnVisibility(ListColumn::PeakStops);
     QCOMPARE(table->columnCount(), 6);
     QCOMPARE(table->headerData(3, Qt::Horizontal, Qt::DisplayRole).toString(), u"Sensor Clip"_s);
+}
+
+void HistoryViewTest::nameStaysReadableAndTitlesSortAtTheWindowsDefaultWidth()
+{
+    freshDatabase()->insertNumbered(5, u"DSC0"_s);
+    AppViewModel model;
+    model.setCurrentLanguage(AppLanguage::French);
+    model.setVisibleColumns(allListColumns());
+    HistoryView view(model);
+    view.setCompareOpener([](const PhotoRecord &, const QList<PhotoRecord> &) {});
+    // The history's share of the main window at its default width, inspector open.
+    view.resize(MainWindow::kDefaultWidth - 32, 600);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QTRY_COMPARE(view.tableModel()->rowCount(), 5);
+    view.openInspector(view.tableModel()->record(0));
+    QTRY_VERIFY(view.inspector()->isVisible());
+    QTableView *tableView = view.tableView();
+    QHeaderView *header = tableView->horizontalHeader();
+    const HistoryTableModel *table = view.tableModel();
+    QTRY_VERIFY(header->length() <= tableView->viewport()->width());
+    QVERIFY(!tableView->horizontalScrollBar()->isVisible());
+    QFont bold = tableView->font();
+    bold.setWeight(QFont::DemiBold);
+    const int name = table->sectionOf(HistoryColumn::Kind::Name);
+    QVERIFY(header->sectionSize(name) >= 54 + QFontMetrics(bold).horizontalAdvance(u"DSC04223"_s));
+    QVERIFY(!header->isSectionHidden(table->sectionOf(HistoryColumn::Kind::Actions)));
+    // The details stepped aside before the peak gain did.
+    const auto section = [&](ListColumn c) {
+        for (int i = 0; i < table->columnCount(); ++i)
+            if (table->column(i).kind == HistoryColumn::Kind::Optional
+                && table->column(i).optional == c)
+                return i;
+        return -1;
+    };
+    QVERIFY(header->isSectionHidden(section(ListColumn::FileSize)));
+    QVERIFY(!header->isSectionHidden(section(ListColumn::PeakStops)));
+    view.closeInspector();
+    QTRY_VERIFY(!header->isSectionHidden(section(ListColumn::Date)));
+
+    // Titles sort, in step with the sort menu; a second click turns the order round.
+    QVERIFY(header->sectionsClickable());
+    const bool ascending = model.historySortAscending();
+    header->sectionClicked(name);
+    QCOMPARE(model.historySortField(), HistorySortField::Stem);
+    header->sectionClicked(name);
+    QCOMPARE(model.historySortAscending(), !ascending);
+    QCOMPARE(header->sortIndicatorSection(), name);
+    model.setCurrentLanguage(AppLanguage::English);
+}
+
+void HistoryViewTest::keyboardLeavesTheTableAndActsOnTheCurrentRow()
+{
+    freshDatabase()->insertNumbered(5);
+    AppViewModel model;
+    HistoryView view(model);
+    PhotoRecord compared;
+    view.setCompareOpener(
+        [&](const PhotoRecord &record, const QList<PhotoRecord> &) { compared = record; });
+    showAndWait(view, 5);
+    QTableView *tableView = view.tableView();
+    view.setFocus();
+    QTRY_VERIFY(tableView->hasFocus());
+    tableView->setCurrentIndex(view.tableModel()->index(0, 1));
+    QTest::keyClick(tableView, Qt::Key_Down);
+    QCOMPARE(tableView->currentIndex().row(), 1);
+    QTest::keyClick(tableView, Qt::Key_Return);
+    QCOMPARE(compared, view.tableModel()->record(1));
+    QTest::keyClick(tableView, Qt::Key_I, Qt::ControlModifier);
+    QTRY_VERIFY(view.inspector()->isVisible());
+    tableView->setFocus();
+    QTest::keyClick(tableView, Qt::Key_Tab);
+    QTRY_VERIFY(!tableView->hasFocus());
+
+    // The filter button says when a filter hides rows.
+    auto *filter = view.toolbar()->findChild<QToolButton *>(u"historyFilter"_s);
+    QCOMPARE(filter->property("active").toBool(), false);
+    model.setHistoryStatusFilter(HistoryStatusFilter::FailedOnly);
+    QCOMPARE(filter->property("active").toBool(), true);
 }
 
 void HistoryViewTest::revealPrefersTheDeliveredFile()
