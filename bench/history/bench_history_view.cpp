@@ -13,6 +13,8 @@
 //                                  [--scroll-rows N] [--step ROWS,...] [--skip-search]
 #include "BenchDatabase.h"
 #include "core/AppViewModel.h"
+#include "db/ProcessedFiles.h"
+#include "db/Sqlite.h"
 #include "history/HistoryService.h"
 #include "media/ThumbnailManager.h"
 #include "ui/history/HistoryTableModel.h"
@@ -139,20 +141,17 @@ bool writeScrollDatabase(const QString &db, const QString &photoDir, int rows, i
     }
     QFile::remove(db);
     QDir().mkpath(QFileInfo(db).absolutePath());
-    sqlite3 *handle = nullptr;
-    if (sqlite3_open(QFile::encodeName(db).constData(), &handle) != SQLITE_OK)
+    const orvanta::db::Connection connection = orvanta::db::open(
+        QFile::encodeName(db).constData(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    if (!connection || !orvanta::db::exec(connection.get(), orvanta::db::kProcessedFilesTable)
+        || !orvanta::db::exec(connection.get(), "BEGIN"))
         return false;
-    sqlite3_exec(
-        handle,
-        "CREATE TABLE processed_files (fingerprint TEXT PRIMARY KEY NOT NULL, stem TEXT NOT NULL,"
-        " raw_path TEXT, jpg_path TEXT, output_path TEXT, status TEXT NOT NULL, peak_stops REAL,"
-        " num_faces INTEGER, raw_clip_pct REAL, processed_at TEXT NOT NULL, duration_sec REAL,"
-        " error_message TEXT, rating INTEGER); BEGIN;",
-        nullptr, nullptr, nullptr);
-    sqlite3_stmt *insert = nullptr;
-    sqlite3_prepare_v2(
-        handle, "INSERT INTO processed_files VALUES (?,?,NULL,?,?,'SUCCESS',?,?,0.01,?,5.5,NULL,3)",
-        -1, &insert, nullptr);
+    orvanta::db::Statement statement = orvanta::db::prepare(
+        connection.get(),
+        "INSERT INTO processed_files VALUES (?,?,NULL,?,?,'SUCCESS',?,?,0.01,?,5.5,NULL,3)");
+    if (!statement)
+        return false;
+    sqlite3_stmt *const insert = statement.get();
     for (int i = 0; i < rows; ++i) {
         const QByteArray fp = "fp" + QByteArray::number(i);
         const QByteArray stem = "DSC" + QByteArray::number(10000 + i);
@@ -170,10 +169,8 @@ bool writeScrollDatabase(const QString &db, const QString &photoDir, int rows, i
         sqlite3_step(insert);
         sqlite3_reset(insert);
     }
-    sqlite3_finalize(insert);
-    sqlite3_exec(handle, "COMMIT", nullptr, nullptr, nullptr);
-    sqlite3_close(handle);
-    return true;
+    statement.reset();
+    return orvanta::db::exec(connection.get(), "COMMIT");
 }
 
 void benchScroll(const QString &dataHome, int step, bool metadataColumns)

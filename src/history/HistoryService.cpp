@@ -3,6 +3,8 @@
 
 #include "history/HistoryService.h"
 
+#include "db/Sqlite.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -17,34 +19,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The engine writes the database while we read it: wait for its write lock
-// rather than failing.
-constexpr int kBusyTimeoutMs = 5000;
 // The historical (and smallest) limit on bound parameters per statement;
 // longer deletes are split into statements of at most this many fingerprints.
 constexpr qsizetype kMaxDeleteParameters = 999;
 
-struct ConnectionCloser
-{
-    void operator()(sqlite3 *db) const { sqlite3_close_v2(db); }
-};
-struct StatementFinalizer
-{
-    void operator()(sqlite3_stmt *statement) const { sqlite3_finalize(statement); }
-};
-using Connection = std::unique_ptr<sqlite3, ConnectionCloser>;
-using Statement = std::unique_ptr<sqlite3_stmt, StatementFinalizer>;
-
-Connection openWith(const QByteArray &path, int flags)
-{
-    sqlite3 *raw = nullptr;
-    const int rc = sqlite3_open_v2(path.constData(), &raw, flags, nullptr);
-    Connection db(raw); // closes the handle SQLite hands back even on failure
-    if (rc != SQLITE_OK)
-        return nullptr;
-    sqlite3_busy_timeout(db.get(), kBusyTimeoutMs);
-    return db;
-}
+using db::Connection;
+using db::Statement;
 
 // Never creates the file: the engine owns the database and its schema. A
 // file we may not write is still read.
@@ -53,22 +33,18 @@ Connection openDatabase(const QString &dbPath, bool allowReadOnly)
     if (dbPath.isEmpty() || !QFileInfo::exists(dbPath))
         return nullptr;
     const QByteArray path = QFile::encodeName(dbPath);
-    if (Connection db = openWith(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_FULLMUTEX))
-        return db;
+    if (Connection writable
+        = db::open(path.constData(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_FULLMUTEX))
+        return writable;
     if (!allowReadOnly)
         return nullptr;
-    return openWith(path, SQLITE_OPEN_READONLY | SQLITE_OPEN_FULLMUTEX);
+    return db::open(path.constData(), SQLITE_OPEN_READONLY | SQLITE_OPEN_FULLMUTEX);
 }
 
 Statement prepare(sqlite3 *db, const QString &sql)
 {
     const QByteArray utf8 = sql.toUtf8();
-    sqlite3_stmt *raw = nullptr;
-    if (sqlite3_prepare_v2(db, utf8.constData(), int(utf8.size()), &raw, nullptr) != SQLITE_OK) {
-        sqlite3_finalize(raw);
-        return nullptr;
-    }
-    return Statement(raw);
+    return db::prepare(db, std::string_view(utf8.constData(), size_t(utf8.size())));
 }
 
 // Binds without a copy (SQLITE_STATIC): the caller keeps `text` alive until

@@ -20,6 +20,9 @@
 //                     "item_start" and "item_done"
 //   exit CODE         crash SIGNAL (raise it with the default action)
 // TEXT understands \n, \t, \\ and \xHH.
+#include "db/ProcessedFiles.h"
+#include "db/Sqlite.h"
+
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -109,31 +112,23 @@ void insertRow(const std::string &stem, const std::string &status)
     const std::string dir = dataHome() + "/Orvanta";
     ::mkdir(dataHome().c_str(), 0755);
     ::mkdir(dir.c_str(), 0755);
-    sqlite3 *db = nullptr;
-    if (sqlite3_open((dir + "/pipeline_state.db").c_str(), &db) != SQLITE_OK)
+    const orvanta::db::Connection db = orvanta::db::open(
+        (dir + "/pipeline_state.db").c_str(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    if (!db || !orvanta::db::createProcessedFiles(db.get()))
         std::exit(90);
-    sqlite3_busy_timeout(db, 5000);
-    sqlite3_exec(db,
-                 "CREATE TABLE IF NOT EXISTS processed_files (fingerprint TEXT PRIMARY KEY NOT "
-                 "NULL, stem TEXT NOT NULL, raw_path TEXT, jpg_path TEXT, output_path TEXT, "
-                 "status TEXT NOT NULL, peak_stops REAL, num_faces INTEGER, raw_clip_pct REAL, "
-                 "processed_at TEXT NOT NULL, duration_sec REAL, error_message TEXT, rating "
-                 "INTEGER)",
-                 nullptr, nullptr, nullptr);
-    sqlite3_stmt *st = nullptr;
-    sqlite3_prepare_v2(db,
-                       "INSERT OR REPLACE INTO processed_files (fingerprint, stem, status, "
-                       "processed_at, peak_stops, num_faces) VALUES (?, ?, ?, "
-                       "'2026-01-01T00:00:00', 2.5, 1)",
-                       -1, &st, nullptr);
-    const std::string fingerprint = "fp-" + stem;
-    sqlite3_bind_text(st, 1, fingerprint.c_str(), -1, SQLITE_TRANSIENT);
-    sqlite3_bind_text(st, 2, stem.c_str(), -1, SQLITE_TRANSIENT);
-    sqlite3_bind_text(st, 3, status.c_str(), -1, SQLITE_TRANSIENT);
-    if (sqlite3_step(st) != SQLITE_DONE)
+    const orvanta::db::Statement st
+        = orvanta::db::prepare(db.get(),
+                               "INSERT OR REPLACE INTO processed_files (fingerprint, stem, status, "
+                               "processed_at, peak_stops, num_faces) VALUES (?, ?, ?, "
+                               "'2026-01-01T00:00:00', 2.5, 1)");
+    if (!st)
         std::exit(91);
-    sqlite3_finalize(st);
-    sqlite3_close(db);
+    const std::string fingerprint = "fp-" + stem;
+    sqlite3_bind_text(st.get(), 1, fingerprint.c_str(), -1, SQLITE_TRANSIENT);
+    sqlite3_bind_text(st.get(), 2, stem.c_str(), -1, SQLITE_TRANSIENT);
+    sqlite3_bind_text(st.get(), 3, status.c_str(), -1, SQLITE_TRANSIENT);
+    if (sqlite3_step(st.get()) != SQLITE_DONE)
+        std::exit(91);
 }
 
 void flood(long count, long every)

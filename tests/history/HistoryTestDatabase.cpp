@@ -3,6 +3,8 @@
 
 #include "history/HistoryTestDatabase.h"
 
+#include "db/ProcessedFiles.h"
+
 #include <QDateTime>
 #include <QFile>
 #include <QMutex>
@@ -15,23 +17,6 @@ namespace orvanta::test {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const char *const kEngineTable = R"(
-CREATE TABLE processed_files (
-    fingerprint TEXT PRIMARY KEY NOT NULL,
-    stem TEXT NOT NULL,
-    raw_path TEXT,
-    jpg_path TEXT,
-    output_path TEXT,
-    status TEXT NOT NULL,
-    peak_stops REAL,
-    num_faces INTEGER,
-    raw_clip_pct REAL,
-    processed_at TEXT NOT NULL,
-    duration_sec REAL,
-    error_message TEXT,
-    rating INTEGER
-))";
 
 const char *const kUnconstrainedTable = R"(
 CREATE TABLE processed_files (
@@ -79,42 +64,40 @@ int traceNewConnection(sqlite3 *db, const char **, const void *)
 } // namespace
 
 TestDatabase::TestDatabase(const QString &path, Schema schema)
+    : m_db(
+        db::open(QFile::encodeName(path).constData(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE))
 {
-    const int rc = sqlite3_open_v2(QFile::encodeName(path).constData(), &m_db,
-                                   SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
-    if (rc != SQLITE_OK)
+    if (!m_db)
         qFatal("cannot create the test database %s", qPrintable(path));
-    sqlite3_busy_timeout(m_db, 5000);
-    if (schema != Schema::NoTable)
-        exec(QString::fromLatin1(schema == Schema::Engine ? kEngineTable : kUnconstrainedTable));
+    std::string error;
+    const bool made = schema == Schema::NoTable
+        || (schema == Schema::Engine ? db::createProcessedFiles(m_db.get(), &error)
+                                     : db::exec(m_db.get(), kUnconstrainedTable, &error));
+    if (!made)
+        qFatal("cannot make the table in %s: %s", qPrintable(path), error.c_str());
 }
 
-TestDatabase::~TestDatabase()
-{
-    close();
-}
+TestDatabase::~TestDatabase() = default;
 
 void TestDatabase::close()
 {
-    sqlite3_close_v2(m_db);
-    m_db = nullptr;
+    m_db.reset();
 }
 
 bool TestDatabase::exec(const QString &sql)
 {
-    char *error = nullptr;
-    const int rc = sqlite3_exec(m_db, sql.toUtf8().constData(), nullptr, nullptr, &error);
-    if (rc != SQLITE_OK)
-        qWarning("test database: %s", error);
-    sqlite3_free(error);
-    return rc == SQLITE_OK;
+    std::string error;
+    if (db::exec(m_db.get(), sql.toUtf8().constData(), &error))
+        return true;
+    qWarning("test database: %s", error.c_str());
+    return false;
 }
 
 void TestDatabase::insert(const Row &row)
 {
-    sqlite3_stmt *statement = nullptr;
-    sqlite3_prepare_v2(m_db, "INSERT INTO processed_files VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?)", -1,
-                       &statement, nullptr);
+    const db::Statement prepared
+        = db::prepare(m_db.get(), "INSERT INTO processed_files VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?)");
+    sqlite3_stmt *const statement = prepared.get();
     bindText(statement, 1, row.fingerprint);
     bindText(statement, 2, row.stem ? row.stem : row.fingerprint);
     bindText(statement, 3, row.rawPath);
@@ -129,8 +112,7 @@ void TestDatabase::insert(const Row &row)
     bindText(statement, 12, row.errorMessage);
     bindInt(statement, 13, row.rating);
     if (sqlite3_step(statement) != SQLITE_DONE)
-        qWarning("test database: insert failed: %s", sqlite3_errmsg(m_db));
-    sqlite3_finalize(statement);
+        qWarning("test database: insert failed: %s", sqlite3_errmsg(m_db.get()));
 }
 
 void TestDatabase::insertNumbered(int count, const QString &stemPrefix)
@@ -150,13 +132,11 @@ void TestDatabase::insertNumbered(int count, const QString &stemPrefix)
 
 qint64 TestDatabase::count(const QString &where)
 {
-    sqlite3_stmt *statement = nullptr;
     const QByteArray sql = (u"SELECT COUNT(*) FROM processed_files "_s + where).toUtf8();
-    sqlite3_prepare_v2(m_db, sql.constData(), -1, &statement, nullptr);
-    const qint64 result
-        = sqlite3_step(statement) == SQLITE_ROW ? sqlite3_column_int64(statement, 0) : -1;
-    sqlite3_finalize(statement);
-    return result;
+    const db::Statement statement = db::prepare(m_db.get(), sql.constData());
+    return statement && sqlite3_step(statement.get()) == SQLITE_ROW
+        ? sqlite3_column_int64(statement.get(), 0)
+        : -1;
 }
 
 void StatementLog::install()

@@ -6,13 +6,13 @@
 // of every statement any connection in the process runs.
 #pragma once
 
+#include "db/Sqlite.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
 
 #include <optional>
-
-struct sqlite3;
 
 namespace orvanta::test {
 
@@ -58,7 +58,7 @@ public:
     void close();
 
 private:
-    sqlite3 *m_db = nullptr;
+    db::Connection m_db;
 };
 
 // Records the text of every statement run by any connection opened after

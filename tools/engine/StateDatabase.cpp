@@ -3,8 +3,11 @@
 
 #include "StateDatabase.h"
 
+#include "db/ProcessedFiles.h"
+
 #include <QDateTime>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -15,32 +18,6 @@ using namespace Qt::StringLiterals;
 namespace orvanta::engine {
 
 namespace {
-
-const char *const kSchema = R"(
-CREATE TABLE IF NOT EXISTS processed_files (
-    fingerprint TEXT PRIMARY KEY NOT NULL,
-    stem TEXT NOT NULL,
-    raw_path TEXT,
-    jpg_path TEXT,
-    output_path TEXT,
-    status TEXT NOT NULL,
-    peak_stops REAL,
-    num_faces INTEGER,
-    raw_clip_pct REAL,
-    processed_at TEXT NOT NULL,
-    duration_sec REAL,
-    error_message TEXT,
-    rating INTEGER
-);
-CREATE INDEX IF NOT EXISTS idx_processed_files_status ON processed_files(status);
-CREATE INDEX IF NOT EXISTS idx_processed_files_processed_at ON processed_files(processed_at);
-CREATE INDEX IF NOT EXISTS idx_processed_files_stem ON processed_files(stem);
-CREATE INDEX IF NOT EXISTS idx_processed_files_peak_stops ON processed_files(peak_stops);
-CREATE INDEX IF NOT EXISTS idx_processed_files_num_faces ON processed_files(num_faces);
-CREATE INDEX IF NOT EXISTS idx_processed_files_duration ON processed_files(duration_sec);
-CREATE INDEX IF NOT EXISTS idx_processed_files_rating ON processed_files(rating);
-CREATE INDEX IF NOT EXISTS idx_processed_files_output ON processed_files(output_path);
-)";
 
 void bindText(sqlite3_stmt *st, int index, const std::optional<QString> &value)
 {
@@ -64,12 +41,6 @@ void bindInt(sqlite3_stmt *st, int index, std::optional<int> value)
 
 } // namespace
 
-StateDatabase::~StateDatabase()
-{
-    if (m_db)
-        sqlite3_close(m_db);
-}
-
 QString StateDatabase::defaultPath()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
@@ -78,82 +49,76 @@ QString StateDatabase::defaultPath()
 
 bool StateDatabase::exec(const char *sql)
 {
-    char *message = nullptr;
-    if (sqlite3_exec(m_db, sql, nullptr, nullptr, &message) == SQLITE_OK)
+    std::string message;
+    if (db::exec(m_db.get(), sql, &message))
         return true;
-    m_error = QString::fromUtf8(message ? message : "unknown SQLite error");
-    sqlite3_free(message);
+    m_error = QString::fromStdString(message);
     return false;
 }
 
 bool StateDatabase::open(const QString &path)
 {
     QDir().mkpath(QFileInfo(path).absolutePath());
-    const QByteArray file = path.toUtf8();
-    if (sqlite3_open_v2(file.constData(), &m_db,
-                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX, nullptr)
-        != SQLITE_OK) {
-        m_error = QString::fromUtf8(sqlite3_errmsg(m_db));
-        sqlite3_close(m_db);
-        m_db = nullptr;
+    std::string message;
+    m_db = db::open(QFile::encodeName(path).constData(),
+                    SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX, &message);
+    if (!m_db) {
+        m_error = QString::fromStdString(message);
         return false;
     }
-    sqlite3_busy_timeout(m_db, 5000);
-    return exec("PRAGMA journal_mode=WAL;") && exec("PRAGMA synchronous=NORMAL;") && exec(kSchema);
+    if (!exec("PRAGMA journal_mode=WAL;") || !exec("PRAGMA synchronous=NORMAL;"))
+        return false;
+    if (db::createProcessedFiles(m_db.get(), &message))
+        return true;
+    m_error = QString::fromStdString(message);
+    return false;
 }
 
 bool StateDatabase::isDelivered(const QString &fingerprint)
 {
     std::lock_guard lock(m_mutex);
-    sqlite3_stmt *st = nullptr;
-    if (sqlite3_prepare_v2(m_db,
-                           "SELECT output_path FROM processed_files WHERE fingerprint = ? "
-                           "AND status = 'SUCCESS'",
-                           -1, &st, nullptr)
-        != SQLITE_OK)
+    const db::Statement st = db::prepare(
+        m_db.get(),
+        "SELECT output_path FROM processed_files WHERE fingerprint = ? AND status = 'SUCCESS'");
+    if (!st)
         return false;
-    bindText(st, 1, fingerprint);
-    bool delivered = false;
-    if (sqlite3_step(st) == SQLITE_ROW) {
-        const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(st, 0));
-        delivered = text && QFileInfo::exists(QString::fromUtf8(text));
-    }
-    sqlite3_finalize(st);
-    return delivered;
+    bindText(st.get(), 1, fingerprint);
+    if (sqlite3_step(st.get()) != SQLITE_ROW)
+        return false;
+    const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(st.get(), 0));
+    return text && QFileInfo::exists(QString::fromUtf8(text));
 }
 
 std::optional<QString> StateDatabase::stemForOutput(const QString &outputPath)
 {
     std::lock_guard lock(m_mutex);
-    sqlite3_stmt *st = nullptr;
-    if (sqlite3_prepare_v2(m_db,
-                           "SELECT stem FROM processed_files WHERE output_path = ? "
-                           "ORDER BY processed_at DESC LIMIT 1",
-                           -1, &st, nullptr)
-        != SQLITE_OK)
+    const db::Statement st = db::prepare(m_db.get(),
+                                         "SELECT stem FROM processed_files WHERE output_path = ? "
+                                         "ORDER BY processed_at DESC LIMIT 1");
+    if (!st)
         return std::nullopt;
-    bindText(st, 1, outputPath);
-    std::optional<QString> stem;
-    if (sqlite3_step(st) == SQLITE_ROW)
-        stem = QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(st, 0)));
-    sqlite3_finalize(st);
-    return stem;
+    bindText(st.get(), 1, outputPath);
+    if (sqlite3_step(st.get()) != SQLITE_ROW)
+        return std::nullopt;
+    return QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(st.get(), 0)));
 }
 
 bool StateDatabase::write(const ProcessedRow &row)
 {
     std::lock_guard lock(m_mutex);
-    sqlite3_stmt *st = nullptr;
-    if (sqlite3_prepare_v2(m_db,
-                           "INSERT OR REPLACE INTO processed_files (fingerprint, stem, raw_path, "
-                           "jpg_path, output_path, status, peak_stops, num_faces, raw_clip_pct, "
-                           "processed_at, duration_sec, error_message, rating) VALUES "
-                           "(?,?,?,?,?,?,?,?,?,?,?,?,?)",
-                           -1, &st, nullptr)
-        != SQLITE_OK) {
-        m_error = QString::fromUtf8(sqlite3_errmsg(m_db));
+    std::string message;
+    const db::Statement statement
+        = db::prepare(m_db.get(),
+                      "INSERT OR REPLACE INTO processed_files (fingerprint, stem, raw_path, "
+                      "jpg_path, output_path, status, peak_stops, num_faces, raw_clip_pct, "
+                      "processed_at, duration_sec, error_message, rating) VALUES "
+                      "(?,?,?,?,?,?,?,?,?,?,?,?,?)",
+                      &message);
+    if (!statement) {
+        m_error = QString::fromStdString(message);
         return false;
     }
+    sqlite3_stmt *st = statement.get();
     bindText(st, 1, row.fingerprint);
     bindText(st, 2, row.stem);
     bindText(st, 3, row.rawPath);
@@ -169,8 +134,7 @@ bool StateDatabase::write(const ProcessedRow &row)
     bindInt(st, 13, row.rating);
     const bool ok = sqlite3_step(st) == SQLITE_DONE;
     if (!ok)
-        m_error = QString::fromUtf8(sqlite3_errmsg(m_db));
-    sqlite3_finalize(st);
+        m_error = QString::fromUtf8(sqlite3_errmsg(m_db.get()));
     return ok;
 }
 

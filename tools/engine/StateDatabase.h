@@ -6,12 +6,12 @@
 // run, shared by the workers; every call is serialised by a mutex.
 #pragma once
 
+#include "db/Sqlite.h"
+
 #include <QString>
 
 #include <mutex>
 #include <optional>
-
-struct sqlite3;
 
 namespace orvanta::engine {
 
@@ -36,7 +36,6 @@ class StateDatabase
 {
 public:
     StateDatabase() = default;
-    ~StateDatabase();
     StateDatabase(const StateDatabase &) = delete;
     StateDatabase &operator=(const StateDatabase &) = delete;
 
@@ -57,7 +56,7 @@ public:
 private:
     bool exec(const char *sql);
 
-    sqlite3 *m_db = nullptr;
+    db::Connection m_db;
     std::mutex m_mutex;
     QString m_error;
 };
