@@ -12,7 +12,7 @@ LAYERS=(
   "i18n platform base update db"
   "hdr"
   "media"
-  "styles history"
+  "styles history document"
   "engine"
   "core"
   "ui"

@@ -6,12 +6,8 @@
 #include "hdr/codec/JpegCodec.h"
 #include "hdr/codec/JpegSegments.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QImageReader>
-#include <QObject>
-#include <QPointer>
-#include <QThreadPool>
 #include <QTransform>
 
 #include <algorithm>
@@ -189,39 +185,6 @@ std::optional<HDRHistogramData> computeHistogram(const QString &path,
     data.greenBins = postProcess(counts.green);
     data.blueBins = postProcess(counts.blue);
     return data;
-}
-
-QThreadPool &histogramPool()
-{
-    // Never destroyed: a worker may still wait on a file or a lock when the
-    // application exits, and nothing should wait for it then.
-    static QThreadPool *const pool = [] {
-        auto *p = new QThreadPool;
-        p->setObjectName(QStringLiteral("orvanta.histogram"));
-        p->setMaxThreadCount(1);
-        return p;
-    }();
-    return *pool;
-}
-
-void computeHistogramAsync(QObject *receiver, const QString &path, std::optional<double> peakStops,
-                           std::function<void(const HDRHistogramData &)> done)
-{
-    QPointer<QObject> guard(receiver);
-    histogramPool().start([guard, path, peakStops, done = std::move(done)] {
-        const std::optional<HDRHistogramData> data = computeHistogram(path, peakStops);
-        if (!data)
-            return;
-        // Posted to the application object, which outlives every panel; the
-        // guard drops the result when the receiver went away meanwhile.
-        QMetaObject::invokeMethod(
-            QCoreApplication::instance(),
-            [guard, done, result = *data] {
-                if (guard)
-                    done(result);
-            },
-            Qt::QueuedConnection);
-    });
 }
 
 HistogramCurve histogramCurve(const QList<float> &bins, QSizeF size)

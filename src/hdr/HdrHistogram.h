@@ -4,8 +4,8 @@
 // The HDR histogram's numbers: an 8-bit rendition of the photo (long side at
 // most 512, oriented) counted into a standard zone (bins 0-159) and a bright
 // zone (160-255) stretched by the photo's recorded peak gain, smoothed and
-// normalised for drawing; plus the curve's geometry. Pure functions (any
-// thread) and one asynchronous helper that delivers on the main thread.
+// normalised for drawing; plus the curve's geometry. Pure functions, any
+// thread (the photo's document runs them on its pool).
 #pragma once
 
 #include <QImage>
@@ -15,12 +15,7 @@
 #include <QString>
 
 #include <array>
-#include <functional>
 #include <optional>
-
-class QObject;
-
-class QThreadPool;
 
 namespace orvanta {
 
@@ -65,15 +60,6 @@ QList<float> postProcess(const std::array<qint64, 256> &counts);
 QImage histogramRendition(const QString &path);
 std::optional<HDRHistogramData> computeHistogram(const QString &path,
                                                  std::optional<double> peakStops);
-
-// Runs computeHistogram on a thread pool of its own and calls `done` on the
-// main thread, unless `receiver` is gone by then. A file that cannot be read
-// never calls `done`.
-// The threads histograms are counted on (never Qt's global pool, which the
-// raster painter needs).
-QThreadPool &histogramPool();
-void computeHistogramAsync(QObject *receiver, const QString &path, std::optional<double> peakStops,
-                           std::function<void(const HDRHistogramData &)> done);
 
 // The drawn curve for `bins` in a plot of `size`: a Catmull-Rom spline through
 // (i × width / (n − 1), height − min(bin, 1) × height), and the same curve

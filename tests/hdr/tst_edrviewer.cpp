@@ -3,16 +3,11 @@
 
 // The EDR viewer's rules without a widget: placement, pan limits, the input
 // rules for divider, pan, pinch, scroll and double click, and the two kernels.
-#include "UltraHdrFixtures.h"
 #include "common/TestEnvironment.h"
 #include "hdr/EdrKernels.h"
-#include "hdr/EdrPictureLoader.h"
 #include "hdr/EdrViewerModel.h"
 #include "hdr/EdrViewerTypes.h"
-#include "hdr/codec/UltraHdrWriter.h"
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <QtTest>
 
 using namespace orvanta;
@@ -46,7 +41,6 @@ private slots:
     void filmicRollOffValues_data();
     void filmicRollOffValues();
     void zebraStripesFollowTheDiagonalPhase();
-    void pairLoadsHdrExpandedAndFallsBackToTheFilesOwnSdr();
 };
 
 void TestEdrViewer::pictureIsFittedAndCentred()
@@ -224,34 +218,6 @@ void TestEdrViewer::zebraStripesFollowTheDiagonalPhase()
     QVERIFY(edr::filmicRollOffGlsl().contains(u"0.35"_s));
 }
 
-void TestEdrViewer::pairLoadsHdrExpandedAndFallsBackToTheFilesOwnSdr()
-{
-    QTemporaryDir dir;
-    const QByteArray camera = test::encodeSdr(test::makeSdr(32, 16));
-    const UltraHdrEncodeResult encoded
-        = encodeUltraHdr(QByteArrayView(camera), test::makeHdr(camera, false));
-    const QString sdrPath = dir.filePath(u"camera.jpg"_s), hdrPath = dir.filePath(u"photo.jpg"_s);
-    for (const auto &[path, bytes] :
-         { std::pair { sdrPath, camera }, std::pair { hdrPath, encoded.bytes } }) {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-    const EdrPicturePair pair = loadEdrPictures(sdrPath, hdrPath);
-    QCOMPARE(pair.imageSize, QSizeF(32, 16));
-    QVERIFY(pair.hdrIssue.isEmpty());
-    QVERIFY(!pair.sdrFromHdrFile);
-    // The boosted right edge is brighter in the HDR picture than in the SDR one.
-    QVERIFY(test::pixel(pair.hdr, 31, 8, 1) > 2.0f * test::pixel(pair.sdr, 31, 8, 1));
-
-    const EdrPicturePair fallback = loadEdrPictures(dir.filePath(u"missing.jpg"_s), hdrPath);
-    QVERIFY(fallback.sdrFromHdrFile);
-    QCOMPARE(fallback.sdr.size(), QSize(32, 16));
-
-    const EdrPicturePair nothing = loadEdrPictures(sdrPath, dir.filePath(u"missing.jpg"_s));
-    QVERIFY(nothing.hdr.isNull());
-    QCOMPARE(nothing.imageSize, QSizeF(0, 0));
-    QVERIFY(!nothing.hdrIssue.isEmpty());
 }
 
 ORVANTA_TEST_GUILESS_MAIN(TestEdrViewer)

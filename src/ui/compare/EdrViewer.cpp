@@ -3,7 +3,8 @@
 
 #include "ui/compare/EdrViewer.h"
 
-#include "hdr/EdrPictureLoader.h"
+#include "document/PhotoDocumentCache.h"
+#include "document/PicturePairLoader.h"
 #include "ui/compare/DisplayHeadroom.h"
 #include "ui/compare/EdrGlSurface.h"
 
@@ -13,8 +14,6 @@
 #include <QNativeGestureEvent>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
-#include <QPointer>
-#include <QThreadPool>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <QtCore/qfloat16.h>
@@ -94,22 +93,17 @@ void EdrViewer::loadImages(const QString &sdrPath, const QString &hdrPath)
     m_sdrPath = sdrPath;
     m_hdrPath = hdrPath;
     const int generation = ++m_loadGeneration;
-    QPointer<EdrViewer> guard(this);
-    edrDecodePool().start([guard, generation, sdrPath, hdrPath] {
-        EdrPicturePair pair = loadEdrPictures(sdrPath, hdrPath);
-        pair.sdr = textureReady(pair.sdr);
-        pair.hdr = textureReady(pair.hdr);
-        QMetaObject::invokeMethod(
-            qApp,
-            [guard, generation, pair = std::move(pair)] {
-                // A newer request or a closed window makes this result stale.
-                if (!guard || guard->m_loadGeneration != generation)
-                    return;
-                guard->m_shownGeneration = generation;
-                guard->showPair(pair);
-            },
-            Qt::QueuedConnection);
-    });
+    // The files' shared documents decode them (once, on their own pool), so
+    // stepping back to a photo, or its histogram and inspector, reads nothing again.
+    loadPicturePair(PhotoDocumentCache::shared(), sdrPath, hdrPath, this,
+                    [this, generation](const EdrPicturePair &pair) {
+                        // A newer request makes this result stale.
+                        if (m_loadGeneration != generation)
+                            return;
+                        m_shownGeneration = generation;
+                        showPair({ textureReady(pair.sdr), textureReady(pair.hdr), pair.imageSize,
+                                   pair.sdrFromHdrFile, pair.hdrIssue });
+                    });
 }
 
 void EdrViewer::setPictures(const EdrPicturePair &pair)

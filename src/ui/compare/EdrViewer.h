@@ -8,8 +8,8 @@
 // in its area instead. Main thread; pictures are decoded on the thread pool.
 #pragma once
 
+#include "document/PicturePairLoader.h"
 #include "hdr/EdrKernels.h"
-#include "hdr/EdrPictureLoader.h"
 #include "hdr/EdrViewerModel.h"
 #include "hdr/EdrViewerTypes.h"
 

@@ -4,6 +4,7 @@
 #include "ui/history/HdrHistogramView.h"
 
 #include "core/AppViewModel.h"
+#include "document/PhotoDocumentCache.h"
 #include "i18n/FormatArgs.h"
 #include "media/ProPhotoMetadata.h"
 #include "ui/Icons.h"
@@ -129,11 +130,13 @@ void HdrHistogramView::setFile(const QString &path, std::optional<double> peakSt
     m_calculating = true;
     updateTexts();
     m_plot->update();
-    const quint64 request = ++m_request;
-    computeHistogramAsync(this, path, peakStops, [this, request](const HDRHistogramData &result) {
-        if (request != m_request)
+    // The document is shared with the inspector and the compare window, so a
+    // histogram already counted for this photo shows at once.
+    m_document = PhotoDocumentCache::shared().document(path);
+    m_document->load(StageKey::histogram(peakStops), this, [this, document = m_document.get()] {
+        if (document != m_document.get())
             return; // a newer file was chosen meanwhile
-        m_data = result;
+        m_data = document->histogram(m_peakStops); // empty when the file cannot be read
         m_calculating = false;
         m_plot->update();
         Q_EMIT histogramReady();

@@ -11,6 +11,7 @@
 
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 
 class QLabel;
@@ -19,6 +20,7 @@ class QToolButton;
 namespace orvanta {
 
 class AppViewModel;
+class PhotoDocument;
 
 class HdrHistogramView : public QWidget
 {
@@ -52,7 +54,7 @@ private:
     HDRHistogramData m_data;
     HistogramChannelMode m_mode = HistogramChannelMode::Luma;
     bool m_calculating = false;
-    quint64 m_request = 0;
+    std::shared_ptr<PhotoDocument> m_document;
     QWidget *m_plot = nullptr;
     QLabel *m_title = nullptr;
     QLabel *m_sdr = nullptr;

@@ -4,22 +4,17 @@
 #include "ui/history/InspectorView.h"
 
 #include "core/AppViewModel.h"
-#include "hdr/codec/UltraHdrLayout.h"
+#include "document/PhotoDocumentCache.h"
 #include "i18n/FormatArgs.h"
-#include "media/MetadataService.h"
 #include "ui/Icons.h"
 #include "ui/Theme.h"
 #include "ui/history/AsyncThumbnailView.h"
 #include "ui/history/HdrHistogramView.h"
 #include "ui/history/RowMediaStore.h"
 
-#include <QCoreApplication>
-#include <QFile>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPointer>
-#include <QThreadPool>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -28,32 +23,6 @@
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
-
-GainMapSummary readGainMapSummary(const QString &path)
-{
-    GainMapSummary summary;
-    summary.readDone = true;
-    QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
-        return summary;
-    const QByteArray bytes = file.readAll();
-    const UltraHdrLayout layout = inspectUltraHdr(bytes);
-    if (!layout.isUltraHdr())
-        return summary;
-    const GainMapMetadata &meta = *layout.metadata;
-    summary.present = true;
-    summary.kind
-        = meta.source == GainMapMetadataSource::Iso21496 ? u"ISO 21496-1"_s : u"XMP (hdrgm)"_s;
-    summary.version = meta.version;
-    summary.channels = meta.channelCount;
-    summary.minStops = meta.channel(0).minLog2;
-    summary.maxStops = meta.channel(0).maxLog2;
-    for (int c = 1; c < meta.channelCount; ++c) {
-        summary.minStops = std::min(summary.minStops, meta.channel(c).minLog2);
-        summary.maxStops = std::max(summary.maxStops, meta.channel(c).maxLog2);
-    }
-    return summary;
-}
 
 namespace {
 
@@ -179,32 +148,30 @@ void InspectorView::setRecord(const PhotoRecord &record)
     m_targetPath = metadataPathOf(record);
     m_metadata = ProPhotoMetadata();
     m_gainMap = GainMapSummary();
+    m_fileRead = false;
     m_thumbnail->setPaths(record.outputPath.value_or(QString()),
                           record.jpgPath.value_or(QString()));
     rebuild();
-    if (m_targetPath.isEmpty())
-        m_histogram->setFile(QString(), record.peakStops);
-    else
-        m_histogram->setFile(m_targetPath, record.peakStops);
-    const quint64 request = ++m_request;
-    const QString path = m_targetPath;
-    QPointer<InspectorView> self(this);
-    MetadataService::pool().start([self, request, path] {
-        ProPhotoMetadata metadata
-            = path.isEmpty() ? ProPhotoMetadata() : MetadataService::shared().extractMetadata(path);
-        GainMapSummary gainMap = readGainMapSummary(path);
-        QMetaObject::invokeMethod(
-            qApp,
-            [self, request, metadata = std::move(metadata), gainMap] {
-                if (!self || request != self->m_request)
-                    return;
-                self->m_metadata = metadata;
-                self->m_gainMap = gainMap;
-                self->rebuild();
-                Q_EMIT self->loaded();
-            },
-            Qt::QueuedConnection);
-    });
+    // The metadata, the gain map and the histogram come from the file's one
+    // document, which the compare window and the quick preview share.
+    m_document = PhotoDocumentCache::shared().document(m_targetPath);
+    m_histogram->setFile(m_targetPath, record.peakStops);
+    const auto read = [this, document = m_document.get()] {
+        const auto done = [document](PhotoStage stage) {
+            const StageStatus status = document->status(stage);
+            return status == StageStatus::Loaded || status == StageStatus::Failed;
+        };
+        if (document != m_document.get() || m_fileRead || !done(PhotoStage::Metadata)
+            || !done(PhotoStage::GainMap))
+            return; // another record by now, or the other half still to come
+        m_metadata = document->metadata();
+        m_gainMap = document->gainMap();
+        m_fileRead = true;
+        rebuild();
+        Q_EMIT loaded();
+    };
+    m_document->load(PhotoStage::Metadata, this, read);
+    m_document->load(PhotoStage::GainMap, this, read);
 }
 
 QString InspectorView::valueText(const QString &labelKey) const
@@ -337,15 +304,13 @@ QWidget *InspectorView::buildFileSection()
 
 QString InspectorView::gainMapText() const
 {
-    if (!m_gainMap.readDone)
+    if (!m_fileRead)
         return missingValuePlaceholder();
     if (!m_gainMap.present)
         return m_model.t("inspector_gainmap_none");
-    // A tiny negative minimum would print as "-0.00": what rounds to zero is zero.
-    const auto rounded = [](double stops) { return std::abs(stops) < 0.005 ? 0.0 : stops; };
     return m_model.t("inspector_gainmap_detail",
-                     { m_gainMap.kind, m_gainMap.version, rounded(m_gainMap.minStops),
-                       rounded(m_gainMap.maxStops), qint64(m_gainMap.channels) });
+                     { m_gainMap.kind, m_gainMap.version, m_gainMap.minStops, m_gainMap.maxStops,
+                       qint64(m_gainMap.channels) });
 }
 
 QString InspectorView::displayText() const

@@ -7,12 +7,14 @@
 // Read-only. Main thread; files are read in the background.
 #pragma once
 
+#include "document/PhotoReader.h"
 #include "history/HistoryTypes.h"
 #include "media/ProPhotoMetadata.h"
 
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 
 class QLabel;
 class QVBoxLayout;
@@ -22,19 +24,7 @@ namespace orvanta {
 class AppViewModel;
 class AsyncThumbnailView;
 class HdrHistogramView;
-
-// What the inspector shows of a file's gain map, read by our decoder.
-struct GainMapSummary
-{
-    bool readDone = false;
-    bool present = false;
-    QString kind; // "ISO 21496-1" or "XMP (hdrgm)"
-    QString version;
-    double minStops = 0;
-    double maxStops = 0;
-    int channels = 0;
-};
-GainMapSummary readGainMapSummary(const QString &path);
+class PhotoDocument;
 
 class InspectorView : public QWidget
 {
@@ -78,7 +68,8 @@ private:
     ProPhotoMetadata m_metadata;
     GainMapSummary m_gainMap;
     HeadroomProvider m_headroom;
-    quint64 m_request = 0;
+    std::shared_ptr<PhotoDocument> m_document;
+    bool m_fileRead = false; // metadata and gain map of the current record are in
     QLabel *m_title = nullptr;
     QLabel *m_stem = nullptr;
     AsyncThumbnailView *m_thumbnail = nullptr;

@@ -4,39 +4,17 @@
 #include "ui/history/QuickPreviewWindow.h"
 
 #include "core/AppViewModel.h"
-#include "media/MetadataService.h"
+#include "document/PhotoDocumentCache.h"
 #include "ui/Theme.h"
 
-#include <QCoreApplication>
 #include <QGuiApplication>
-#include <QImageReader>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPointer>
 #include <QScreen>
-#include <QThreadPool>
 
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
-
-QImage readPreviewImage(const QString &path, QSize bounds)
-{
-    QImageReader reader(path);
-    reader.setAutoTransform(true);
-    QSize size = reader.size();
-    if (size.isValid()) {
-        if (reader.transformation() & QImageIOHandler::TransformationRotate90)
-            size.transpose();
-        if (size.width() > bounds.width() || size.height() > bounds.height())
-            size.scale(bounds, Qt::KeepAspectRatio);
-        QSize stored = size;
-        if (reader.transformation() & QImageIOHandler::TransformationRotate90)
-            stored.transpose();
-        reader.setScaledSize(stored); // the JPEG decoder scales while decoding
-    }
-    return reader.read();
-}
 
 QuickPreviewWindow::QuickPreviewWindow(AppViewModel &model, QWidget *parent)
     : QWidget(parent, Qt::Window)
@@ -62,22 +40,16 @@ void QuickPreviewWindow::showFile(const QString &path, const QString &title)
     show();
     raise();
     activateWindow();
-    const quint64 request = ++m_request;
-    const qreal dpr = devicePixelRatioF();
-    QPointer<QuickPreviewWindow> self(this);
-    MetadataService::pool().start([self, path, request, bounds, dpr] {
-        QImage image = readPreviewImage(path, bounds * dpr);
-        QMetaObject::invokeMethod(
-            qApp,
-            [self, request, image = std::move(image)] {
-                // Only the newest request counts: an older one may finish later.
-                if (!self || request != self->m_request)
-                    return;
-                self->m_image = image;
-                self->update();
-                Q_EMIT self->imageReady();
-            },
-            Qt::QueuedConnection);
+    // Through the photo's shared document: a second look at the same photo
+    // on the same screen decodes nothing.
+    m_document = PhotoDocumentCache::shared().document(path);
+    const QSize pixels = bounds * devicePixelRatioF();
+    m_document->load(StageKey::preview(pixels), this, [this, document = m_document.get(), pixels] {
+        if (document != m_document.get())
+            return; // another photo was asked for meanwhile
+        m_image = document->preview(pixels); // null when the file cannot be read
+        update();
+        Q_EMIT imageReady();
     });
 }
 

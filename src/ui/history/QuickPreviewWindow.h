@@ -9,9 +9,12 @@
 #include <QImage>
 #include <QWidget>
 
+#include <memory>
+
 namespace orvanta {
 
 class AppViewModel;
+class PhotoDocument;
 
 class QuickPreviewWindow : public QWidget
 {
@@ -37,10 +40,7 @@ private:
     AppViewModel &m_model;
     QString m_path;
     QImage m_image;
-    quint64 m_request = 0;
+    std::shared_ptr<PhotoDocument> m_document;
 };
-
-// Reads `path` oriented as displayed, scaled by the decoder to fit `bounds`.
-QImage readPreviewImage(const QString &path, QSize bounds);
 
 } // namespace orvanta

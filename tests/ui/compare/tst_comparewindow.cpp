@@ -5,14 +5,20 @@
 // navigation, keyboard shortcuts, clean mode, the display badge and banner
 // against the screen's headroom, the panel provider, and the window manager.
 #include "CompareScene.h"
+#include "app/ComparePanels.h"
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
+#include "document/CountingReader.h"
+#include "document/PhotoDocumentCache.h"
 #include "ui/Theme.h"
 #include "ui/compare/CompareToolbar.h"
 #include "ui/compare/DisplayHeadroom.h"
 #include "ui/compare/EdrGlSurface.h"
 #include "ui/compare/HDRCompareView.h"
 #include "ui/compare/HDRCompareWindowManager.h"
+#include "ui/history/HdrHistogramView.h"
+#include "ui/history/InspectorView.h"
+#include "ui/history/QuickPreviewWindow.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -90,6 +96,7 @@ private Q_SLOTS:
     void badgeAndBannerFollowTheHeadroom();
     void withoutProviderPanelTogglesAreHidden();
     void providerPanelsFollowTheCurrentRecord();
+    void aPhotoIsReadOnceByEveryView();
     void managerOpensAFreshWindowEachTime();
     void viewerSaysSoWithoutOpenGl();
     void languageChangeRetranslates();
@@ -355,6 +362,39 @@ void TestCompareWindow::providerPanelsFollowTheCurrentRecord()
     view->showNextPhoto();
     QCOMPARE(inspector->text(), u"IMG_b"_s);
     QCOMPARE(histogram->text(), folder + u"/b_uhdr.jpg 2.5"_s);
+}
+
+void TestCompareWindow::aPhotoIsReadOnceByEveryView()
+{
+    const QString folder = m_dir.path();
+    QVERIFY(test::writeScene(48, 32, folder + u"/r.JPG"_s, folder + u"/r_uhdr.jpg"_s));
+    PhotoRecord r = record(u"r"_s, folder);
+    r.peakStops = 2.0;
+    auto reader = std::make_shared<test::CountingReader>();
+    PhotoDocumentCache::shared().setReader(reader);
+    // The compare window with the history's panels, the history tab's own
+    // inspector and the quick preview (asked twice), all on one record.
+    HistoryComparePanels panels;
+    auto view = makeView(r, { r, record(u"x"_s) }, &panels);
+    InspectorView sidePanel(*m_model);
+    QSignalSpy sideLoaded(&sidePanel, &InspectorView::loaded);
+    QSignalSpy compareLoaded(view->inspector(), SIGNAL(loaded()));
+    sidePanel.setRecord(r);
+    QuickPreviewWindow preview(*m_model);
+    preview.showFile(*r.outputPath, r.stem);
+    preview.showFile(*r.outputPath, r.stem);
+    const auto *histogram = qobject_cast<HdrHistogramView *>(view->histogram());
+    QTRY_VERIFY(sideLoaded.size() == 1 && compareLoaded.size() == 1 && preview.hasImage());
+    QTRY_VERIFY(!view->viewer()->isLoading() && !histogram->isCalculating()
+                && !sidePanel.histogram()->isCalculating());
+    view->showNextPhoto();
+    view->showPreviousPhoto(); // back to a photo already decoded
+    QTRY_VERIFY(!view->viewer()->isLoading());
+    QCOMPARE(view->viewer()->imageSize(), QSizeF(48, 32));
+    QCOMPARE(histogram->histogramData().lumaBins, computeHistogram(*r.outputPath, 2.0)->lumaBins);
+    for (int stage = 0; stage < 6; ++stage)
+        QVERIFY2(reader->reads[stage] == 1, qPrintable(QString::number(stage)));
+    PhotoDocumentCache::shared().setReader({});
 }
 
 void TestCompareWindow::managerOpensAFreshWindowEachTime()
