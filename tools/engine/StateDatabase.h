@@ -56,6 +56,8 @@ public:
     std::optional<QString> stemForOutput(const QString &outputPath);
 
 private:
+    bool exec(const char *sql);
+
     db::Connection m_db;
     std::mutex m_mutex;
     QString m_error;
