@@ -57,6 +57,12 @@ QString stemPattern(const QString &stem)
     return escaped + u".*"_s;
 }
 
+QString snapshotLine(const QFileInfo &f)
+{
+    return f.fileName() + u'/' + QString::number(f.size()) + u'/'
+        + QString::number(f.lastModified().toMSecsSinceEpoch()) + u'\n';
+}
+
 } // namespace
 
 void FolderWatcher::signalArrived(int signal)
@@ -264,12 +270,10 @@ void FolderWatcher::noteFileEvent(quint32 mask, const QString &name)
     }
     // Growing files send a stream of modifications; the folder is looked at
     // again only when a file appears, goes or is closed.
-    if (c.changed && !(mask & IN_MODIFY)) {
-        c.snapshot = snapshotOf(stem);
-        announceWaiting(stem, c);
-    } else if (mask & IN_MODIFY) {
+    if (mask & IN_MODIFY)
         c.snapshot.clear();
-    }
+    else if (c.changed)
+        c.snapshot = snapshotOf(stem);
 }
 
 QFileInfoList FolderWatcher::stemFiles(const QString &stem) const
@@ -288,24 +292,26 @@ QString FolderWatcher::snapshotOf(const QString &stem) const
 {
     QString text;
     for (const QFileInfo &f : stemFiles(stem))
-        text += f.fileName() + u'/' + QString::number(f.size()) + u'/'
-            + QString::number(f.lastModified().toMSecsSinceEpoch()) + u'\n';
+        text += snapshotLine(f);
     return text;
 }
 
-QString FolderWatcher::waitingReason(const QString &stem) const
+QString FolderWatcher::waitingReason(const QString &stem, const Candidate &c) const
 {
     bool raw = false, jpg = false;
     for (const QFileInfo &f : stemFiles(stem)) {
         raw = raw || isRawExtension(f.suffix());
         jpg = jpg || isJpegExtension(f.suffix());
     }
-    return !raw ? u"raw"_s : !jpg ? u"jpg"_s : u"settle"_s;
+    const bool open
+        = std::any_of(c.openHandles.cbegin(), c.openHandles.cend(), [](int n) { return n > 0; });
+    return !raw ? u"raw"_s : !jpg ? u"jpg"_s : open ? u"write"_s : QString();
 }
 
-void FolderWatcher::announceWaiting(const QString &stem, Candidate &c)
+// Said once per reason, when a check finds the pair not ready: the record is
+// also the handshake a test (or the application) can wait on.
+void FolderWatcher::announceWaiting(const QString &stem, Candidate &c, const QString &reason)
 {
-    const QString reason = waitingReason(stem);
     if (reason == c.waitingFor)
         return;
     c.waitingFor = reason;
@@ -315,7 +321,7 @@ void FolderWatcher::announceWaiting(const QString &stem, Candidate &c)
     else if (reason == u"raw"_s)
         m_log.line(u"⏳ %1: waiting for its RAW"_s.arg(stem));
     else
-        m_log.line(u"⏳ %1: waiting until both files are complete"_s.arg(stem));
+        m_log.line(u"⏳ %1: waiting until its files are fully written"_s.arg(stem));
 }
 
 QStringList FolderWatcher::takeSettled()
@@ -329,11 +335,11 @@ QStringList FolderWatcher::takeSettled()
             continue;
         }
         c.deadline = 0;
-        announceWaiting(it.key(), c);
-        const bool open = std::any_of(c.openHandles.cbegin(), c.openHandles.cend(),
-                                      [](int n) { return n > 0; });
-        if (c.waitingFor != u"settle"_s || open) {
-            ++it; // a lone file, or a writer still at work: its next event decides
+        const QString reason = waitingReason(it.key(), c);
+        if (!reason.isEmpty()) {
+            // A lone file, or a writer still at work: its next event decides.
+            announceWaiting(it.key(), c, reason);
+            ++it;
             continue;
         }
         const QString snapshot = snapshotOf(it.key());
@@ -402,18 +408,25 @@ void FolderWatcher::armTimer()
 
 void FolderWatcher::rescan()
 {
+    // One listing for the whole folder; the snapshots are taken from it, so
+    // pairs already complete are checked once, after one settle interval.
     const qint64 deadline = monotonicMs() + kSettleMs;
-    const QFileInfoList files = QDir(m_options.sourceDir).entryInfoList(QDir::Files);
+    const QFileInfoList files = QDir(m_options.sourceDir).entryInfoList(QDir::Files, QDir::Name);
+    QSet<QString> seen;
     for (const QFileInfo &f : files) {
-        if (!isRawExtension(f.suffix()) && !isJpegExtension(f.suffix()))
+        const QString stem = f.completeBaseName();
+        if ((!isRawExtension(f.suffix()) && !isJpegExtension(f.suffix()))
+            || (!m_options.stems.isEmpty() && !m_options.stems.contains(stem)))
             continue;
-        if (!m_options.stems.isEmpty() && !m_options.stems.contains(f.completeBaseName()))
-            continue;
-        Candidate &c = m_candidates[f.completeBaseName()];
+        Candidate &c = m_candidates[stem];
+        if (!seen.contains(stem)) {
+            seen.insert(stem);
+            c.openHandles.clear(); // lost with the dropped notifications
+            c.snapshot.clear();
+        }
         c.changed = true;
-        c.openHandles.clear(); // lost with the dropped notifications
-        c.snapshot.clear();
         c.deadline = deadline;
+        c.snapshot += snapshotLine(f);
     }
 }
 

@@ -55,8 +55,9 @@ private:
     QStringList takeSettled();
     QFileInfoList stemFiles(const QString &stem) const;
     QString snapshotOf(const QString &stem) const;
-    QString waitingReason(const QString &stem) const;
-    void announceWaiting(const QString &stem, Candidate &c);
+    // "raw", "jpg", "write" (a file still open), or empty when the pair may be taken.
+    QString waitingReason(const QString &stem, const Candidate &c) const;
+    void announceWaiting(const QString &stem, Candidate &c, const QString &reason);
     int convert(const QStringList &stems);
     void armTimer();
     int finish(int status);
