@@ -124,7 +124,7 @@ int FolderWatcher::run()
     if (status == ExitSetup || m_options.dryRun)
         return status;
     if (status != ExitOk || g_signal != 0)
-        return finish(status != ExitOk ? status : ExitOk);
+        return finish(g_signal == SIGTERM ? ExitTerminated : status);
     m_log.line(u"👀 Watching %1 for new pairs (Ctrl+C stops)"_s.arg(m_options.sourceDir));
     m_log.event(u"watch_started"_s,
                 { { u"folder"_s, m_options.sourceDir },
