@@ -218,7 +218,5 @@ void TestEdrViewer::zebraStripesFollowTheDiagonalPhase()
     QVERIFY(edr::filmicRollOffGlsl().contains(u"0.35"_s));
 }
 
-}
-
 ORVANTA_TEST_GUILESS_MAIN(TestEdrViewer)
 #include "tst_edrviewer.moc"

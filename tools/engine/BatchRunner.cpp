@@ -117,7 +117,8 @@ int BatchRunner::run()
         m_log.line(u"❌ Cannot open the state database "_s + dbPath + u": "_s + m_db.error());
         return ExitSetup;
     }
-    m_log.line(u"🔎 Scanning "_s + m_options.sourceDir);
+    if (m_pass != Pass::WatchLater)
+        m_log.line(u"🔎 Scanning "_s + m_options.sourceDir);
     ScanResult scan
         = scanSource(m_options, [this](const QString &fp) { return m_db.isDelivered(fp); });
     if (!scan.error.isEmpty()) {
@@ -125,18 +126,21 @@ int BatchRunner::run()
         return ExitSetup;
     }
     m_pending = scan.pending;
-    m_log.line(
-        u"🔎 Found %1 pairs, %2 orphans; %3 already delivered, %4 below the rating filter, %5 pending"_s
-            .arg(scan.pairs)
-            .arg(scan.orphans)
-            .arg(scan.delivered)
-            .arg(scan.belowRating)
-            .arg(m_pending.size()));
-    m_log.event(u"scan"_s,
-                { { u"pairs"_s, scan.pairs },
-                  { u"orphans"_s, scan.orphans },
-                  { u"skipped"_s, scan.skipped() },
-                  { u"pending"_s, int(m_pending.size()) } });
+    m_skipped = scan.skipped();
+    if (m_pass != Pass::WatchLater) {
+        m_log.line(
+            u"🔎 Found %1 pairs, %2 orphans; %3 already delivered, %4 below the rating filter, %5 pending"_s
+                .arg(scan.pairs)
+                .arg(scan.orphans)
+                .arg(scan.delivered)
+                .arg(scan.belowRating)
+                .arg(m_pending.size()));
+        m_log.event(u"scan"_s,
+                    { { u"pairs"_s, scan.pairs },
+                      { u"orphans"_s, scan.orphans },
+                      { u"skipped"_s, scan.skipped() },
+                      { u"pending"_s, int(m_pending.size()) } });
+    }
     if (m_options.dryRun) {
         for (const PhotoPair &pair : std::as_const(m_pending)) {
             const NamingFacts facts = factsFor(pair, m_options.profileId);
@@ -182,13 +186,15 @@ int BatchRunner::run()
     const bool interrupted = g_interrupt;
     if (interrupted)
         m_log.line(u"⚠️ Interrupted: in-flight items were finished and recorded"_s);
-    m_log.event(u"batch_done"_s,
-                { { u"success"_s, m_success.load() },
-                  { u"failed"_s, m_failed.load() },
-                  { u"skipped"_s, scan.skipped() } });
-    m_log.line(u"✅ Done: %1 delivered, %2 failed, %3 skipped"_s.arg(m_success.load())
-                   .arg(m_failed.load())
-                   .arg(scan.skipped()));
+    if (m_pass == Pass::Batch) {
+        m_log.event(u"batch_done"_s,
+                    { { u"success"_s, m_success.load() },
+                      { u"failed"_s, m_failed.load() },
+                      { u"skipped"_s, scan.skipped() } });
+        m_log.line(u"✅ Done: %1 delivered, %2 failed, %3 skipped"_s.arg(m_success.load())
+                       .arg(m_failed.load())
+                       .arg(scan.skipped()));
+    }
     if (interrupted)
         return ExitInterrupted;
     return m_canaryTripped ? ExitCanary : ExitOk;

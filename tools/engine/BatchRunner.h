@@ -34,6 +34,14 @@ public:
     BatchRunner(const RunOptions &options, EventLog &log);
     int run();
 
+    // A watch runs one pass per group of arrived pairs: the watch announces
+    // its own end, and the passes after the first report no scan.
+    enum class Pass { Batch, WatchFirst, WatchLater };
+    void setPass(Pass pass) { m_pass = pass; }
+    int delivered() const { return m_success; }
+    int failedCount() const { return m_failed; }
+    int skippedCount() const { return m_skipped; }
+
     // Set from the signal handlers.
     static void requestInterrupt();
     static void requestTerminate();
@@ -78,6 +86,8 @@ private:
     std::atomic<int> m_next { 0 };
     std::atomic<int> m_success { 0 };
     std::atomic<int> m_failed { 0 };
+    int m_skipped = 0;
+    Pass m_pass = Pass::Batch;
     std::atomic<bool> m_canaryTripped { false };
     std::atomic<bool> m_throttleLogged { false };
     std::mutex m_outputMutex;

@@ -132,7 +132,8 @@ ParsedCommandLine parseCommandLine(const QStringList &args)
         }
         return parsed;
     }
-    if (first != u"run"_s) {
+    const bool watch = first == u"watch"_s;
+    if (first != u"run"_s && !watch) {
         parsed.error
             = (first.startsWith(u'-') ? u"unknown option "_s : u"unknown command "_s) + first;
         return parsed;
@@ -147,7 +148,7 @@ ParsedCommandLine parseCommandLine(const QStringList &args)
             return parsed;
     }
     if (o.sourceDir.isEmpty() || o.destDir.isEmpty()) {
-        parsed.error = u"run needs both -s SOURCE and -d DEST"_s;
+        parsed.error = first + u" needs both -s SOURCE and -d DEST"_s;
         return parsed;
     }
     if (o.workers < 0)
@@ -155,7 +156,7 @@ ParsedCommandLine parseCommandLine(const QStringList &args)
     o.namingTemplate = o.namingTemplate.trimmed();
     if (o.namingTemplate.isEmpty())
         o.namingTemplate = u"{original}_hdr"_s;
-    parsed.command = Command::Run;
+    parsed.command = watch ? Command::Watch : Command::Run;
     return parsed;
 }
 
@@ -212,6 +213,7 @@ Tuning tuningFor(const RunOptions &options, bool *known)
 QString usageText()
 {
     return uR"(usage: orvanta_engine run -s SOURCE -d DEST [options]
+       orvanta_engine watch -s SOURCE -d DEST [options]
        orvanta_engine doctor [--json]
        orvanta_engine --help | --version
 
@@ -235,6 +237,15 @@ run options:
   --subfolder-rule R     none, date, camera, rating
   -w N                   worker count (default: from cores and available memory)
   --no-throttle          keep all workers busy under memory pressure
+watch converts what SOURCE holds, then keeps watching it and converts each new
+pair once both files exist and have stayed closed and unchanged for a second;
+a lone RAW waits for its JPG. Ctrl+C (SIGINT) ends it: 0 when it was idle,
+130 when photos were being converted (those in flight are finished first).
+If SOURCE disappears (a disk unplugged) it waits for it to come back.
+--json-stream records: run and watch send "scan", "item_start", "item_done",
+"item_failed" and at the end "batch_done"; watch adds "watch_started" {folder},
+"watch_waiting" {stem, waiting_for: raw|jpg|write}, "watch_idle" {success,
+failed}, "watch_lost" {folder, reason} and "watch_back" {folder}.
 Exit status: 0 batch finished (failed items are counted, not fatal), 1 usage or
 set-up error, 2 stopped by the storage canary, 130 interrupted, 143 terminated.
 )"_s;

@@ -46,7 +46,7 @@ struct RunOptions
     bool debugMasks = false;
 };
 
-enum class Command { Run, Doctor, Help, Version, Invalid };
+enum class Command { Run, Watch, Doctor, Help, Version, Invalid };
 
 struct ParsedCommandLine
 {

@@ -7,6 +7,7 @@
 #include "Doctor.h"
 #include "EngineOptions.h"
 #include "EventLog.h"
+#include "FolderWatcher.h"
 #include "media/ExivAdapter.h"
 
 #include <QCoreApplication>
@@ -21,6 +22,7 @@ namespace {
 
 void onSignal(int signal)
 {
+    FolderWatcher::signalArrived(signal);
     if (signal == SIGINT)
         BatchRunner::requestInterrupt();
     else
@@ -41,13 +43,17 @@ void installSignalHandlers()
     std::signal(SIGPIPE, SIG_IGN);
 }
 
-int runBatch(RunOptions options)
+int runBatch(RunOptions options, bool watch)
 {
     applyConfigFile(options, defaultConfigPath());
     EventLog log(options.jsonStream);
     log.openLogFile();
     log.line(u"🚀 orvanta_engine %1: %2 -> %3"_s.arg(QStringLiteral(ORVANTA_VERSION),
                                                     options.sourceDir, options.destDir));
+    if (watch) {
+        FolderWatcher watcher(options, log);
+        return watcher.run();
+    }
     BatchRunner runner(options, log);
     return runner.run();
 }
@@ -74,7 +80,8 @@ int main(int argc, char *argv[])
     case Command::Doctor:
         return runDoctor(parsed.doctorJson);
     case Command::Run:
-        return runBatch(parsed.options);
+    case Command::Watch:
+        return runBatch(parsed.options, parsed.command == Command::Watch);
     case Command::Invalid:
         break;
     }
