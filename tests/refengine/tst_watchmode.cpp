@@ -8,7 +8,7 @@
 #include "EngineProcess.h"
 #include "SamplePairs.h"
 #include "common/TestEnvironment.h"
-#include "hdr/UltraHdrDecoder.h"
+#include "hdr/codec/UltraHdrDecoder.h"
 
 #include <QDir>
 #include <QFile>
