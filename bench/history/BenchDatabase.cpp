@@ -36,8 +36,11 @@ bool generate(const QString &path, int rows, bool indexed)
     if (!db::exec(handle, "PRAGMA journal_mode=WAL; PRAGMA synchronous=OFF;")
         || !db::exec(handle, db::kProcessedFilesTable) || !db::exec(handle, "BEGIN"))
         return false;
-    db::Statement statement
-        = db::prepare(handle, "INSERT INTO processed_files VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?)");
+    db::Statement statement = db::prepare(
+        handle,
+        "INSERT INTO processed_files (fingerprint, stem, raw_path, jpg_path, output_path, status, "
+        "peak_stops, num_faces, raw_clip_pct, processed_at, duration_sec, error_message, rating) "
+        "VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?)");
     if (!statement)
         return false;
     sqlite3_stmt *const insert = statement.get();

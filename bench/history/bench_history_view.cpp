@@ -148,7 +148,9 @@ bool writeScrollDatabase(const QString &db, const QString &photoDir, int rows, i
         return false;
     orvanta::db::Statement statement = orvanta::db::prepare(
         connection.get(),
-        "INSERT INTO processed_files VALUES (?,?,NULL,?,?,'SUCCESS',?,?,0.01,?,5.5,NULL,3)");
+        "INSERT INTO processed_files (fingerprint, stem, raw_path, jpg_path, output_path, status, "
+        "peak_stops, num_faces, raw_clip_pct, processed_at, duration_sec, error_message, rating) "
+        "VALUES (?,?,NULL,?,?,'SUCCESS',?,?,0.01,?,5.5,NULL,3)");
     if (!statement)
         return false;
     sqlite3_stmt *const insert = statement.get();

@@ -60,8 +60,12 @@ HeaderBar::HeaderBar(AppViewModel &model, QWidget *parent)
     m_env = new QWidget(this);
     m_env->setObjectName(u"environmentState"_s);
     m_envIcon = new QLabel(m_env);
-    m_envText = new QLabel(m_env);
+    // A long problem (an engine path) shortens in the middle when the window
+    // is narrow, rather than widening the header past a small screen.
+    m_envText = new ElidedLabel(m_env);
     m_envText->setObjectName(u"environmentText"_s);
+    m_envText->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    m_envText->setMaximumWidth(320);
     auto *envLayout = new QHBoxLayout(m_env);
     envLayout->setContentsMargins(0, 0, 0, 0);
     envLayout->setSpacing(6);
@@ -143,12 +147,11 @@ void HeaderBar::updateEnvironment()
         icons::pixmap(healthy ? u"checkmark.circle.fill"_s : u"exclamationmark.triangle.fill"_s,
                       healthy ? theme::kGreen : theme::kOrange, 15, devicePixelRatioF()));
     // The problem itself (which engine path, which libraries) rather than a
-    // bare "missing": shortened in the middle, where a long path can spare it.
+    // bare "missing"; the label shortens it in the middle where it must.
     const QString problem = m_model.missingDependencyMessage();
-    if (healthy || problem.isEmpty())
-        m_envText->setText(m_model.t(healthy ? "status_env_ready" : "status_env_missing"));
-    else
-        m_envText->setText(m_envText->fontMetrics().elidedText(problem, Qt::ElideMiddle, 320));
+    m_envText->setText(healthy || problem.isEmpty()
+                           ? m_model.t(healthy ? "status_env_ready" : "status_env_missing")
+                           : problem);
     QPalette pal = m_envText->palette();
     pal.setColor(QPalette::WindowText, healthy ? theme::kTextSecondary : theme::kOrange);
     m_envText->setPalette(pal);

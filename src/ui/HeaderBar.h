@@ -6,6 +6,8 @@
 // preferences button. Main thread.
 #pragma once
 
+#include "ui/FolderField.h"
+
 #include <QWidget>
 
 class QLabel;
@@ -24,7 +26,7 @@ public:
 
     QToolButton *languageButton() const { return m_language; }
     QToolButton *settingsButton() const { return m_settings; }
-    QLabel *environmentLabel() const { return m_envText; }
+    ElidedLabel *environmentLabel() const { return m_envText; }
 
 private:
     void retranslate();
@@ -36,7 +38,7 @@ private:
     QLabel *m_subtitle = nullptr;
     QWidget *m_env = nullptr;
     QLabel *m_envIcon = nullptr;
-    QLabel *m_envText = nullptr;
+    ElidedLabel *m_envText = nullptr;
     QToolButton *m_language = nullptr;
     QMenu *m_languageMenu = nullptr;
     QToolButton *m_settings = nullptr;

@@ -95,8 +95,11 @@ bool TestDatabase::exec(const QString &sql)
 
 void TestDatabase::insert(const Row &row)
 {
-    const db::Statement prepared
-        = db::prepare(m_db.get(), "INSERT INTO processed_files VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?)");
+    const db::Statement prepared = db::prepare(
+        m_db.get(),
+        "INSERT INTO processed_files (fingerprint, stem, raw_path, jpg_path, output_path, status, "
+        "peak_stops, num_faces, raw_clip_pct, processed_at, duration_sec, error_message, rating) "
+        "VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?)");
     sqlite3_stmt *const statement = prepared.get();
     bindText(statement, 1, row.fingerprint);
     bindText(statement, 2, row.stem ? row.stem : row.fingerprint);

@@ -435,7 +435,7 @@ void MainWindowTest::footerAndHeaderShowStorageAndEnvironment()
     QCOMPARE(m_window->footerStorage()->text(),
              u"Target storage volume has insufficient space or is unavailable: [Photos]"_s);
 
-    QLabel *env = m_window->header()->environmentLabel();
+    const auto *env = m_window->header()->environmentLabel();
     m.setIsEnvironmentHealthy(true);
     QCOMPARE(env->text(), u"Environment Ready"_s);
     m.setMissingDependencyMessage(QString());
