@@ -3,9 +3,9 @@
 
 // The configuration file's location and migration, its written layout, and
 // the lossless value conversions used when loading it.
+#include "base/JsonWriter.h"
 #include "common/TestEnvironment.h"
 #include "core/ConfigStore.h"
-#include "base/JsonWriter.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
