@@ -11,7 +11,7 @@ cd "$(dirname "$0")/.."
 
 seconds="${1:-30}"
 build=build-fuzz
-targets=(segments mpf xmp iso decode)
+targets=(segments mpf xmp iso icc decode)
 
 cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DCMAKE_CXX_COMPILER=clang++ -DORVANTA_BUILD_FUZZERS=ON -DORVANTA_BUILD_TESTS=OFF \
