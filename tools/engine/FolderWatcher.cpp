@@ -397,13 +397,13 @@ void FolderWatcher::armTimer()
     for (const Candidate &c : std::as_const(m_candidates))
         if (c.deadline > 0 && (earliest == 0 || c.deadline < earliest))
             earliest = c.deadline;
-    itimerspec spec {};
+    itimerspec deadline {};
     if (earliest > 0) {
         // An absolute time: a deadline already past fires at once.
-        spec.it_value.tv_sec = time_t(earliest / 1000);
-        spec.it_value.tv_nsec = long(earliest % 1000) * 1000000 + 1;
+        deadline.it_value.tv_sec = time_t(earliest / 1000);
+        deadline.it_value.tv_nsec = long(earliest % 1000) * 1000000 + 1;
     }
-    ::timerfd_settime(m_timer, TFD_TIMER_ABSTIME, &spec, nullptr);
+    ::timerfd_settime(m_timer, TFD_TIMER_ABSTIME, &deadline, nullptr);
 }
 
 void FolderWatcher::rescan()

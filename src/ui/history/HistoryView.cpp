@@ -274,32 +274,32 @@ void HistoryView::applyColumnWidths()
     m_columnSpecs.clear();
     for (int section = 0; section < m_tableModel->columnCount(); ++section) {
         const HistoryColumn &column = m_tableModel->column(section);
-        ColumnSpec spec;
+        ColumnSpec sizing;
         switch (column.kind) {
         case HistoryColumn::Kind::Select:
-            spec.natural = 34;
+            sizing.natural = 34;
             break;
         case HistoryColumn::Kind::Name:
             // Thumbnail, gap, and a typical stem in the row's bold face.
-            spec.natural
+            sizing.natural
                 = fitted(section, 54 + QFontMetrics(bold).horizontalAdvance(u"DSC04223"_s) + 16);
-            spec.fills = true;
+            sizing.fills = true;
             break;
         case HistoryColumn::Kind::Status:
-            spec.natural = fitted(section,
+            sizing.natural = fitted(section,
                                   qMax(cells.horizontalAdvance(m_model.t("filter_success")),
                                        cells.horizontalAdvance(m_model.t("filter_failed")))
                                       + 26 + 12);
             break;
         case HistoryColumn::Kind::Optional:
-            spec.natural = fitted(section, optionalColumnWidth(column.optional));
-            spec.dropRank = dropRank(column.optional);
+            sizing.natural = fitted(section, optionalColumnWidth(column.optional));
+            sizing.dropRank = dropRank(column.optional);
             break;
         case HistoryColumn::Kind::Actions:
-            spec.natural = fitted(section, m_delegate->actionsWidth());
+            sizing.natural = fitted(section, m_delegate->actionsWidth());
             break;
         }
-        m_columnSpecs.append(spec);
+        m_columnSpecs.append(sizing);
     }
     fitColumns();
 }
