@@ -287,9 +287,9 @@ void HistoryView::applyColumnWidths()
             break;
         case HistoryColumn::Kind::Status:
             sizing.natural = fitted(section,
-                                  qMax(cells.horizontalAdvance(m_model.t("filter_success")),
-                                       cells.horizontalAdvance(m_model.t("filter_failed")))
-                                      + 26 + 12);
+                                    qMax(cells.horizontalAdvance(m_model.t("filter_success")),
+                                         cells.horizontalAdvance(m_model.t("filter_failed")))
+                                        + 26 + 12);
             break;
         case HistoryColumn::Kind::Optional:
             sizing.natural = fitted(section, optionalColumnWidth(column.optional));
