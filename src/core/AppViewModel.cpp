@@ -27,6 +27,7 @@ AppViewModel::AppViewModel(QObject *parent)
     , m_engineService(std::make_unique<EngineService>())
     , m_historyService(std::make_unique<HistoryService>())
 {
+    connectForwardedProperties();
     setUpEngine();
     setUpHistory();
     loadConfiguration();
@@ -180,14 +181,30 @@ constexpr bool isPersisted(const char *key)
 #define ORVANTA_LOAD_Custom ORVANTA_LOAD_Option
 #define ORVANTA_LOAD_Folder(Type, setter, key)
 #define ORVANTA_LOAD_State(Type, setter, key)
+#define ORVANTA_LOAD_Forward(Type, setter, key)
 #define ORVANTA_LOAD(kind, Type, name, setter, def, key) ORVANTA_LOAD_##kind(Type, setter, key)
-#define ORVANTA_SAVE(kind, Type, name, setter, def, key) \
+#define ORVANTA_SAVE_Option(name, key) \
     if constexpr (isPersisted(key)) \
         o.insert(QLatin1StringView(key), toConfig(m_##name));
+#define ORVANTA_SAVE_Folder ORVANTA_SAVE_Option
+#define ORVANTA_SAVE_Custom ORVANTA_SAVE_Option
+#define ORVANTA_SAVE_State ORVANTA_SAVE_Option
+#define ORVANTA_SAVE_Forward(name, key)
+#define ORVANTA_SAVE(kind, Type, name, setter, def, key) ORVANTA_SAVE_##kind(name, key)
+#define ORVANTA_CONNECT_Option(name, controller)
+#define ORVANTA_CONNECT_Folder ORVANTA_CONNECT_Option
+#define ORVANTA_CONNECT_Custom ORVANTA_CONNECT_Option
+#define ORVANTA_CONNECT_State ORVANTA_CONNECT_Option
+#define ORVANTA_CONNECT_Forward(name, controller) \
+    connect(&*controller, &std::remove_cvref_t<decltype(*controller)>::name##Changed, this, \
+            &AppViewModel::name##Changed);
+#define ORVANTA_CONNECT(kind, Type, name, setter, def, key) ORVANTA_CONNECT_##kind(name, def)
 #define ORVANTA_LIST_PERSISTED(kind, Type, name, setter, def, key) \
     if constexpr (isPersisted(key)) \
         list.append({#name, QLatin1StringView(key)});
 // clang-format on
+
+void AppViewModel::connectForwardedProperties() { ORVANTA_APP_PROPERTIES(ORVANTA_CONNECT) }
 
 QList<AppViewModel::PersistedProperty> AppViewModel::persistedProperties()
 {
@@ -246,6 +263,7 @@ void AppViewModel::saveConfiguration()
 #define ORVANTA_DEFINE_SETTER_Folder ORVANTA_DEFINE_SETTER_Option
 #define ORVANTA_DEFINE_SETTER_State ORVANTA_DEFINE_SETTER_Option
 #define ORVANTA_DEFINE_SETTER_Custom(Type, name, setter, key)
+#define ORVANTA_DEFINE_SETTER_Forward(Type, name, setter, key)
 #define ORVANTA_DEFINE_SETTER(kind, Type, name, setter, def, key) \
     ORVANTA_DEFINE_SETTER_##kind(Type, name, setter, key)
 // clang-format on

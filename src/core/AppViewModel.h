@@ -47,7 +47,12 @@ struct RecipeImport;
 //       Folder  an Option loaded last, with the missing-folder fallback;
 //       Custom  an Option whose setter is written by hand;
 //       State   run state (probes, batch, history page, recipes): read-only
-//               for the meta-object, changed by the model's own operations.
+//               for the meta-object, changed by the model's own operations;
+//       Forward run state owned by a controller: the default column names the
+//               member holding the controller, the getter asks it, and the
+//               controller's signal of the same name (<name>Changed) is
+//               relayed. No member and no setter here; the setter column is
+//               unused (write `_`).
 // A persisted Option saves the file when its value changes (compare, then save).
 // clang-format off
 #define ORVANTA_APP_PROPERTIES(X) \
@@ -128,12 +133,23 @@ struct RecipeImport;
 #define ORVANTA_QPROPERTY_Folder ORVANTA_QPROPERTY_Option
 #define ORVANTA_QPROPERTY_Custom ORVANTA_QPROPERTY_Option
 #define ORVANTA_QPROPERTY_State(Type, name, setter) Q_PROPERTY(Type name READ name NOTIFY name##Changed)
+#define ORVANTA_QPROPERTY_Forward ORVANTA_QPROPERTY_State
 #define ORVANTA_DECLARE_QPROPERTY(kind, Type, name, setter, def, key) ORVANTA_QPROPERTY_##kind(Type, name, setter)
-#define ORVANTA_DECLARE_ACCESSORS(kind, Type, name, setter, def, key) \
+#define ORVANTA_ACCESSORS_Option(Type, name, setter, def) \
     Type name() const { return m_##name; } \
     void setter(orvanta::PropertyParam<Type> value);
+#define ORVANTA_ACCESSORS_Folder ORVANTA_ACCESSORS_Option
+#define ORVANTA_ACCESSORS_Custom ORVANTA_ACCESSORS_Option
+#define ORVANTA_ACCESSORS_State ORVANTA_ACCESSORS_Option
+#define ORVANTA_ACCESSORS_Forward(Type, name, setter, controller) Type name() const { return controller->name(); }
+#define ORVANTA_DECLARE_ACCESSORS(kind, Type, name, setter, def, key) ORVANTA_ACCESSORS_##kind(Type, name, setter, def)
 #define ORVANTA_DECLARE_SIGNAL(kind, Type, name, setter, def, key) void name##Changed();
-#define ORVANTA_DECLARE_MEMBER(kind, Type, name, setter, def, key) Type m_##name = def;
+#define ORVANTA_MEMBER_Option(Type, name, def) Type m_##name = def;
+#define ORVANTA_MEMBER_Folder ORVANTA_MEMBER_Option
+#define ORVANTA_MEMBER_Custom ORVANTA_MEMBER_Option
+#define ORVANTA_MEMBER_State ORVANTA_MEMBER_Option
+#define ORVANTA_MEMBER_Forward(Type, name, def)
+#define ORVANTA_DECLARE_MEMBER(kind, Type, name, setter, def, key) ORVANTA_MEMBER_##kind(Type, name, def)
 // clang-format on
 
 // Setters take scalars (numbers, enums) by value and everything else by reference.
@@ -252,6 +268,8 @@ private:
     void setUpEngine();
     void setUpHistory();
 
+    // Relays the <name>Changed signals of the controllers behind Forward rows.
+    void connectForwardedProperties();
     void loadConfiguration();
     void saveConfiguration();
     void loadUserRecipes();
