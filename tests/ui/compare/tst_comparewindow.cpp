@@ -85,8 +85,6 @@ private Q_SLOTS:
 
     void opensOnTheRecordsPositionOrTheFirst_data();
     void opensOnTheRecordsPositionOrTheFirst();
-    void navigationIgnoresTheEnds_data();
-    void navigationIgnoresTheEnds();
     void navigationLoadsTheNewPair();
     void missingFilesGiveNoPath();
     void keyboardShortcuts();
@@ -144,6 +142,7 @@ void TestCompareWindow::opensOnTheRecordsPositionOrTheFirst_data()
     QTest::newRow("third of three") << u"c"_s << QStringList { u"a"_s, u"b"_s, u"c"_s } << 2 << 3;
     QTest::newRow("not in the list") << u"x"_s << QStringList { u"a"_s, u"b"_s } << 0 << 2;
     QTest::newRow("empty list") << u"x"_s << QStringList {} << 0 << 1;
+    QTest::newRow("only record") << u"a"_s << QStringList { u"a"_s } << 0 << 1;
 }
 
 void TestCompareWindow::opensOnTheRecordsPositionOrTheFirst()
@@ -163,29 +162,14 @@ void TestCompareWindow::opensOnTheRecordsPositionOrTheFirst()
              u"%1 / %2"_s.arg(index + 1).arg(count));
     QCOMPARE(view->findChild<QLabel *>(u"stemLabel"_s)->text(), u"IMG_"_s + opened);
     QCOMPARE(view->state(), CompareState());
-}
-
-void TestCompareWindow::navigationIgnoresTheEnds_data()
-{
-    QTest::addColumn<QStringList>("list");
-    QTest::newRow("one record") << QStringList { u"a"_s };
-    QTest::newRow("empty list") << QStringList {};
-}
-
-void TestCompareWindow::navigationIgnoresTheEnds()
-{
-    QFETCH(QStringList, list);
-    QList<PhotoRecord> records;
-    for (const QString &id : list)
-        records.append(record(id));
-    auto view = makeView(record(u"a"_s), records);
-    QSignalSpy changed(view.get(), &HDRCompareView::recordChanged);
-    view->showNextPhoto();
-    view->showPreviousPhoto();
-    QCOMPARE(changed.count(), 0);
-    QCOMPARE(view->currentIndex(), 0);
-    QVERIFY(!view->findChild<QAbstractButton *>(u"previousButton"_s)->isEnabled());
-    QVERIFY(!view->findChild<QAbstractButton *>(u"nextButton"_s)->isEnabled());
+    if (count == 1) { // alone: both ends at once
+        QSignalSpy changed(view.get(), &HDRCompareView::recordChanged);
+        view->showNextPhoto();
+        view->showPreviousPhoto();
+        QCOMPARE(changed.count(), 0);
+        QVERIFY(!view->findChild<QAbstractButton *>(u"previousButton"_s)->isEnabled());
+        QVERIFY(!view->findChild<QAbstractButton *>(u"nextButton"_s)->isEnabled());
+    }
 }
 
 void TestCompareWindow::navigationLoadsTheNewPair()
