@@ -4,12 +4,13 @@
 // The compare window without OpenGL (offscreen platform): opening position,
 // navigation, keyboard shortcuts, clean mode, the display badge and banner
 // against the screen's headroom, the panel provider, and the window manager.
-#include "CompareScene.h"
 #include "app/ComparePanels.h"
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
 #include "document/CountingReader.h"
 #include "document/PhotoDocumentCache.h"
+#include "hdr/UltraHdrFixtures.h"
+#include "hdr/codec/UltraHdrWriter.h"
 #include "ui/Theme.h"
 #include "ui/compare/CompareToolbar.h"
 #include "ui/compare/DisplayHeadroom.h"
@@ -48,6 +49,16 @@ PhotoRecord record(const QString &id, const QString &folder = {})
         r.outputPath = folder + u"/"_s + id + u"_uhdr.jpg"_s;
     }
     return r;
+}
+
+// A camera JPEG at `jpgPath` and its Ultra HDR file at `uhdrPath`.
+bool writePair(int width, int height, const QString &jpgPath, const QString &uhdrPath)
+{
+    const QByteArray sdr = test::encodeSdr(test::makeSdr(width, height));
+    const QByteArray uhdr = encodeUltraHdr(QByteArrayView(sdr), test::makeHdr(sdr, false)).bytes;
+    QFile camera(jpgPath), output(uhdrPath);
+    return !uhdr.isEmpty() && camera.open(QIODevice::WriteOnly) && camera.write(sdr) == sdr.size()
+        && output.open(QIODevice::WriteOnly) && output.write(uhdr) == uhdr.size();
 }
 
 // Plain labels in place of the history views' inspector and histogram.
@@ -175,8 +186,8 @@ void TestCompareWindow::opensOnTheRecordsPositionOrTheFirst()
 void TestCompareWindow::navigationLoadsTheNewPair()
 {
     const QString folder = m_dir.path();
-    QVERIFY(test::writeScene(96, 64, folder + u"/a.JPG"_s, folder + u"/a_uhdr.jpg"_s));
-    QVERIFY(test::writeScene(64, 96, folder + u"/b.JPG"_s, folder + u"/b_uhdr.jpg"_s));
+    QVERIFY(writePair(96, 64, folder + u"/a.JPG"_s, folder + u"/a_uhdr.jpg"_s));
+    QVERIFY(writePair(64, 96, folder + u"/b.JPG"_s, folder + u"/b_uhdr.jpg"_s));
     const QList<PhotoRecord> records { record(u"a"_s, folder), record(u"b"_s, folder) };
     auto view = makeView(records.at(0), records);
     QCOMPARE(view->viewer()->currentHdrPath(), folder + u"/a_uhdr.jpg"_s);
@@ -197,7 +208,7 @@ void TestCompareWindow::navigationLoadsTheNewPair()
 void TestCompareWindow::missingFilesGiveNoPath()
 {
     PhotoRecord r = record(u"m"_s, m_dir.path());
-    QVERIFY(test::writeScene(32, 32, *r.jpgPath, m_dir.filePath(u"other.jpg"_s)));
+    QVERIFY(writePair(32, 32, *r.jpgPath, m_dir.filePath(u"other.jpg"_s)));
     QCOMPARE(HDRCompareView::sdrPath(r), *r.jpgPath);
     QCOMPARE(HDRCompareView::hdrPath(r), QString()); // set, but nothing on disk
     r.jpgPath = u""_s;
@@ -328,7 +339,7 @@ void TestCompareWindow::providerPanelsFollowTheCurrentRecord()
 {
     LabelPanels panels;
     const QString folder = m_dir.path();
-    QVERIFY(test::writeScene(32, 32, folder + u"/b.JPG"_s, folder + u"/b_uhdr.jpg"_s));
+    QVERIFY(writePair(32, 32, folder + u"/b.JPG"_s, folder + u"/b_uhdr.jpg"_s));
     QList<PhotoRecord> records { record(u"a"_s), record(u"b"_s, folder) };
     records[1].peakStops = 2.5; // known only to the compare window, not the main list
     auto view = makeView(records.at(0), records, &panels);
@@ -351,7 +362,7 @@ void TestCompareWindow::providerPanelsFollowTheCurrentRecord()
 void TestCompareWindow::aPhotoIsReadOnceByEveryView()
 {
     const QString folder = m_dir.path();
-    QVERIFY(test::writeScene(48, 32, folder + u"/r.JPG"_s, folder + u"/r_uhdr.jpg"_s));
+    QVERIFY(writePair(48, 32, folder + u"/r.JPG"_s, folder + u"/r_uhdr.jpg"_s));
     PhotoRecord r = record(u"r"_s, folder);
     r.peakStops = 2.0;
     auto reader = std::make_shared<test::CountingReader>();
