@@ -7,7 +7,6 @@
 
 #include "SamplePairs.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QList>

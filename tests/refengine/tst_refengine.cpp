@@ -17,7 +17,6 @@
 #include <QRandomGenerator>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-#include <QtTest>
 
 #include <csignal>
 #include <sqlite3.h>

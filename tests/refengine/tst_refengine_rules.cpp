@@ -10,8 +10,6 @@
 #include "SystemLoad.h"
 #include "common/TestEnvironment.h"
 
-#include <QtTest>
-
 using namespace orvanta::engine;
 using namespace Qt::StringLiterals;
 

@@ -26,7 +26,6 @@
 #include "update/Updater.h"
 
 #include <QComboBox>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLineEdit>

@@ -23,13 +23,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QButtonGroup>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLayout>
 #include <QSignalSpy>
 #include <QSlider>
-#include <QtTest>
 
 #include <memory>
 

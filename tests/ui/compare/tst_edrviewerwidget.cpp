@@ -18,7 +18,6 @@
 #include <QPointingDevice>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QtTest>
 
 #include <functional>
 #include <memory>
