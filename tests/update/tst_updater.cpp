@@ -187,8 +187,11 @@ private Q_SLOTS:
         QCOMPARE(m_server->requests(), QList<QByteArray> { "/appcast.xml" }); // nothing downloaded
     }
 
-    void untrustedFeedsAreNeverBelieved_data()
+    // Feeds that cannot be believed (tampered, unsigned) or read (server
+    // errors, broken XML) fail with their reason and leave the next check free.
+    void untrustedOrBrokenFeedsFail_data()
     {
+        QTest::addColumn<int>("status");
         QTest::addColumn<QByteArray>("published");
         QTest::addColumn<int>("failure");
         Release release;
@@ -199,46 +202,27 @@ private Q_SLOTS:
         QByteArray flipped = good;
         flipped.replace("2.4.0", "6.6.6"); // a changed version or address
         using F = UpdateCheckResult::Failure;
-        QTest::newRow("changed after signing") << flipped << int(F::BadSignature);
-        QTest::newRow("unsigned") << content << int(F::UnsignedFeed);
+        QTest::newRow("changed after signing") << 200 << flipped << int(F::BadSignature);
+        QTest::newRow("unsigned") << 200 << content << int(F::UnsignedFeed);
         QTest::newRow("garbage signature")
-            << content + "<!-- orvanta-signature: AAAA -->" << int(F::BadSignature);
+            << 200 << content + "<!-- orvanta-signature: AAAA -->" << int(F::BadSignature);
         QTest::newRow("another key's signature")
-            << signedFeed(content, KeyPair()) << int(F::BadSignature);
+            << 200 << signedFeed(content, KeyPair()) << int(F::BadSignature);
         QTest::newRow("items after the signature")
-            << good + "<item><sparkle:version>99</sparkle:version></item>" << int(F::UnsignedFeed);
-    }
-
-    void untrustedFeedsAreNeverBelieved()
-    {
-        QFETCH(QByteArray, published);
-        QFETCH(int, failure);
-        m_server->set("/appcast.xml", { 200, published });
-        Updater updater(config());
-        const UpdateCheckResult result = runCheck(updater);
-        QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::Failed));
-        QCOMPARE(int(result.failure), failure);
-        QVERIFY(updater.canCheckForUpdates());
-    }
-
-    void brokenFeedsFail_data()
-    {
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QByteArray>("body");
-        QTest::addColumn<int>("failure");
-        using F = UpdateCheckResult::Failure;
+            << 200 << good + "<item><sparkle:version>99</sparkle:version></item>"
+            << int(F::UnsignedFeed);
         QTest::newRow("missing feed") << 404 << QByteArray("gone") << int(F::Network);
         QTest::newRow("server error") << 500 << QByteArray("oops") << int(F::Network);
         QTest::newRow("not XML, signed")
             << 200 << signedFeed("<rss><channel><item>", m_keys) << int(F::MalformedFeed);
     }
 
-    void brokenFeedsFail()
+    void untrustedOrBrokenFeedsFail()
     {
         QFETCH(int, status);
-        QFETCH(QByteArray, body);
+        QFETCH(QByteArray, published);
         QFETCH(int, failure);
-        m_server->set("/appcast.xml", { status, body });
+        m_server->set("/appcast.xml", { status, published });
         Updater updater(config());
         const UpdateCheckResult result = runCheck(updater);
         QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::Failed));
