@@ -8,7 +8,7 @@
 //   xvfb-run -a -s "-screen 0 1920x1080x24" build/bench/compare/bench_compareviewer [WIDTH HEIGHT]
 //   [FRAMES]
 // defaults 6000 4000 120
-#include "../../tests/ui/compare/CompareScene.h"
+#include "../../tools/screenshots/CompareScene.h"
 #include "core/AppViewModel.h"
 #include "ui/compare/EdrGlSurface.h"
 #include "ui/compare/EdrViewer.h"

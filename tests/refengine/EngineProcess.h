@@ -5,7 +5,8 @@
 // into progress records and log lines, the way the application does.
 #pragma once
 
-#include <QJsonArray>
+#include "SamplePairs.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QList>
@@ -75,5 +76,20 @@ private:
     QList<QJsonObject> m_events;
     QStringList m_lines;
 };
+
+// Writes `count` pairs into `source`, large enough that the batch still runs
+// when the test acts, starts `engine` and waits for its first `event`.
+inline bool startOnLargePairs(EngineProcess &engine, const QString &source, int count, int width,
+                              const QString &event)
+{
+    samples::SampleScene big;
+    big.width = width;
+    big.height = width * 2 / 3;
+    for (int i = 0; i < count; ++i)
+        if (!samples::writePair(source, QStringLiteral("big%1").arg(i), big))
+            return false;
+    engine.start();
+    return QTest::qWaitFor([&] { return !engine.events(event).isEmpty(); }, 120000);
+}
 
 } // namespace orvanta::test

@@ -13,7 +13,6 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QtTest>
 
 using namespace orvanta;
 using namespace orvanta::samples;

@@ -10,8 +10,6 @@
 #include "SystemLoad.h"
 #include "common/TestEnvironment.h"
 
-#include <QtTest>
-
 using namespace orvanta::engine;
 using namespace Qt::StringLiterals;
 
@@ -22,38 +20,12 @@ class TestEngineRules : public QObject
 private slots:
     void commandLineTakesEveryFlagTheApplicationSends()
     {
-        const ParsedCommandLine p = parseCommandLine({ u"run"_s,
-                                                       u"-s"_s,
-                                                       u"/in"_s,
-                                                       u"-d"_s,
-                                                       u"/out"_s,
-                                                       u"--profile-id"_s,
-                                                       u"custom"_s,
-                                                       u"--json-stream"_s,
-                                                       u"--mid-target"_s,
-                                                       u"0.70"_s,
-                                                       u"--power-mid"_s,
-                                                       u"0.30"_s,
-                                                       u"--power-hi"_s,
-                                                       u"2.00"_s,
-                                                       u"--chroma-boost"_s,
-                                                       u"0.10"_s,
-                                                       u"--skin-damp"_s,
-                                                       u"0.90"_s,
-                                                       u"--stem"_s,
-                                                       u"A, B"_s,
-                                                       u"-f"_s,
-                                                       u"-n"_s,
-                                                       u"--backlit-fill"_s,
-                                                       u"--min-rating"_s,
-                                                       u"3"_s,
-                                                       u"--naming-template"_s,
-                                                       u"{date}_x"_s,
-                                                       u"--subfolder-rule"_s,
-                                                       u"by_date"_s,
-                                                       u"-w"_s,
-                                                       u"2"_s,
-                                                       u"--no-throttle"_s });
+        // As the application sends them, one argument between each pair of bars.
+        const ParsedCommandLine p = parseCommandLine(
+            u"run|-s|/in|-d|/out|--profile-id|custom|--json-stream|--mid-target|0.70|"
+            u"--power-mid|0.30|--power-hi|2.00|--chroma-boost|0.10|--skin-damp|0.90|--stem|A, B|"
+            u"-f|-n|--backlit-fill|--min-rating|3|--naming-template|{date}_x|--subfolder-rule|"
+            u"by_date|-w|2|--no-throttle"_s.split(u'|'));
         QCOMPARE(p.command, Command::Run);
         const RunOptions &o = p.options;
         QCOMPARE(o.sourceDir, u"/in"_s);

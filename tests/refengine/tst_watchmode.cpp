@@ -13,7 +13,6 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QtTest>
 
 #include <csignal>
 
@@ -134,14 +133,8 @@ private slots:
     // interrupt that arrives while stopped is the user's Stop on a paused run.
     void pauseAndStopMidPhotoFinishesIt()
     {
-        SampleScene big;
-        big.width = 1800;
-        big.height = 1200;
-        for (int i = 0; i < 3; ++i)
-            QVERIFY(writePair(m_source, u"p%1"_s.arg(i), big));
         EngineProcess engine(watchArgs({ u"-w"_s, u"1"_s }));
-        engine.start();
-        QTRY_VERIFY_WITH_TIMEOUT(!engine.events(u"item_start"_s).isEmpty(), kWait);
+        QVERIFY(startOnLargePairs(engine, m_source, 3, 1800, u"item_start"_s));
         const pid_t pid = pid_t(engine.pid());
         ::kill(pid, SIGSTOP);
         QTRY_COMPARE_WITH_TIMEOUT(processState(pid), 'T', kWait);

@@ -466,54 +466,21 @@ void MainWindowTest::footerAndHeaderShowStorageAndEnvironment()
 void MainWindowTest::everyInterfaceSymbolHasADrawing_data()
 {
     QTest::addColumn<QString>("symbol");
-    const char *symbols[] = { "arrow.clockwise",
-                              "arrow.down.doc.fill",
-                              "arrow.up.arrow.down",
-                              "arrow.up.left.and.down.right.and.arrow.up.right.and.down.left",
-                              "bolt.fill",
-                              "camera",
-                              "camera.aperture",
-                              "camera.fill",
-                              "chart.bar.xaxis",
-                              "checkmark.circle.fill",
-                              "checkmark.square.fill",
-                              "chevron.left",
-                              "chevron.right",
-                              "dial.low.fill",
-                              "display",
-                              "exclamationmark.triangle.fill",
-                              "externaldrive.fill",
-                              "face.smiling.fill",
-                              "film",
-                              "folder.fill",
-                              "gearshape",
-                              "globe",
-                              "heart.fill",
-                              "line.3.horizontal.decrease.circle",
-                              "minus.square.fill",
-                              "mountain.2",
-                              "person.crop.circle",
-                              "photo",
-                              "photo.badge.exclamationmark",
-                              "photo.stack",
-                              "play.fill",
-                              "shield.checkerboard",
-                              "sidebar.right",
-                              "slider.horizontal.3",
-                              "sparkles",
-                              "square.and.arrow.up",
-                              "star.fill",
-                              "stop.fill",
-                              "stopwatch.fill",
-                              "sun.max.fill",
-                              "tablecells.badge.ellipsis",
-                              "terminal",
-                              "trash",
-                              "tray",
-                              "tray.and.arrow.down.fill",
-                              "xmark.circle.fill" };
-    for (const char *symbol : symbols)
-        QTest::newRow(symbol) << QString::fromLatin1(symbol);
+    // The symbols the interface asks for.
+    const QString symbols
+        = u"arrow.clockwise arrow.down.doc.fill arrow.up.arrow.down "
+          u"arrow.up.left.and.down.right.and.arrow.up.right.and.down.left bolt.fill camera "
+          u"camera.aperture camera.fill chart.bar.xaxis checkmark.circle.fill "
+          u"checkmark.square.fill chevron.left chevron.right dial.low.fill display "
+          u"exclamationmark.triangle.fill externaldrive.fill face.smiling.fill film folder.fill "
+          u"gearshape globe heart.fill line.3.horizontal.decrease.circle minus.square.fill "
+          u"mountain.2 person.crop.circle photo photo.badge.exclamationmark photo.stack "
+          u"play.fill shield.checkerboard sidebar.right slider.horizontal.3 sparkles "
+          u"square.and.arrow.up star.fill stop.fill stopwatch.fill sun.max.fill "
+          u"tablecells.badge.ellipsis terminal trash tray tray.and.arrow.down.fill "
+          u"xmark.circle.fill"_s;
+    for (const QString &symbol : symbols.split(u' '))
+        QTest::newRow(qPrintable(symbol)) << symbol;
 }
 
 void MainWindowTest::everyInterfaceSymbolHasADrawing()

@@ -14,7 +14,6 @@
 #include "update/Updater.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QDesktopServices>
 #include <QLineEdit>
 #include <QMessageBox>

@@ -133,24 +133,209 @@ class UpdaterTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
+    void initTestCase()
+    {
+        QVERIFY(sodium_init() >= 0);
+        m_keys = KeyPair();
+    }
 
-    void signedNewerReleaseIsAnnouncedWithItsPage();
-    void sameOrOlderVersionIsUpToDate_data();
-    void sameOrOlderVersionIsUpToDate();
-    void untrustedFeedsAreNeverBelieved_data();
-    void untrustedFeedsAreNeverBelieved();
-    void brokenFeedsFail_data();
-    void brokenFeedsFail();
-    void stalledServerTimesOutAndAllowsTheNextCheck();
-    void secondCheckWhileOneIsUnderWayIsIgnored();
-    void unconfiguredUpdaterCannotCheck();
-    void packagedInstallationLeavesUpdatesToThePackageSystem();
-    void automaticChecksSettingIsKept();
-    void versionsCompareAsPeopleReadThem_data();
-    void versionsCompareAsPeopleReadThem();
-    void nextAutomaticCheckIsDueOneIntervalAfterTheLast();
+    void init()
+    {
+        m_server = std::make_unique<LoopbackServer>();
+        QSettings().clear();
+    }
+
+    void signedNewerReleaseIsAnnouncedWithItsPage()
+    {
+        const QByteArray payload(4096, 'p');
+        serveSigned({ publish(payload) });
+        Updater updater(config());
+        QSignalSpy canCheck(&updater, &Updater::canCheckForUpdatesChanged);
+        QVERIFY(updater.canCheckForUpdates());
+
+        const UpdateCheckResult result = runCheck(updater);
+        QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::UpdateAvailable));
+        QVERIFY(result.userInitiated);
+        QCOMPARE(result.item.displayVersion(), u"2.4.0"_s);
+        QCOMPARE(result.pageUrl(), QUrl(u"https://orvanta.example/releases/2.4.0"_s));
+        // Busy while the check ran, free again after it.
+        QCOMPARE(canCheck.size(), 2);
+        QCOMPARE(canCheck.at(0).at(0).toBool(), false);
+        QCOMPARE(canCheck.at(1).at(0).toBool(), true);
+        QVERIFY(updater.canCheckForUpdates());
+        // The signed feed is enough: the release itself is never downloaded.
+        QCOMPARE(m_server->requests(), QList<QByteArray> { "/appcast.xml" });
+    }
+
+    void sameOrOlderVersionIsUpToDate_data()
+    {
+        QTest::addColumn<QString>("version");
+        QTest::newRow("same build") << u"57"_s;
+        QTest::newRow("older build") << u"56"_s;
+        QTest::newRow("older dotted") << u"9.10"_s; // 9 < 57
+    }
+
+    void sameOrOlderVersionIsUpToDate()
+    {
+        QFETCH(QString, version);
+        Release r = publish("payload");
+        r.version = version;
+        serveSigned({ r });
+        Updater updater(config());
+        const UpdateCheckResult result = runCheck(updater);
+        QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::UpToDate));
+        QCOMPARE(m_server->requests(), QList<QByteArray> { "/appcast.xml" }); // nothing downloaded
+    }
+
+    // Feeds that cannot be believed (tampered, unsigned) or read (server
+    // errors, broken XML) fail with their reason and leave the next check free.
+    void untrustedOrBrokenFeedsFail_data()
+    {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QByteArray>("published");
+        QTest::addColumn<int>("failure");
+        Release release;
+        release.download = QUrl(u"https://orvanta.example/Orvanta-2.4.0.tar.gz"_s);
+        release.signature = m_keys.sign("payload");
+        const QByteArray content = feed({ release });
+        const QByteArray good = signedFeed(content, m_keys);
+        QByteArray flipped = good;
+        flipped.replace("2.4.0", "6.6.6"); // a changed version or address
+        using F = UpdateCheckResult::Failure;
+        QTest::newRow("changed after signing") << 200 << flipped << int(F::BadSignature);
+        QTest::newRow("unsigned") << 200 << content << int(F::UnsignedFeed);
+        QTest::newRow("garbage signature")
+            << 200 << content + "<!-- orvanta-signature: AAAA -->" << int(F::BadSignature);
+        QTest::newRow("another key's signature")
+            << 200 << signedFeed(content, KeyPair()) << int(F::BadSignature);
+        QTest::newRow("items after the signature")
+            << 200 << good + "<item><sparkle:version>99</sparkle:version></item>"
+            << int(F::UnsignedFeed);
+        QTest::newRow("missing feed") << 404 << QByteArray("gone") << int(F::Network);
+        QTest::newRow("server error") << 500 << QByteArray("oops") << int(F::Network);
+        QTest::newRow("not XML, signed")
+            << 200 << signedFeed("<rss><channel><item>", m_keys) << int(F::MalformedFeed);
+    }
+
+    void untrustedOrBrokenFeedsFail()
+    {
+        QFETCH(int, status);
+        QFETCH(QByteArray, published);
+        QFETCH(int, failure);
+        m_server->set("/appcast.xml", { status, published });
+        Updater updater(config());
+        const UpdateCheckResult result = runCheck(updater);
+        QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::Failed));
+        QCOMPARE(int(result.failure), failure);
+        QVERIFY(!result.error.isEmpty()); // the English detail behind the translated text
+        QVERIFY(updater.canCheckForUpdates());
+    }
+
+    void stalledServerTimesOutAndAllowsTheNextCheck()
+    {
+        m_server->set("/appcast.xml", { 200, {}, true });
+        Updater updater(config(300));
+        const UpdateCheckResult result = runCheck(updater);
+        QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::Failed));
+        QVERIFY(updater.canCheckForUpdates());
+
+        Release r = publish("new");
+        r.version = u"57"_s;
+        serveSigned({ r });
+        QCOMPARE(int(runCheck(updater).outcome), int(UpdateCheckResult::Outcome::UpToDate));
+    }
+
+    void secondCheckWhileOneIsUnderWayIsIgnored()
+    {
+        Release r = publish("new");
+        r.version = u"57"_s;
+        serveSigned({ r });
+        Updater updater(config());
+        QSignalSpy finished(&updater, &Updater::checkFinished);
+        updater.checkForUpdates();
+        updater.checkForUpdates();
+        updater.checkForUpdatesInBackground();
+        QVERIFY(finished.wait(15000));
+        // A further check after it: any stray duplicate result would arrive first.
+        QCOMPARE(int(runCheck(updater).outcome), int(UpdateCheckResult::Outcome::UpToDate));
+        QCOMPARE(finished.size(), 2);
+        QCOMPARE(m_server->requests().size(), 2);
+    }
+
+    void unconfiguredUpdaterCannotCheck()
+    {
+        QSettings().setValue(QLatin1StringView(Updater::kAutomaticChecksKey), false);
+        Updater updater(UpdaterConfig {});
+        QSignalSpy finished(&updater, &Updater::checkFinished);
+        QSignalSpy canCheck(&updater, &Updater::canCheckForUpdatesChanged);
+        QVERIFY(!updater.isConfigured());
+        QVERIFY(!updater.canCheckForUpdates());
+        QVERIFY(updater.automaticallyChecksForUpdates()); // reads as on without an updater
+        updater.checkForUpdates();
+        updater.start();
+        QCoreApplication::processEvents();
+        QCOMPARE(finished.size(), 0);
+        QCOMPARE(canCheck.size(), 0);
+
+        UpdaterConfig keyless = config();
+        keyless.publicKey.clear();
+        QVERIFY(!Updater(keyless).canCheckForUpdates());
+    }
+
+    void packagedInstallationLeavesUpdatesToThePackageSystem()
+    {
+        serveSigned({ publish("new") });
+        UpdaterConfig packaged = config();
+        packaged.packageManaged = true;
+        Updater updater(packaged);
+        QVERIFY(updater.canCheckForUpdates()); // the menu item explains
+        QVERIFY(!updater.automaticallyChecksForUpdates());
+        updater.checkForUpdatesInBackground();
+        updater.start();
+        const UpdateCheckResult result = runCheck(updater);
+        QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::PackageManaged));
+        QVERIFY(result.userInitiated);
+        QVERIFY(m_server->requests().isEmpty());
+
+        QVERIFY(Updater::isPackageManagedLocation(u"/usr/bin"_s));
+        QVERIFY(Updater::isPackageManagedLocation(u"/app/bin"_s)); // Flatpak
+        QVERIFY(!Updater::isPackageManagedLocation(u"/usr/local/bin"_s));
+        QVERIFY(!Updater::isPackageManagedLocation(u"/usr/lib/../local/bin"_s));
+        QVERIFY(!Updater::isPackageManagedLocation(u"/home/ana/orvanta/build/src/app"_s));
+        QVERIFY(!Updater::isPackageManagedLocation(u"/usrx/bin"_s));
+    }
+
+    void versionsCompareAsPeopleReadThem_data()
+    {
+        QTest::addColumn<QString>("a");
+        QTest::addColumn<QString>("b");
+        QTest::addColumn<int>("sign");
+        QTest::newRow("numbers, not text") << u"1.10"_s << u"1.9"_s << 1;
+        QTest::newRow("equal") << u"2.3.1"_s << u"2.3.1"_s << 0;
+        QTest::newRow("longer is newer") << u"2.0.1"_s << u"2.0"_s << 1;
+        QTest::newRow("build numbers") << u"57"_s << u"58"_s << -1;
+    }
+
+    void versionsCompareAsPeopleReadThem()
+    {
+        QFETCH(QString, a);
+        QFETCH(QString, b);
+        QFETCH(int, sign);
+        const int c = compareVersions(a, b);
+        QCOMPARE((c > 0) - (c < 0), sign);
+        const int reverse = compareVersions(b, a);
+        QCOMPARE((reverse > 0) - (reverse < 0), -sign);
+    }
+
+    void nextAutomaticCheckIsDueOneIntervalAfterTheLast()
+    {
+        const QDateTime now = QDateTime::fromSecsSinceEpoch(1800000000, Qt::UTC);
+        QCOMPARE(Updater::secondsUntilDue({}, now, 86400), qint64(0)); // never checked
+        QCOMPARE(Updater::secondsUntilDue(now.addSecs(-3600), now, 86400), qint64(82800));
+        QCOMPARE(Updater::secondsUntilDue(now.addDays(-2), now, 86400), qint64(0)); // overdue
+        QCOMPARE(Updater::secondsUntilDue(now.addSecs(600), now, 86400),
+                 qint64(0)); // clock went back
+    }
 
 private:
     UpdaterConfig config(int timeoutMs = 10000) const
@@ -182,18 +367,6 @@ private:
     std::unique_ptr<LoopbackServer> m_server;
 };
 
-void UpdaterTest::initTestCase()
-{
-    QVERIFY(sodium_init() >= 0);
-    m_keys = KeyPair();
-}
-
-void UpdaterTest::init()
-{
-    m_server = std::make_unique<LoopbackServer>();
-    QSettings().clear();
-}
-
 UpdateCheckResult UpdaterTest::runCheck(Updater &updater)
 {
     QSignalSpy finished(&updater, &Updater::checkFinished);
@@ -201,225 +374,6 @@ UpdateCheckResult UpdaterTest::runCheck(Updater &updater)
     if (!finished.wait(15000) || finished.isEmpty())
         return { UpdateCheckResult::Outcome::Failed, {}, u"<no result>"_s };
     return finished.first().first().value<UpdateCheckResult>();
-}
-
-void UpdaterTest::signedNewerReleaseIsAnnouncedWithItsPage()
-{
-    const QByteArray payload(4096, 'p');
-    serveSigned({ publish(payload) });
-    Updater updater(config());
-    QSignalSpy canCheck(&updater, &Updater::canCheckForUpdatesChanged);
-    QVERIFY(updater.canCheckForUpdates());
-
-    const UpdateCheckResult result = runCheck(updater);
-    QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::UpdateAvailable));
-    QVERIFY(result.userInitiated);
-    QCOMPARE(result.item.displayVersion(), u"2.4.0"_s);
-    QCOMPARE(result.pageUrl(), QUrl(u"https://orvanta.example/releases/2.4.0"_s));
-    // Busy while the check ran, free again after it.
-    QCOMPARE(canCheck.size(), 2);
-    QCOMPARE(canCheck.at(0).at(0).toBool(), false);
-    QCOMPARE(canCheck.at(1).at(0).toBool(), true);
-    QVERIFY(updater.canCheckForUpdates());
-    // The signed feed is enough: the release itself is never downloaded.
-    QCOMPARE(m_server->requests(), QList<QByteArray> { "/appcast.xml" });
-}
-
-void UpdaterTest::sameOrOlderVersionIsUpToDate_data()
-{
-    QTest::addColumn<QString>("version");
-    QTest::newRow("same build") << u"57"_s;
-    QTest::newRow("older build") << u"56"_s;
-    QTest::newRow("older dotted") << u"9.10"_s; // 9 < 57
-}
-
-void UpdaterTest::sameOrOlderVersionIsUpToDate()
-{
-    QFETCH(QString, version);
-    Release r = publish("payload");
-    r.version = version;
-    serveSigned({ r });
-    Updater updater(config());
-    const UpdateCheckResult result = runCheck(updater);
-    QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::UpToDate));
-    QCOMPARE(m_server->requests(), QList<QByteArray> { "/appcast.xml" }); // nothing downloaded
-}
-
-void UpdaterTest::untrustedFeedsAreNeverBelieved_data()
-{
-    QTest::addColumn<QByteArray>("published");
-    QTest::addColumn<int>("failure");
-    Release release;
-    release.download = QUrl(u"https://orvanta.example/Orvanta-2.4.0.tar.gz"_s);
-    release.signature = m_keys.sign("payload");
-    const QByteArray content = feed({ release });
-    const QByteArray good = signedFeed(content, m_keys);
-    QByteArray flipped = good;
-    flipped.replace("2.4.0", "6.6.6"); // a changed version or address
-    using F = UpdateCheckResult::Failure;
-    QTest::newRow("changed after signing") << flipped << int(F::BadSignature);
-    QTest::newRow("unsigned") << content << int(F::UnsignedFeed);
-    QTest::newRow("garbage signature")
-        << content + "<!-- orvanta-signature: AAAA -->" << int(F::BadSignature);
-    QTest::newRow("another key's signature")
-        << signedFeed(content, KeyPair()) << int(F::BadSignature);
-    QTest::newRow("items after the signature")
-        << good + "<item><sparkle:version>99</sparkle:version></item>" << int(F::UnsignedFeed);
-}
-
-void UpdaterTest::untrustedFeedsAreNeverBelieved()
-{
-    QFETCH(QByteArray, published);
-    QFETCH(int, failure);
-    m_server->set("/appcast.xml", { 200, published });
-    Updater updater(config());
-    const UpdateCheckResult result = runCheck(updater);
-    QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::Failed));
-    QCOMPARE(int(result.failure), failure);
-    QVERIFY(updater.canCheckForUpdates());
-}
-
-void UpdaterTest::brokenFeedsFail_data()
-{
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<int>("failure");
-    using F = UpdateCheckResult::Failure;
-    QTest::newRow("missing feed") << 404 << QByteArray("gone") << int(F::Network);
-    QTest::newRow("server error") << 500 << QByteArray("oops") << int(F::Network);
-    QTest::newRow("not XML, signed")
-        << 200 << signedFeed("<rss><channel><item>", m_keys) << int(F::MalformedFeed);
-}
-
-void UpdaterTest::brokenFeedsFail()
-{
-    QFETCH(int, status);
-    QFETCH(QByteArray, body);
-    QFETCH(int, failure);
-    m_server->set("/appcast.xml", { status, body });
-    Updater updater(config());
-    const UpdateCheckResult result = runCheck(updater);
-    QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::Failed));
-    QCOMPARE(int(result.failure), failure);
-    QVERIFY(!result.error.isEmpty()); // the English detail behind the translated text
-    QVERIFY(updater.canCheckForUpdates());
-}
-
-void UpdaterTest::stalledServerTimesOutAndAllowsTheNextCheck()
-{
-    m_server->set("/appcast.xml", { 200, {}, true });
-    Updater updater(config(300));
-    const UpdateCheckResult result = runCheck(updater);
-    QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::Failed));
-    QVERIFY(updater.canCheckForUpdates());
-
-    Release r = publish("new");
-    r.version = u"57"_s;
-    serveSigned({ r });
-    QCOMPARE(int(runCheck(updater).outcome), int(UpdateCheckResult::Outcome::UpToDate));
-}
-
-void UpdaterTest::secondCheckWhileOneIsUnderWayIsIgnored()
-{
-    Release r = publish("new");
-    r.version = u"57"_s;
-    serveSigned({ r });
-    Updater updater(config());
-    QSignalSpy finished(&updater, &Updater::checkFinished);
-    updater.checkForUpdates();
-    updater.checkForUpdates();
-    updater.checkForUpdatesInBackground();
-    QVERIFY(finished.wait(15000));
-    // A further check after it: any stray duplicate result would arrive first.
-    QCOMPARE(int(runCheck(updater).outcome), int(UpdateCheckResult::Outcome::UpToDate));
-    QCOMPARE(finished.size(), 2);
-    QCOMPARE(m_server->requests().size(), 2);
-}
-
-void UpdaterTest::unconfiguredUpdaterCannotCheck()
-{
-    QSettings().setValue(QLatin1StringView(Updater::kAutomaticChecksKey), false);
-    Updater updater(UpdaterConfig {});
-    QSignalSpy finished(&updater, &Updater::checkFinished);
-    QSignalSpy canCheck(&updater, &Updater::canCheckForUpdatesChanged);
-    QVERIFY(!updater.isConfigured());
-    QVERIFY(!updater.canCheckForUpdates());
-    QVERIFY(updater.automaticallyChecksForUpdates()); // reads as on without an updater
-    updater.checkForUpdates();
-    updater.start();
-    QCoreApplication::processEvents();
-    QCOMPARE(finished.size(), 0);
-    QCOMPARE(canCheck.size(), 0);
-
-    UpdaterConfig keyless = config();
-    keyless.publicKey.clear();
-    QVERIFY(!Updater(keyless).canCheckForUpdates());
-}
-
-void UpdaterTest::packagedInstallationLeavesUpdatesToThePackageSystem()
-{
-    serveSigned({ publish("new") });
-    UpdaterConfig packaged = config();
-    packaged.packageManaged = true;
-    Updater updater(packaged);
-    QVERIFY(updater.canCheckForUpdates()); // the menu item explains
-    QVERIFY(!updater.automaticallyChecksForUpdates());
-    updater.checkForUpdatesInBackground();
-    updater.start();
-    const UpdateCheckResult result = runCheck(updater);
-    QCOMPARE(int(result.outcome), int(UpdateCheckResult::Outcome::PackageManaged));
-    QVERIFY(result.userInitiated);
-    QVERIFY(m_server->requests().isEmpty());
-
-    QVERIFY(Updater::isPackageManagedLocation(u"/usr/bin"_s));
-    QVERIFY(Updater::isPackageManagedLocation(u"/app/bin"_s)); // Flatpak
-    QVERIFY(!Updater::isPackageManagedLocation(u"/usr/local/bin"_s));
-    QVERIFY(!Updater::isPackageManagedLocation(u"/usr/lib/../local/bin"_s));
-    QVERIFY(!Updater::isPackageManagedLocation(u"/home/ana/orvanta/build/src/app"_s));
-    QVERIFY(!Updater::isPackageManagedLocation(u"/usrx/bin"_s));
-}
-
-void UpdaterTest::automaticChecksSettingIsKept()
-{
-    {
-        Updater updater(config());
-        QVERIFY(updater.automaticallyChecksForUpdates()); // on by default
-        updater.setAutomaticallyChecksForUpdates(false);
-    }
-    QCOMPARE(QSettings().value(QLatin1StringView(Updater::kAutomaticChecksKey)).toBool(), false);
-    Updater again(config());
-    QVERIFY(!again.automaticallyChecksForUpdates());
-}
-
-void UpdaterTest::versionsCompareAsPeopleReadThem_data()
-{
-    QTest::addColumn<QString>("a");
-    QTest::addColumn<QString>("b");
-    QTest::addColumn<int>("sign");
-    QTest::newRow("numbers, not text") << u"1.10"_s << u"1.9"_s << 1;
-    QTest::newRow("equal") << u"2.3.1"_s << u"2.3.1"_s << 0;
-    QTest::newRow("longer is newer") << u"2.0.1"_s << u"2.0"_s << 1;
-    QTest::newRow("build numbers") << u"57"_s << u"58"_s << -1;
-}
-
-void UpdaterTest::versionsCompareAsPeopleReadThem()
-{
-    QFETCH(QString, a);
-    QFETCH(QString, b);
-    QFETCH(int, sign);
-    const int c = compareVersions(a, b);
-    QCOMPARE((c > 0) - (c < 0), sign);
-    const int reverse = compareVersions(b, a);
-    QCOMPARE((reverse > 0) - (reverse < 0), -sign);
-}
-
-void UpdaterTest::nextAutomaticCheckIsDueOneIntervalAfterTheLast()
-{
-    const QDateTime now = QDateTime::fromSecsSinceEpoch(1800000000, Qt::UTC);
-    QCOMPARE(Updater::secondsUntilDue({}, now, 86400), qint64(0)); // never checked
-    QCOMPARE(Updater::secondsUntilDue(now.addSecs(-3600), now, 86400), qint64(82800));
-    QCOMPARE(Updater::secondsUntilDue(now.addDays(-2), now, 86400), qint64(0)); // overdue
-    QCOMPARE(Updater::secondsUntilDue(now.addSecs(600), now, 86400), qint64(0)); // clock went back
 }
 
 ORVANTA_TEST_GUILESS_MAIN(UpdaterTest)

@@ -4,11 +4,11 @@
 // Screenshots of the compare window on a generated Ultra HDR photo (run
 // under xvfb-run): split view, zebra, zoomed with the pixel readout, and the
 // filmic view on a standard display. Not a test: it only draws.
+#include "CompareScene.h"
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
 #include "i18n/LocalizationService.h"
 #include "ui/Theme.h"
-#include "ui/compare/CompareScene.h"
 #include "ui/compare/EdrViewer.h"
 #include "ui/compare/HDRCompareView.h"
 #include "ui/compare/HDRCompareWindowManager.h"

@@ -18,7 +18,6 @@
 #include <QPointingDevice>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QtTest>
 
 #include <functional>
 #include <memory>
@@ -77,28 +76,386 @@ class TestEdrViewerWidget : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        QVERIFY2(EdrViewer::openGlAvailable(),
+                 "these tests need an X server with OpenGL (xvfb-run)");
+        displayheadroom::setOverride({});
+        m_viewer = std::make_unique<EdrViewer>(u"no GL"_s);
+        m_viewer->resize(400, 300);
+        m_viewer->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_viewer.get()));
+        QVERIFY(m_viewer->isDrawing());
+        QTRY_VERIFY(m_viewer->surface()->isReady());
+        m_splitReports.clear();
+        m_viewer->onSplitChanged = [this](double split) { m_splitReports.append(split); };
+        QSignalSpy uploaded(m_viewer->surface(), &EdrGlSurface::picturesUploaded);
+        m_viewer->setPictures(uniformPair({ 400, 300 }, 0.25f, 2.0f));
+        QTRY_COMPARE(uploaded.count(), 1);
+    }
+
+    void cleanup()
+    {
+        m_viewer.reset();
+        displayheadroom::setOverride({});
+    }
 
     // input (the rules themselves are tst_edrviewer's)
-    void inputReachesTheModelAndTheDividerIsReported();
-    void readoutReportsTheHdrValueUnderThePointerWhenZoomed();
+    void inputReachesTheModelAndTheDividerIsReported()
+    {
+        const auto wheel = [this](QPoint pixels, QPoint angle, Qt::KeyboardModifiers modifiers) {
+            QWheelEvent event(QPointF(200, 150), m_viewer->mapToGlobal(QPointF(200, 150)), pixels,
+                              angle, Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(m_viewer.get(), &event);
+        };
+        const double dpr = m_viewer->devicePixelRatioF();
+        press({ 200 + 30 / dpr, 150 }); // 30 backing pixels off the divider: grabbed
+        drag({ 100, 150 });
+        QVERIFY(m_viewer->model().isDraggingSplit());
+        release({ 100, 150 });
+        QVERIFY(!m_viewer->model().isDraggingSplit());
+        QCOMPARE(m_splitReports, QList<double> { 0.25 });
+        QCOMPARE(m_viewer->settings().splitPosition, 0.25);
+
+        pinch(1.0);
+        QCOMPARE(m_viewer->model().zoomScale(), 2.0);
+        wheel({ 30, 20 }, {}, {}); // a touchpad's pixels, y up in the model
+        QCOMPARE(m_viewer->model().panOffset(), QPointF(30, -20));
+        wheel({}, { 0, -120 }, {}); // a mouse notch: a quarter of its angle
+        QCOMPARE(m_viewer->model().panOffset(), QPointF(30, 10));
+        wheel({}, { 0, 120 }, Qt::ControlModifier); // Ctrl+wheel zooms a tenth
+        QCOMPARE(m_viewer->model().zoomScale(), 2.2);
+        press({ 20, 20 }); // far from the divider, zoomed: pans
+        drag({ 30, 40 });
+        release({ 30, 40 });
+        QCOMPARE(m_viewer->model().panOffset(), QPointF(30 + 10 * dpr, 10 - 20 * dpr));
+        QCOMPARE(m_splitReports.size(), 1);
+        QTest::mouseDClick(m_viewer.get(), Qt::LeftButton, {}, QPoint(20, 20));
+        QCOMPARE(m_viewer->model().zoomScale(), 1.0);
+    }
+
+    void readoutReportsTheHdrValueUnderThePointerWhenZoomed()
+    {
+        // Columns carry their own value, so the readout shows which pixel it read.
+        EdrPicturePair pair = uniformPair({ 400, 300 }, 0.25f, 0);
+        pair.hdr = picture(400, 300, [](int x, int) { return float(x) / 100.0f; });
+        m_viewer->setPictures(pair);
+        QSignalSpy readouts(m_viewer.get(), &EdrViewer::pixelReadoutChanged);
+        QTest::mouseMove(m_viewer.get(), QPoint(300, 150));
+        QVERIFY(!readouts.isEmpty());
+        QVERIFY(!readouts.last()
+                     .at(0)
+                     .value<std::optional<EdrPixelReadout>>()
+                     .has_value()); // at 1x: none
+        pinch(2.0); // 3x around the centre
+        QTest::mouseMove(m_viewer.get(), QPoint(260, 150));
+        const auto readout = readouts.last().at(0).value<std::optional<EdrPixelReadout>>();
+        QVERIFY(readout.has_value());
+        // 60 points right of the centre at 3x is 20 picture pixels right of column 200.
+        QCOMPARE(readout->pixel, QPoint(220, 150));
+        QCOMPARE(readout->value.r, float(qfloat16(2.2f)));
+    }
 
     // frames
-    void splitShowsSdrLeftDividerAndHdrRight();
-    void singleModesShowOneSideOnly();
-    void backdropSurroundsAFittedPicture();
-    void zebraStripesWhereTheReferenceSays();
-    void shadowStripesBelowTheirThreshold();
-    void filmicMatchesTheReferenceCurve_data();
-    void filmicMatchesTheReferenceCurve();
-    void hdrDisplayAbove105SkipsToneMapping();
-    void zoomedOutViewsReadAReducedLevel();
-    void dividerStripsAddUpToTheFullFrame();
-    void pannedFramesMatchAFullFrame();
-    void loadsAGeneratedUltraHdrFileInTheBackground();
-    void previousPairStaysUntilTheNewOneIsReady();
-    void pairWithoutHdrFileIsNeverDrawn();
+    void splitShowsSdrLeftDividerAndHdrRight()
+    {
+        m_viewer->updateState({ 0.3 });
+        const QImage f = frame();
+        const double xs = f.width() * 0.3;
+        for (int x = 0; x < f.width(); ++x) {
+            const edr::Rgba c = at(f, x, 150);
+            edr::Rgba expected
+                = x + 0.5 < xs ? edr::Rgba { 0.25f, 0.25f, 0.25f } : edr::Rgba { 2, 2, 2 };
+            if (x + 0.5 >= xs - 1.0 && x + 0.5 < xs + 1.0)
+                expected = { 0.95f + 0.05f * expected.r, 0.95f + 0.05f * expected.g,
+                             0.95f + 0.05f * expected.b };
+            QVERIFY2(near(c, expected),
+                     qPrintable(u"x %1: %2 vs %3"_s.arg(x).arg(show(c), show(expected))));
+        }
+    }
+
+    void singleModesShowOneSideOnly()
+    {
+        EdrViewerSettings settings;
+        settings.compareMode = EDRCompareMode::HdrOnly;
+        m_viewer->updateState(settings);
+        QImage f = frame();
+        for (int x : { 0, 199, 200, 399 })
+            QVERIFY(near(at(f, x, 10), { 2, 2, 2 }));
+        settings.compareMode = EDRCompareMode::SdrOnly;
+        m_viewer->updateState(settings);
+        f = frame();
+        for (int x : { 0, 199, 200, 399 })
+            QVERIFY(near(at(f, x, 10), { 0.25f, 0.25f, 0.25f }));
+    }
+
+    void backdropSurroundsAFittedPicture()
+    {
+        // 200 x 50 in 400 x 300: fitted to 400 x 100, centred, 100 rows of backdrop above and
+        // below.
+        m_viewer->setPictures(uniformPair({ 200, 50 }, 0.25f, 0.5f));
+        m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
+        const QImage f = frame();
+        const int h = f.height();
+        const int band = (h - f.width() / 4) / 2;
+        const edr::Rgba backdrop { 0.08f, 0.09f, 0.09f };
+        QVERIFY(near(at(f, 200, band - 1), backdrop));
+        QVERIFY(near(at(f, 200, band + 1), { 0.5f, 0.5f, 0.5f }));
+        QVERIFY(near(at(f, 200, h - band - 2), { 0.5f, 0.5f, 0.5f }));
+        QVERIFY(near(at(f, 200, h - band + 1), backdrop));
+    }
+
+    void zebraStripesWhereTheReferenceSays()
+    {
+        // Left half of the HDR picture dim (0.5), right half bright (2.0).
+        EdrPicturePair pair = uniformPair({ 400, 300 }, 0.25f, 0);
+        pair.hdr = picture(400, 300, [](int x, int) { return x < 200 ? 0.5f : 2.0f; });
+        m_viewer->setPictures(pair);
+        EdrViewerSettings settings;
+        settings.splitPosition
+            = 0.75; // the bright half shows SDR on its right part: stripes on both sides
+        settings.zebraEnabled = true;
+        settings.zebraThreshold = 1.0f;
+        m_viewer->updateState(settings);
+        const QImage f = frame();
+        const double xs = f.width() * 0.75;
+        int striped = 0;
+        for (int y = 0; y < f.height(); y += 7) {
+            for (int x = 0; x < f.width(); ++x) {
+                if (std::abs(x + 0.5 - xs) <= 1.5 || x == f.width() / 2 || x == f.width() / 2 - 1)
+                    continue; // divider and the filtered edge between the halves
+                const float v = x < f.width() / 2 ? 0.5f : 2.0f;
+                const edr::Rgba ref { v, v, v };
+                const edr::Rgba displayed = x + 0.5 < xs ? edr::Rgba { 0.25f, 0.25f, 0.25f } : ref;
+                const edr::Rgba expected = edr::zebraFilter(displayed, ref, x, y, 1.0f, 1.0f);
+                const edr::Rgba c = at(f, x, y);
+                striped += expected.g == 0.82f;
+                QVERIFY2(
+                    near(c, expected),
+                    qPrintable(u"(%1, %2): %3 vs %4"_s.arg(x).arg(y).arg(show(c), show(expected))));
+            }
+        }
+        QVERIFY(striped > 1000);
+    }
+
+    void shadowStripesBelowTheirThreshold()
+    {
+        EdrPicturePair pair = uniformPair({ 400, 300 }, 0.25f, 0);
+        pair.hdr = picture(400, 300, [](int x, int) { return x < 200 ? 0.01f : 0.5f; });
+        m_viewer->setPictures(pair);
+        EdrViewerSettings settings;
+        settings.compareMode = EDRCompareMode::HdrOnly;
+        settings.shadowZebraEnabled = true;
+        settings.shadowThreshold = 0.05f;
+        m_viewer->updateState(settings);
+        const QImage f = frame();
+        for (int y = 3; y < f.height(); y += 11) {
+            for (int x : { 0, 5, 9, 120, 198, 201, 300, 399 }) {
+                const float v = x < 200 ? 0.01f : 0.5f;
+                const edr::Rgba expected
+                    = edr::shadowZebraFilter({ v, v, v }, { v, v, v }, x, y, 0.05f, 1.0f);
+                QVERIFY2(near(at(f, x, y), expected), qPrintable(u"(%1, %2)"_s.arg(x).arg(y)));
+            }
+        }
+    }
+
+    void filmicMatchesTheReferenceCurve_data()
+    {
+        QTest::addColumn<float>("value");
+        QTest::addColumn<double>("simulatedHeadroom");
+        for (float v : { -0.5f, 0.0f, 0.18f, 0.5f, 1.0f, 2.0f, 6.0f })
+            QTest::addRow("%.2f", double(v)) << v << 1.0;
+        for (float v : { 0.5f, 2.0f, 3.5f })
+            QTest::addRow("%.2f at simulated 4x", double(v)) << v << 4.0;
+    }
+
+    void filmicMatchesTheReferenceCurve()
+    {
+        QFETCH(float, value);
+        QFETCH(double, simulatedHeadroom);
+        m_viewer->setPictures(uniformPair({ 400, 300 }, 0.25f, value));
+        EdrViewerSettings settings;
+        settings.compareMode = EDRCompareMode::HdrOnly;
+        settings.toneMapMode = SDRToneMapMode::FilmicRollOff;
+        settings.simulatedHeadroom = simulatedHeadroom;
+        m_viewer->updateState(settings);
+        const QImage f = frame();
+        const float input = float(qfloat16(value)) / float(simulatedHeadroom);
+        const float expected = edr::filmicCurve(input);
+        const edr::Rgba c = at(f, 200, 150);
+        QVERIFY2(std::abs(c.r - expected) < 2e-3f,
+                 qPrintable(u"%1 vs %2"_s.arg(c.r).arg(expected)));
+    }
+
+    void zoomedOutViewsReadAReducedLevel()
+    {
+        // A one-pixel checkerboard of 0 and 2 shown at 0.29 of its size must
+        // come out as its average, not as whichever texels happen to be hit.
+        // (The size is no multiple of the view's, so samples fall between texels.)
+        EdrPicturePair pair = uniformPair({ 1400, 1050 }, 0.25f, 0);
+        pair.hdr = picture(1400, 1050, [](int x, int y) { return (x + y) % 2 ? 2.0f : 0.0f; });
+        m_viewer->setPictures(pair);
+        m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
+        const QImage f = frame();
+        for (int y = 5; y < f.height(); y += 37) {
+            for (int x = 3; x < f.width(); x += 41)
+                QVERIFY2(near(at(f, x, y), { 1, 1, 1 }, 0.01f),
+                         qPrintable(u"(%1, %2): "_s.arg(x).arg(y) + show(at(f, x, y))));
+        }
+        // At 5x the level is the picture itself: single texels show again.
+        for (int i = 0; i < 4; ++i)
+            pinch(1.0);
+        const QImage zoomed = frame();
+        float lowest = 2, highest = 0;
+        for (int x = 100; x < 140; ++x) {
+            lowest = std::min(lowest, at(zoomed, x, 150).r);
+            highest = std::max(highest, at(zoomed, x, 150).r);
+        }
+        QVERIFY2(highest - lowest > 1.0f, qPrintable(u"%1 ... %2"_s.arg(lowest).arg(highest)));
+    }
+
+    void dividerStripsAddUpToTheFullFrame()
+    {
+        // A divider drag redraws only the columns it crossed; after a run of
+        // moves the screen must equal a frame drawn in one piece.
+        EdrPicturePair pair = uniformPair({ 400, 300 }, 0, 0);
+        pair.sdr = picture(400, 300, [](int x, int y) { return float((x * 3 + y) % 50) / 50.0f; });
+        pair.hdr = picture(400, 300, [](int x, int y) { return float((x + 2 * y) % 90) / 30.0f; });
+        m_viewer->setPictures(pair);
+        EdrViewerSettings settings;
+        settings.zebraEnabled = true;
+        settings.zebraThreshold = 1.5f;
+        for (double split : { 0.5, 0.52, 0.9, 0.1, 0.33, 0.34, 0.6 }) {
+            settings.splitPosition = split;
+            m_viewer->updateState(settings);
+            m_viewer->surface()->grabFramebuffer(); // draws this step
+        }
+        const QImage stepped = m_viewer->surface()->grabFramebuffer();
+
+        EdrViewer fresh(u"no GL"_s);
+        fresh.resize(m_viewer->size());
+        fresh.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&fresh));
+        QTRY_VERIFY(fresh.surface()->isReady());
+        fresh.setPictures(pair);
+        fresh.updateState(settings);
+        const QImage whole = fresh.surface()->grabFramebuffer();
+        QCOMPARE(stepped.size(), whole.size());
+        QCOMPARE(stepped, whole);
+    }
+
+    void pannedFramesMatchAFullFrame()
+    {
+        // A pan moves what is on screen and draws only the uncovered edges and
+        // the columns at the divider; the result must equal a frame drawn whole.
+        // The reference viewer has stripes on (at a threshold nothing reaches),
+        // which makes it draw every frame in full.
+        EdrPicturePair pair = uniformPair({ 400, 300 }, 0, 0);
+        pair.sdr = picture(400, 300, [](int x, int y) { return float((x * 3 + y) % 50) / 50.0f; });
+        pair.hdr = picture(400, 300, [](int x, int y) { return float((x + 2 * y) % 90) / 60.0f; });
+        const QList<QPoint> path { { 50, 150 }, { 60, 150 },  { 60, 165 }, { 40, 140 },
+                                   { 45, 200 }, { 100, 100 }, { 99, 101 } };
+        const auto run = [&](EdrViewer &viewer, bool stripes) {
+            viewer.setPictures(pair);
+            EdrViewerSettings settings;
+            settings.zebraEnabled = stripes;
+            settings.zebraThreshold = 1000.0f;
+            viewer.updateState(settings);
+            QNativeGestureEvent zoom(Qt::ZoomNativeGesture,
+                                     QPointingDevice::primaryPointingDevice(), 2, QPointF(200, 150),
+                                     QPointF(200, 150), viewer.mapToGlobal(QPointF(200, 150)), 1.0,
+                                     {});
+            QApplication::sendEvent(&viewer, &zoom);
+            viewer.surface()->grabFramebuffer();
+            QTest::mousePress(&viewer, Qt::LeftButton, {}, path.first());
+            for (const QPoint &p : path) {
+                QMouseEvent move(QEvent::MouseMove, p, viewer.mapToGlobal(QPointF(p)), Qt::NoButton,
+                                 Qt::LeftButton, {});
+                QApplication::sendEvent(&viewer, &move);
+                if (!stripes)
+                    viewer.surface()->grabFramebuffer(); // draws this step
+            }
+            QTest::mouseRelease(&viewer, Qt::LeftButton, {}, path.last());
+            return viewer.surface()->grabFramebuffer();
+        };
+        const QImage stepped = run(*m_viewer, false);
+        QVERIFY(m_viewer->model().panOffset() != QPointF());
+        EdrViewer reference(u"no GL"_s);
+        reference.resize(m_viewer->size());
+        reference.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&reference));
+        QTRY_VERIFY(reference.surface()->isReady());
+        const QImage whole = run(reference, true);
+        QCOMPARE(reference.model().panOffset(), m_viewer->model().panOffset());
+        QCOMPARE(stepped, whole);
+    }
+
+    void loadsAGeneratedUltraHdrFileInTheBackground()
+    {
+        QTemporaryDir dir;
+        const QByteArray sdr = test::encodeSdr(test::makeSdr(160, 120));
+        const UltraHdrEncodeResult encoded
+            = encodeUltraHdr(QByteArrayView(sdr), test::makeHdr(sdr, false));
+        QVERIFY2(encoded.error.isEmpty(), qPrintable(encoded.error));
+        const QString hdrPath = dir.filePath(u"photo.jpg"_s);
+        QFile file(hdrPath);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(encoded.bytes);
+        file.close();
+
+        QSignalSpy loaded(m_viewer.get(), &EdrViewer::picturesLoaded);
+        QSignalSpy uploaded(m_viewer->surface(), &EdrGlSurface::picturesUploaded);
+        pinch(1.0);
+        m_viewer->loadImages(dir.filePath(u"missing-camera.jpg"_s), hdrPath);
+        QVERIFY(m_viewer->isLoading());
+        QTRY_COMPARE(loaded.count(), 1);
+        QCOMPARE(m_viewer->imageSize(), QSizeF(160, 120));
+        QVERIFY(m_viewer->sdrFromHdrFile()); // the camera JPEG is missing: the file's own base
+        QCOMPARE(m_viewer->model().zoomScale(), 1.0); // a new pair starts unzoomed
+        QTRY_COMPARE(uploaded.count(), 1);
+        // The right edge of the HDR side is boosted well above the SDR base there.
+        m_viewer->updateState({ 0.5 });
+        const QImage f = frame();
+        const edr::Rgba sdrSide = at(f, f.width() / 2 - 4, f.height() / 2);
+        const edr::Rgba hdrSide = at(f, f.width() - 60, f.height() / 2);
+        QVERIFY2(hdrSide.r > 2.0f * sdrSide.r, qPrintable(show(hdrSide) + show(sdrSide)));
+    }
+
+    void previousPairStaysUntilTheNewOneIsReady()
+    {
+        QTemporaryDir dir;
+        const QString hdrPath = dir.filePath(u"next.jpg"_s);
+        const QByteArray sdr = test::encodeSdr(test::makeSdr(64, 48));
+        QFile file(hdrPath);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(encodeUltraHdr(QByteArrayView(sdr), test::makeHdr(sdr, false)).bytes);
+        file.close();
+        m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
+        QSignalSpy loaded(m_viewer.get(), &EdrViewer::picturesLoaded);
+        m_viewer->loadImages(QString(), hdrPath);
+        // Decoding runs on the pool; until its result arrives the old pair is drawn.
+        QVERIFY(near(at(frame(), 200, 150), { 2, 2, 2 }));
+        QCOMPARE(m_viewer->imageSize(), QSizeF(400, 300));
+        QTRY_COMPARE(loaded.count(), 1);
+        QCOMPARE(m_viewer->imageSize(), QSizeF(64, 48));
+        QVERIFY(!near(at(frame(), 200, 150), { 2, 2, 2 }));
+    }
+
+    void pairWithoutHdrFileIsNeverDrawn()
+    {
+        QTemporaryDir dir;
+        const QString sdrPath = dir.filePath(u"camera.jpg"_s);
+        QFile file(sdrPath);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(test::encodeSdr(test::makeSdr(64, 48)));
+        file.close();
+        m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
+        QSignalSpy loaded(m_viewer.get(), &EdrViewer::picturesLoaded);
+        m_viewer->loadImages(sdrPath, dir.filePath(u"missing.jpg"_s));
+        QTRY_COMPARE(loaded.count(), 1);
+        QCOMPARE(m_viewer->imageSize(), QSizeF(400, 300));
+        QVERIFY(near(at(frame(), 200, 150), { 2, 2, 2 }));
+    }
 
 private:
     void press(QPointF point);
@@ -113,29 +470,6 @@ private:
     std::unique_ptr<EdrViewer> m_viewer;
     QList<double> m_splitReports;
 };
-
-void TestEdrViewerWidget::init()
-{
-    QVERIFY2(EdrViewer::openGlAvailable(), "these tests need an X server with OpenGL (xvfb-run)");
-    displayheadroom::setOverride({});
-    m_viewer = std::make_unique<EdrViewer>(u"no GL"_s);
-    m_viewer->resize(400, 300);
-    m_viewer->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_viewer.get()));
-    QVERIFY(m_viewer->isDrawing());
-    QTRY_VERIFY(m_viewer->surface()->isReady());
-    m_splitReports.clear();
-    m_viewer->onSplitChanged = [this](double split) { m_splitReports.append(split); };
-    QSignalSpy uploaded(m_viewer->surface(), &EdrGlSurface::picturesUploaded);
-    m_viewer->setPictures(uniformPair({ 400, 300 }, 0.25f, 2.0f));
-    QTRY_COMPARE(uploaded.count(), 1);
-}
-
-void TestEdrViewerWidget::cleanup()
-{
-    m_viewer.reset();
-    displayheadroom::setOverride({});
-}
 
 void TestEdrViewerWidget::press(QPointF point)
 {
@@ -160,368 +494,6 @@ void TestEdrViewerWidget::pinch(double magnification)
     QNativeGestureEvent event(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
                               centre, centre, m_viewer->mapToGlobal(centre), magnification, {});
     QApplication::sendEvent(m_viewer.get(), &event);
-}
-
-void TestEdrViewerWidget::inputReachesTheModelAndTheDividerIsReported()
-{
-    const auto wheel = [this](QPoint pixels, QPoint angle, Qt::KeyboardModifiers modifiers) {
-        QWheelEvent event(QPointF(200, 150), m_viewer->mapToGlobal(QPointF(200, 150)), pixels,
-                          angle, Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(m_viewer.get(), &event);
-    };
-    const double dpr = m_viewer->devicePixelRatioF();
-    press({ 200 + 30 / dpr, 150 }); // 30 backing pixels off the divider: grabbed
-    drag({ 100, 150 });
-    QVERIFY(m_viewer->model().isDraggingSplit());
-    release({ 100, 150 });
-    QVERIFY(!m_viewer->model().isDraggingSplit());
-    QCOMPARE(m_splitReports, QList<double> { 0.25 });
-    QCOMPARE(m_viewer->settings().splitPosition, 0.25);
-
-    pinch(1.0);
-    QCOMPARE(m_viewer->model().zoomScale(), 2.0);
-    wheel({ 30, 20 }, {}, {}); // a touchpad's pixels, y up in the model
-    QCOMPARE(m_viewer->model().panOffset(), QPointF(30, -20));
-    wheel({}, { 0, -120 }, {}); // a mouse notch: a quarter of its angle
-    QCOMPARE(m_viewer->model().panOffset(), QPointF(30, 10));
-    wheel({}, { 0, 120 }, Qt::ControlModifier); // Ctrl+wheel zooms a tenth
-    QCOMPARE(m_viewer->model().zoomScale(), 2.2);
-    press({ 20, 20 }); // far from the divider, zoomed: pans
-    drag({ 30, 40 });
-    release({ 30, 40 });
-    QCOMPARE(m_viewer->model().panOffset(), QPointF(30 + 10 * dpr, 10 - 20 * dpr));
-    QCOMPARE(m_splitReports.size(), 1);
-    QTest::mouseDClick(m_viewer.get(), Qt::LeftButton, {}, QPoint(20, 20));
-    QCOMPARE(m_viewer->model().zoomScale(), 1.0);
-}
-
-void TestEdrViewerWidget::readoutReportsTheHdrValueUnderThePointerWhenZoomed()
-{
-    // Columns carry their own value, so the readout shows which pixel it read.
-    EdrPicturePair pair = uniformPair({ 400, 300 }, 0.25f, 0);
-    pair.hdr = picture(400, 300, [](int x, int) { return float(x) / 100.0f; });
-    m_viewer->setPictures(pair);
-    QSignalSpy readouts(m_viewer.get(), &EdrViewer::pixelReadoutChanged);
-    QTest::mouseMove(m_viewer.get(), QPoint(300, 150));
-    QVERIFY(!readouts.isEmpty());
-    QVERIFY(
-        !readouts.last().at(0).value<std::optional<EdrPixelReadout>>().has_value()); // at 1x: none
-    pinch(2.0); // 3x around the centre
-    QTest::mouseMove(m_viewer.get(), QPoint(260, 150));
-    const auto readout = readouts.last().at(0).value<std::optional<EdrPixelReadout>>();
-    QVERIFY(readout.has_value());
-    // 60 points right of the centre at 3x is 20 picture pixels right of column 200.
-    QCOMPARE(readout->pixel, QPoint(220, 150));
-    QCOMPARE(readout->value.r, float(qfloat16(2.2f)));
-}
-
-void TestEdrViewerWidget::splitShowsSdrLeftDividerAndHdrRight()
-{
-    m_viewer->updateState({ 0.3 });
-    const QImage f = frame();
-    const double xs = f.width() * 0.3;
-    for (int x = 0; x < f.width(); ++x) {
-        const edr::Rgba c = at(f, x, 150);
-        edr::Rgba expected
-            = x + 0.5 < xs ? edr::Rgba { 0.25f, 0.25f, 0.25f } : edr::Rgba { 2, 2, 2 };
-        if (x + 0.5 >= xs - 1.0 && x + 0.5 < xs + 1.0)
-            expected = { 0.95f + 0.05f * expected.r, 0.95f + 0.05f * expected.g,
-                         0.95f + 0.05f * expected.b };
-        QVERIFY2(near(c, expected),
-                 qPrintable(u"x %1: %2 vs %3"_s.arg(x).arg(show(c), show(expected))));
-    }
-}
-
-void TestEdrViewerWidget::singleModesShowOneSideOnly()
-{
-    EdrViewerSettings settings;
-    settings.compareMode = EDRCompareMode::HdrOnly;
-    m_viewer->updateState(settings);
-    QImage f = frame();
-    for (int x : { 0, 199, 200, 399 })
-        QVERIFY(near(at(f, x, 10), { 2, 2, 2 }));
-    settings.compareMode = EDRCompareMode::SdrOnly;
-    m_viewer->updateState(settings);
-    f = frame();
-    for (int x : { 0, 199, 200, 399 })
-        QVERIFY(near(at(f, x, 10), { 0.25f, 0.25f, 0.25f }));
-}
-
-void TestEdrViewerWidget::backdropSurroundsAFittedPicture()
-{
-    // 200 x 50 in 400 x 300: fitted to 400 x 100, centred, 100 rows of backdrop above and below.
-    m_viewer->setPictures(uniformPair({ 200, 50 }, 0.25f, 0.5f));
-    m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
-    const QImage f = frame();
-    const int h = f.height();
-    const int band = (h - f.width() / 4) / 2;
-    const edr::Rgba backdrop { 0.08f, 0.09f, 0.09f };
-    QVERIFY(near(at(f, 200, band - 1), backdrop));
-    QVERIFY(near(at(f, 200, band + 1), { 0.5f, 0.5f, 0.5f }));
-    QVERIFY(near(at(f, 200, h - band - 2), { 0.5f, 0.5f, 0.5f }));
-    QVERIFY(near(at(f, 200, h - band + 1), backdrop));
-}
-
-void TestEdrViewerWidget::zebraStripesWhereTheReferenceSays()
-{
-    // Left half of the HDR picture dim (0.5), right half bright (2.0).
-    EdrPicturePair pair = uniformPair({ 400, 300 }, 0.25f, 0);
-    pair.hdr = picture(400, 300, [](int x, int) { return x < 200 ? 0.5f : 2.0f; });
-    m_viewer->setPictures(pair);
-    EdrViewerSettings settings;
-    settings.splitPosition
-        = 0.75; // the bright half shows SDR on its right part: stripes on both sides
-    settings.zebraEnabled = true;
-    settings.zebraThreshold = 1.0f;
-    m_viewer->updateState(settings);
-    const QImage f = frame();
-    const double xs = f.width() * 0.75;
-    int striped = 0;
-    for (int y = 0; y < f.height(); y += 7) {
-        for (int x = 0; x < f.width(); ++x) {
-            if (std::abs(x + 0.5 - xs) <= 1.5 || x == f.width() / 2 || x == f.width() / 2 - 1)
-                continue; // divider and the filtered edge between the halves
-            const float v = x < f.width() / 2 ? 0.5f : 2.0f;
-            const edr::Rgba ref { v, v, v };
-            const edr::Rgba displayed = x + 0.5 < xs ? edr::Rgba { 0.25f, 0.25f, 0.25f } : ref;
-            const edr::Rgba expected = edr::zebraFilter(displayed, ref, x, y, 1.0f, 1.0f);
-            const edr::Rgba c = at(f, x, y);
-            striped += expected.g == 0.82f;
-            QVERIFY2(
-                near(c, expected),
-                qPrintable(u"(%1, %2): %3 vs %4"_s.arg(x).arg(y).arg(show(c), show(expected))));
-        }
-    }
-    QVERIFY(striped > 1000);
-}
-
-void TestEdrViewerWidget::shadowStripesBelowTheirThreshold()
-{
-    EdrPicturePair pair = uniformPair({ 400, 300 }, 0.25f, 0);
-    pair.hdr = picture(400, 300, [](int x, int) { return x < 200 ? 0.01f : 0.5f; });
-    m_viewer->setPictures(pair);
-    EdrViewerSettings settings;
-    settings.compareMode = EDRCompareMode::HdrOnly;
-    settings.shadowZebraEnabled = true;
-    settings.shadowThreshold = 0.05f;
-    m_viewer->updateState(settings);
-    const QImage f = frame();
-    for (int y = 3; y < f.height(); y += 11) {
-        for (int x : { 0, 5, 9, 120, 198, 201, 300, 399 }) {
-            const float v = x < 200 ? 0.01f : 0.5f;
-            const edr::Rgba expected
-                = edr::shadowZebraFilter({ v, v, v }, { v, v, v }, x, y, 0.05f, 1.0f);
-            QVERIFY2(near(at(f, x, y), expected), qPrintable(u"(%1, %2)"_s.arg(x).arg(y)));
-        }
-    }
-}
-
-void TestEdrViewerWidget::filmicMatchesTheReferenceCurve_data()
-{
-    QTest::addColumn<float>("value");
-    QTest::addColumn<double>("simulatedHeadroom");
-    for (float v : { -0.5f, 0.0f, 0.18f, 0.5f, 1.0f, 2.0f, 6.0f })
-        QTest::addRow("%.2f", double(v)) << v << 1.0;
-    for (float v : { 0.5f, 2.0f, 3.5f })
-        QTest::addRow("%.2f at simulated 4x", double(v)) << v << 4.0;
-}
-
-void TestEdrViewerWidget::filmicMatchesTheReferenceCurve()
-{
-    QFETCH(float, value);
-    QFETCH(double, simulatedHeadroom);
-    m_viewer->setPictures(uniformPair({ 400, 300 }, 0.25f, value));
-    EdrViewerSettings settings;
-    settings.compareMode = EDRCompareMode::HdrOnly;
-    settings.toneMapMode = SDRToneMapMode::FilmicRollOff;
-    settings.simulatedHeadroom = simulatedHeadroom;
-    m_viewer->updateState(settings);
-    const QImage f = frame();
-    const float input = float(qfloat16(value)) / float(simulatedHeadroom);
-    const float expected = edr::filmicCurve(input);
-    const edr::Rgba c = at(f, 200, 150);
-    QVERIFY2(std::abs(c.r - expected) < 2e-3f, qPrintable(u"%1 vs %2"_s.arg(c.r).arg(expected)));
-}
-
-void TestEdrViewerWidget::hdrDisplayAbove105SkipsToneMapping()
-{
-    EdrViewerSettings settings;
-    settings.compareMode = EDRCompareMode::HdrOnly;
-    settings.toneMapMode = SDRToneMapMode::FilmicRollOff;
-    m_viewer->updateState(settings);
-    displayheadroom::setOverride([] { return 1.05; });
-    QVERIFY(near(at(frame(), 200, 150), { 1, 1, 1 })); // exactly 1.05 is SDR: 2.0 rolls off to 1.0
-    displayheadroom::setOverride([] { return 1.1; });
-    QVERIFY(near(at(frame(), 200, 150), { 2, 2, 2 })); // shown as loaded
-}
-
-void TestEdrViewerWidget::zoomedOutViewsReadAReducedLevel()
-{
-    // A one-pixel checkerboard of 0 and 2 shown at 0.29 of its size must
-    // come out as its average, not as whichever texels happen to be hit.
-    // (The size is no multiple of the view's, so samples fall between texels.)
-    EdrPicturePair pair = uniformPair({ 1400, 1050 }, 0.25f, 0);
-    pair.hdr = picture(1400, 1050, [](int x, int y) { return (x + y) % 2 ? 2.0f : 0.0f; });
-    m_viewer->setPictures(pair);
-    m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
-    const QImage f = frame();
-    for (int y = 5; y < f.height(); y += 37) {
-        for (int x = 3; x < f.width(); x += 41)
-            QVERIFY2(near(at(f, x, y), { 1, 1, 1 }, 0.01f),
-                     qPrintable(u"(%1, %2): "_s.arg(x).arg(y) + show(at(f, x, y))));
-    }
-    // At 5x the level is the picture itself: single texels show again.
-    for (int i = 0; i < 4; ++i)
-        pinch(1.0);
-    const QImage zoomed = frame();
-    float lowest = 2, highest = 0;
-    for (int x = 100; x < 140; ++x) {
-        lowest = std::min(lowest, at(zoomed, x, 150).r);
-        highest = std::max(highest, at(zoomed, x, 150).r);
-    }
-    QVERIFY2(highest - lowest > 1.0f, qPrintable(u"%1 ... %2"_s.arg(lowest).arg(highest)));
-}
-
-void TestEdrViewerWidget::dividerStripsAddUpToTheFullFrame()
-{
-    // A divider drag redraws only the columns it crossed; after a run of
-    // moves the screen must equal a frame drawn in one piece.
-    EdrPicturePair pair = uniformPair({ 400, 300 }, 0, 0);
-    pair.sdr = picture(400, 300, [](int x, int y) { return float((x * 3 + y) % 50) / 50.0f; });
-    pair.hdr = picture(400, 300, [](int x, int y) { return float((x + 2 * y) % 90) / 30.0f; });
-    m_viewer->setPictures(pair);
-    EdrViewerSettings settings;
-    settings.zebraEnabled = true;
-    settings.zebraThreshold = 1.5f;
-    for (double split : { 0.5, 0.52, 0.9, 0.1, 0.33, 0.34, 0.6 }) {
-        settings.splitPosition = split;
-        m_viewer->updateState(settings);
-        m_viewer->surface()->grabFramebuffer(); // draws this step
-    }
-    const QImage stepped = m_viewer->surface()->grabFramebuffer();
-
-    EdrViewer fresh(u"no GL"_s);
-    fresh.resize(m_viewer->size());
-    fresh.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&fresh));
-    QTRY_VERIFY(fresh.surface()->isReady());
-    fresh.setPictures(pair);
-    fresh.updateState(settings);
-    const QImage whole = fresh.surface()->grabFramebuffer();
-    QCOMPARE(stepped.size(), whole.size());
-    QCOMPARE(stepped, whole);
-}
-
-void TestEdrViewerWidget::pannedFramesMatchAFullFrame()
-{
-    // A pan moves what is on screen and draws only the uncovered edges and
-    // the columns at the divider; the result must equal a frame drawn whole.
-    // The reference viewer has stripes on (at a threshold nothing reaches),
-    // which makes it draw every frame in full.
-    EdrPicturePair pair = uniformPair({ 400, 300 }, 0, 0);
-    pair.sdr = picture(400, 300, [](int x, int y) { return float((x * 3 + y) % 50) / 50.0f; });
-    pair.hdr = picture(400, 300, [](int x, int y) { return float((x + 2 * y) % 90) / 60.0f; });
-    const QList<QPoint> path { { 50, 150 }, { 60, 150 },  { 60, 165 }, { 40, 140 },
-                               { 45, 200 }, { 100, 100 }, { 99, 101 } };
-    const auto run = [&](EdrViewer &viewer, bool stripes) {
-        viewer.setPictures(pair);
-        EdrViewerSettings settings;
-        settings.zebraEnabled = stripes;
-        settings.zebraThreshold = 1000.0f;
-        viewer.updateState(settings);
-        QNativeGestureEvent zoom(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
-                                 QPointF(200, 150), QPointF(200, 150),
-                                 viewer.mapToGlobal(QPointF(200, 150)), 1.0, {});
-        QApplication::sendEvent(&viewer, &zoom);
-        viewer.surface()->grabFramebuffer();
-        QTest::mousePress(&viewer, Qt::LeftButton, {}, path.first());
-        for (const QPoint &p : path) {
-            QMouseEvent move(QEvent::MouseMove, p, viewer.mapToGlobal(QPointF(p)), Qt::NoButton,
-                             Qt::LeftButton, {});
-            QApplication::sendEvent(&viewer, &move);
-            if (!stripes)
-                viewer.surface()->grabFramebuffer(); // draws this step
-        }
-        QTest::mouseRelease(&viewer, Qt::LeftButton, {}, path.last());
-        return viewer.surface()->grabFramebuffer();
-    };
-    const QImage stepped = run(*m_viewer, false);
-    QVERIFY(m_viewer->model().panOffset() != QPointF());
-    EdrViewer reference(u"no GL"_s);
-    reference.resize(m_viewer->size());
-    reference.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&reference));
-    QTRY_VERIFY(reference.surface()->isReady());
-    const QImage whole = run(reference, true);
-    QCOMPARE(reference.model().panOffset(), m_viewer->model().panOffset());
-    QCOMPARE(stepped, whole);
-}
-
-void TestEdrViewerWidget::loadsAGeneratedUltraHdrFileInTheBackground()
-{
-    QTemporaryDir dir;
-    const QByteArray sdr = test::encodeSdr(test::makeSdr(160, 120));
-    const UltraHdrEncodeResult encoded
-        = encodeUltraHdr(QByteArrayView(sdr), test::makeHdr(sdr, false));
-    QVERIFY2(encoded.error.isEmpty(), qPrintable(encoded.error));
-    const QString hdrPath = dir.filePath(u"photo.jpg"_s);
-    QFile file(hdrPath);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(encoded.bytes);
-    file.close();
-
-    QSignalSpy loaded(m_viewer.get(), &EdrViewer::picturesLoaded);
-    QSignalSpy uploaded(m_viewer->surface(), &EdrGlSurface::picturesUploaded);
-    pinch(1.0);
-    m_viewer->loadImages(dir.filePath(u"missing-camera.jpg"_s), hdrPath);
-    QVERIFY(m_viewer->isLoading());
-    QTRY_COMPARE(loaded.count(), 1);
-    QCOMPARE(m_viewer->imageSize(), QSizeF(160, 120));
-    QVERIFY(m_viewer->sdrFromHdrFile()); // the camera JPEG is missing: the file's own base
-    QCOMPARE(m_viewer->model().zoomScale(), 1.0); // a new pair starts unzoomed
-    QTRY_COMPARE(uploaded.count(), 1);
-    // The right edge of the HDR side is boosted well above the SDR base there.
-    m_viewer->updateState({ 0.5 });
-    const QImage f = frame();
-    const edr::Rgba sdrSide = at(f, f.width() / 2 - 4, f.height() / 2);
-    const edr::Rgba hdrSide = at(f, f.width() - 60, f.height() / 2);
-    QVERIFY2(hdrSide.r > 2.0f * sdrSide.r, qPrintable(show(hdrSide) + show(sdrSide)));
-}
-
-void TestEdrViewerWidget::previousPairStaysUntilTheNewOneIsReady()
-{
-    QTemporaryDir dir;
-    const QString hdrPath = dir.filePath(u"next.jpg"_s);
-    const QByteArray sdr = test::encodeSdr(test::makeSdr(64, 48));
-    QFile file(hdrPath);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(encodeUltraHdr(QByteArrayView(sdr), test::makeHdr(sdr, false)).bytes);
-    file.close();
-    m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
-    QSignalSpy loaded(m_viewer.get(), &EdrViewer::picturesLoaded);
-    m_viewer->loadImages(QString(), hdrPath);
-    // Decoding runs on the pool; until its result arrives the old pair is drawn.
-    QVERIFY(near(at(frame(), 200, 150), { 2, 2, 2 }));
-    QCOMPARE(m_viewer->imageSize(), QSizeF(400, 300));
-    QTRY_COMPARE(loaded.count(), 1);
-    QCOMPARE(m_viewer->imageSize(), QSizeF(64, 48));
-    QVERIFY(!near(at(frame(), 200, 150), { 2, 2, 2 }));
-}
-
-void TestEdrViewerWidget::pairWithoutHdrFileIsNeverDrawn()
-{
-    QTemporaryDir dir;
-    const QString sdrPath = dir.filePath(u"camera.jpg"_s);
-    QFile file(sdrPath);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(test::encodeSdr(test::makeSdr(64, 48)));
-    file.close();
-    m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
-    QSignalSpy loaded(m_viewer.get(), &EdrViewer::picturesLoaded);
-    m_viewer->loadImages(sdrPath, dir.filePath(u"missing.jpg"_s));
-    QTRY_COMPARE(loaded.count(), 1);
-    QCOMPARE(m_viewer->imageSize(), QSizeF(400, 300));
-    QVERIFY(near(at(frame(), 200, 150), { 2, 2, 2 }));
 }
 
 ORVANTA_TEST_WIDGETS_MAIN(TestEdrViewerWidget)

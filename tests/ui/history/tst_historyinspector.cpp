@@ -14,9 +14,7 @@
 #include "ui/history/InspectorView.h"
 #include "ui/history/QuickPreviewWindow.h"
 
-#include <QApplication>
 #include <QLabel>
-#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QToolButton>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A generated landscape for the compare window's screenshots and bench: a
-// sky with a bright sun and glowing clouds above dark hills, as a camera's
+// A generated landscape for the compare window's screenshots and its bench:
+// a sky with a bright sun and glowing clouds above dark hills, as a camera's
 // SDR JPEG and as the HDR scene the Ultra HDR file should reproduce.
 #pragma once
 
