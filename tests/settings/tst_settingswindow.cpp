@@ -672,12 +672,12 @@ void SettingsWindowTest::importReportsTheCountOrTheReason()
     m_nextFile = QDir::homePath() + u"/incoming.json"_s;
     writeFile(m_nextFile, RecipeService::encode({ existing, fresh, sameName }));
     recipes->importButton()->click();
-    QCOMPARE(recipes->message()->text(), u"Successfully imported 1 recipe(s)!"_s);
+    QCOMPARE(recipes->message()->text(), u"Successfully imported 1 recipe!"_s);
     QCOMPARE(m_model->userRecipes().size(), 2);
     QCOMPARE(recipes->rows().size(), 2);
 
     recipes->importButton()->click();
-    QCOMPARE(recipes->message()->text(), u"Successfully imported 0 recipe(s)!"_s);
+    QCOMPARE(recipes->message()->text(), u"Successfully imported 0 recipes!"_s);
 
     // A file that is not a list of recipes changes nothing.
     const QByteArray before = readAll(RecipeService::shared().primaryPath());
