@@ -443,6 +443,7 @@ void HDRCompareView::placeOverlays()
     m_sdrLabel->move(margin, margin);
     m_hdrLabel->move(area.width() - m_hdrLabel->width() - margin, margin);
     m_notice->move((area.width() - m_notice->width()) / 2, margin + m_sdrLabel->height() + 8);
+    m_readout->adjustSize();
     m_readout->move(margin, area.height() - m_readout->height() - margin);
     if (m_histogram) {
         const QSize size
@@ -451,6 +452,10 @@ void HDRCompareView::placeOverlays()
         m_histogram->move((area.width() - size.width()) / 2,
                           area.height() - size.height() - margin);
         m_histogram->raise();
+        // The read-out stays in its corner unless the histogram is in the
+        // way (a narrow window, a long read-out); then it sits just above.
+        if (!m_histogram->isHidden() && m_readout->geometry().intersects(m_histogram->geometry()))
+            m_readout->move(margin, m_histogram->y() - m_readout->height() - 6);
     }
     for (QLabel *label : { m_sdrLabel, m_hdrLabel, m_notice, m_readout })
         label->raise();
