@@ -515,6 +515,8 @@ constexpr StringEntry kEntries[] = {
     { "recipes_export_failed", "Rezepte konnten nicht exportiert werden: %@" },
     { "recipes_import_failed", "Rezepte konnten nicht importiert werden: %@" },
     { "inspector_peak_value", "+%.2f LW (%.1fx)" },
+    { "history_row_success", "Erfolgreich" },
+    { "history_row_failed", "Fehlgeschlagen" },
     { "inspector_engine_version_unknown", "Nicht verfügbar (Engine nicht gefunden)" },
     { "card_pairs_found#one", "%d Paar gefunden" },
     { "notif_batch_success_body#one", "%d Ultra-HDR-Foto in %.1f s erfolgreich erstellt." },

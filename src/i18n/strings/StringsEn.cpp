@@ -498,6 +498,8 @@ constexpr StringEntry kEntries[] = {
     { "recipes_export_failed", "Failed to export recipes: %@" },
     { "recipes_import_failed", "Failed to import recipes: %@" },
     { "inspector_peak_value", "+%.2f stops (%.1fx)" },
+    { "history_row_success", "Success" },
+    { "history_row_failed", "Failed" },
     { "inspector_engine_version_unknown", "Not available (engine not found)" },
     { "card_pairs_found#one", "%d Pair Found" },
     { "notif_batch_success_body#one", "Successfully delivered %d Ultra HDR photo in %.1fs." },

@@ -516,6 +516,8 @@ constexpr StringEntry kEntries[] = {
     { "recipes_export_failed", "No se pudieron exportar las recetas: %@" },
     { "recipes_import_failed", "No se pudieron importar las recetas: %@" },
     { "inspector_peak_value", "+%.2f pasos (%.1fx)" },
+    { "history_row_success", "Correcta" },
+    { "history_row_failed", "Fallida" },
     { "inspector_engine_version_unknown", "No disponible (motor no encontrado)" },
     { "status_scan_done#one", "Análisis completado: %d pendiente" },
     { "status_all_up_to_date#one",

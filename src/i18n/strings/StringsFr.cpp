@@ -522,6 +522,8 @@ constexpr StringEntry kEntries[] = {
     { "recipes_export_failed", "Échec de l’export des recettes : %@" },
     { "recipes_import_failed", "Échec de l’import des recettes : %@" },
     { "inspector_peak_value", "+%.2f IL (%.1fx)" },
+    { "history_row_success", "Réussie" },
+    { "history_row_failed", "Échec" },
     { "inspector_engine_version_unknown", "Indisponible (moteur introuvable)" },
     { "card_pairs_found#one", "%d paire trouvée" },
     { "notif_batch_success_body#one", "%d photo Ultra HDR livrée avec succès en %.1f s." },

@@ -509,6 +509,8 @@ constexpr StringEntry kEntries[] = {
     { "recipes_export_failed", "レシピを書き出せませんでした：%@" },
     { "recipes_import_failed", "レシピを読み込めませんでした：%@" },
     { "inspector_peak_value", "+%.2f 段（%.1fx）" },
+    { "history_row_success", "成功" },
+    { "history_row_failed", "失敗" },
     { "inspector_engine_version_unknown", "取得できません（エンジンが見つかりません）" },
 };
 } // namespace

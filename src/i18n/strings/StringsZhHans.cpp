@@ -468,6 +468,8 @@ constexpr StringEntry kEntries[] = {
     { "recipes_export_failed", "配方导出失败：%@" },
     { "recipes_import_failed", "配方导入失败：%@" },
     { "inspector_peak_value", "+%.2f 档（%.1fx）" },
+    { "history_row_success", "成功" },
+    { "history_row_failed", "失败" },
     { "inspector_engine_version_unknown", "不可用（未找到引擎）" },
 };
 } // namespace

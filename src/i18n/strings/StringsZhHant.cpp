@@ -470,6 +470,8 @@ constexpr StringEntry kEntries[] = {
     { "recipes_export_failed", "配方匯出失敗：%@" },
     { "recipes_import_failed", "配方匯入失敗：%@" },
     { "inspector_peak_value", "+%.2f 級（%.1fx）" },
+    { "history_row_success", "成功" },
+    { "history_row_failed", "失敗" },
     { "inspector_engine_version_unknown", "無法取得（找不到引擎）" },
 };
 } // namespace

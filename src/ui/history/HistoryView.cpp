@@ -289,8 +289,8 @@ void HistoryView::applyColumnWidths()
             break;
         case HistoryColumn::Kind::Status:
             sizing.natural = fitted(section,
-                                    qMax(cells.horizontalAdvance(m_model.t("filter_success")),
-                                         cells.horizontalAdvance(m_model.t("filter_failed")))
+                                    qMax(cells.horizontalAdvance(m_model.t("history_row_success")),
+                                         cells.horizontalAdvance(m_model.t("history_row_failed")))
                                         + 26 + 12);
             break;
         case HistoryColumn::Kind::Optional:
