@@ -313,6 +313,10 @@ QString MainWindow::chooseFolder(const QString &prompt, const QString &startDir)
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setLabelText(QFileDialog::Accept, prompt);
+    // Qt's own panel (no desktop portal) opens too small for its columns
+    // to show a folder's name, kind and date in German or French.
+    if (const QScreen *shown = screen())
+        dialog.resize(placement::fitted(QSize(880, 560), shown->availableGeometry()));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return QString();
     return dialog.selectedFiles().constFirst();
