@@ -446,8 +446,13 @@ void HDRCompareView::placeOverlays()
     m_readout->adjustSize();
     m_readout->move(margin, area.height() - m_readout->height() - margin);
     if (m_histogram) {
-        const QSize size
-            = m_histogram->sizeHint().boundedTo(area.size() - QSize(2 * margin, 2 * margin));
+        // Wide enough for a long title ("HDR-Dynamikumfang-Histogramm") to
+        // take one or two lines; its height follows the width it gets.
+        const QSize room = area.size() - QSize(2 * margin, 2 * margin);
+        QSize size = m_histogram->sizeHint().expandedTo(QSize(kFloatingHistogramWidth, 0));
+        if (m_histogram->hasHeightForWidth())
+            size.setHeight(m_histogram->heightForWidth(std::min(size.width(), room.width())));
+        size = size.boundedTo(room);
         m_histogram->resize(size);
         m_histogram->move((area.width() - size.width()) / 2,
                           area.height() - size.height() - margin);
