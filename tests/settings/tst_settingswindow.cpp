@@ -193,6 +193,11 @@ void SettingsWindowTest::mainWindowOpensItAndDoneClosesIt()
     auto *window = qobject_cast<SettingsWindow *>(main.settingsDialog());
     QVERIFY(window);
     QTRY_VERIFY(window->isVisible());
+    // On a screen smaller than its design size (the test screen is) it
+    // opens whole, its Done button on the screen.
+    const QRect available = window->screen()->availableGeometry();
+    QVERIFY(window->width() <= available.width() && window->height() <= available.height());
+    QVERIFY(available.contains(window->doneButton()->mapToGlobal(QPoint(2, 2))));
 
     window->doneButton()->click();
     QTRY_VERIFY(!m_model->isShowingSettings());
