@@ -12,6 +12,8 @@
 #include <QThread>
 #include <QTranslator>
 
+#include <algorithm>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -161,23 +163,50 @@ void LocalizationService::setPreferredLanguagesProvider(std::function<QStringLis
     installQtCatalog();
 }
 
+LocalizationService::PluralForm LocalizationService::pluralForm(const QString &languageCode,
+                                                                qint64 count)
+{
+    // Chinese and Japanese do not inflect nouns for number. French treats 0
+    // like 1 ("0 photo"); English, German and Spanish only 1.
+    if (languageCode == u"fr")
+        return count == 0 || count == 1 ? PluralForm::One : PluralForm::Other;
+    if (languageCode == u"en" || languageCode == u"de" || languageCode == u"es")
+        return count == 1 ? PluralForm::One : PluralForm::Other;
+    return PluralForm::Other;
+}
+
 QString LocalizationService::t(QAnyStringView key, const FormatArgs &args) const
 {
     const QString keyString = key.toString();
-    const auto table = m_strings.constFind(effectiveLanguageCode());
     const auto english = m_strings.constFind(u"en"_s);
+    QString code = effectiveLanguageCode();
+    auto table = m_strings.constFind(code);
 
-    auto lookup = [&](auto tableIt) -> const QString * {
+    auto lookup = [&](auto tableIt, const QString &name) -> const QString * {
         if (tableIt == m_strings.cend())
             return nullptr;
-        const auto entry = tableIt->constFind(keyString);
+        const auto entry = tableIt->constFind(name);
         return entry == tableIt->cend() ? nullptr : &entry.value();
     };
-    const QString *found = lookup(table);
+    const QString *found = lookup(table, keyString);
+    if (!found) {
+        table = english;
+        code = u"en"_s;
+        found = lookup(table, keyString);
+    }
     if (!found)
-        found = lookup(english);
-    const QString &text = found ? *found : keyString;
-    return args.isEmpty() ? text : formatPrintf(text, args);
+        return args.isEmpty() ? keyString : formatPrintf(keyString, args);
+    if (args.isEmpty())
+        return *found;
+    // A text about a count may have a singular variant "key#one"; the first
+    // integer argument is the count.
+    const auto count = std::find_if(args.cbegin(), args.cend(),
+                                    [](const FormatArg &arg) { return arg.isInteger(); });
+    if (count != args.cend() && pluralForm(code, count->toInteger()) == PluralForm::One) {
+        if (const QString *singular = lookup(table, keyString + kSingularSuffix))
+            found = singular;
+    }
+    return formatPrintf(*found, args);
 }
 
 QString LocalizationService::rawText(const QString &languageCode, QAnyStringView key) const

@@ -41,8 +41,16 @@ public:
 
     // Text of `key` in the effective language, falling back to English and
     // then to the key itself; formatted only when arguments are given, so a
-    // literal "%" in an argument-less text stays as written.
+    // literal "%" in an argument-less text stays as written. With arguments,
+    // the singular variant is used when the count calls for it.
     QString t(QAnyStringView key, const FormatArgs &args = {}) const;
+
+    // Texts about a count come in two forms where the language needs them:
+    // "key" (general) and "key#one" (singular), picked by the first integer
+    // argument. CLDR's one/other split is all the seven languages need.
+    static constexpr QLatin1StringView kSingularSuffix { "#one" };
+    enum class PluralForm { One, Other };
+    static PluralForm pluralForm(const QString &languageCode, qint64 count);
 
     // Unformatted text of `key` in one table, or a null QString when absent.
     QString rawText(const QString &languageCode, QAnyStringView key) const;

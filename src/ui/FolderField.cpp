@@ -7,6 +7,7 @@
 #include "ui/Theme.h"
 
 #include <QDragEnterEvent>
+#include <QFontMetricsF>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMimeData>
@@ -14,6 +15,8 @@
 #include <QPushButton>
 #include <QStyle>
 #include <QVBoxLayout>
+
+#include <cmath>
 
 namespace orvanta {
 
@@ -37,7 +40,10 @@ void ElidedLabel::setText(const QString &text)
 
 QSize ElidedLabel::sizeHint() const
 {
-    return { fontMetrics().horizontalAdvance(m_text), fontMetrics().height() };
+    // Rounded up: elidedText() works in fractional widths and shortens a
+    // text that is a fraction of a pixel wider than its integer advance.
+    const qreal advance = QFontMetricsF(font()).horizontalAdvance(m_text);
+    return { int(std::ceil(advance)) + 1, fontMetrics().height() };
 }
 
 QSize ElidedLabel::minimumSizeHint() const

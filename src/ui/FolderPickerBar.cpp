@@ -206,8 +206,8 @@ void FolderPickerBar::retranslate()
 
     QString rating = m_model.t("lbl_rating_filter");
     if (rating.endsWith(u':') || rating.endsWith(u'：'))
-        rating.chop(1);
-    m_ratingLabel->setText(rating.toUpper());
+        rating.chop(1); // French leaves its narrow space before the colon
+    m_ratingLabel->setText(rating.trimmed().toUpper());
     m_ratingLabel->setToolTip(m_model.t("lbl_rating_filter_help"));
     m_rating->setToolTip(m_model.t("lbl_rating_filter_help"));
     m_rating->clear();
@@ -218,7 +218,7 @@ void FolderPickerBar::retranslate()
     QString stem = m_model.t("opt_single_stem");
     if (stem.endsWith(u':') || stem.endsWith(u'：'))
         stem.chop(1);
-    m_stemLabel->setText(stem.toUpper());
+    m_stemLabel->setText(stem.trimmed().toUpper());
     m_stem->setPlaceholderText(m_model.t("opt_single_stem_placeholder"));
     // The example must stay readable: the layout gives the field its width.
     m_stem->setMinimumWidth(m_stem->fontMetrics().horizontalAdvance(m_stem->placeholderText())

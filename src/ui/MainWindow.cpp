@@ -22,6 +22,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMimeData>
+#include <QScreen>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QSplitter>
@@ -29,9 +30,24 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// A scroll area sizes a body whose layout wraps text to its preferred
+// height and would scroll long before the content is really short of room;
+// asking for the minimum makes it fill the window and scroll only below it.
+class WindowBody : public QWidget
+{
+public:
+    int heightForWidth(int) const override { return minimumSizeHint().height(); }
+};
+
+} // namespace
 
 MainWindow::MainWindow(AppViewModel &model, QWidget *parent)
     : QMainWindow(parent)
@@ -78,18 +94,30 @@ MainWindow::MainWindow(AppViewModel &model, QWidget *parent)
     m_drawerSplitter->setStretchFactor(1, 0);
     m_drawerSplitter->setSizes({ kDefaultHeight, kConsoleDefaultHeight });
 
-    auto *content = new QVBoxLayout;
+    // On a small screen (a laptop at 150 % or 200 %) the window may be
+    // smaller than its content needs: the body then scrolls as a whole
+    // instead of its parts being pressed into each other.
+    auto *body = new WindowBody;
+    body->setObjectName(u"mainBody"_s);
+    auto *content = new QVBoxLayout(body);
     content->setContentsMargins(16, 4, 16, 10);
     content->setSpacing(10);
     content->addWidget(m_folderBar);
     content->addWidget(buildTabRow());
     content->addWidget(m_drawerSplitter, 1);
+    m_bodyScroll = new QScrollArea(central);
+    m_bodyScroll->setObjectName(u"mainBodyScroll"_s);
+    m_bodyScroll->setWidget(body);
+    m_bodyScroll->setWidgetResizable(true);
+    m_bodyScroll->setFrameShape(QFrame::NoFrame);
+    m_bodyScroll->viewport()->setAutoFillBackground(false);
+    body->setAutoFillBackground(false);
 
     auto *layout = new QVBoxLayout(central);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_header);
-    layout->addLayout(content, 1);
+    layout->addWidget(m_bodyScroll, 1);
     layout->addWidget(buildFooter());
     setCentralWidget(central);
 
@@ -285,6 +313,10 @@ QString MainWindow::chooseFolder(const QString &prompt, const QString &startDir)
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setLabelText(QFileDialog::Accept, prompt);
+    // Qt's own panel (no desktop portal) opens too small for its columns
+    // to show a folder's name, kind and date in German or French.
+    if (const QScreen *shown = screen())
+        dialog.resize(placement::fitted(QSize(880, 560), shown->availableGeometry()));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return QString();
     return dialog.selectedFiles().constFirst();
@@ -373,7 +405,36 @@ void MainWindow::updateConsoleDrawer()
 {
     const bool expanded = m_model.isConsoleDrawerExpanded();
     m_consoleToggle->setChecked(expanded);
+    if (expanded && !m_console->isVisible())
+        makeRoomForConsole();
     m_console->setVisible(expanded);
+}
+
+// Opening the drawer must not press the live card into a small scroll
+// area: the window grows by what the card would lose, as far as the screen
+// allows, and the drawer settles for less where the screen is full.
+void MainWindow::makeRoomForConsole()
+{
+    if (!isVisible())
+        return;
+    const int pages = m_pages->height();
+    const int need = std::max(m_progressCard->sizeHint().height(), kPageMinimumHeight);
+    int console = kConsoleDefaultHeight;
+    int shortBy = need + m_drawerSplitter->handleWidth() + console - pages;
+    if (shortBy > 0 && !isMaximized() && !isFullScreen() && screen()) {
+        const QRect available = screen()->availableGeometry();
+        const QRect frame = frameGeometry();
+        const int grow = std::clamp(available.height() - frame.height(), 0, shortBy);
+        if (grow > 0) {
+            const int top = std::min(frame.top(), available.bottom() - frame.height() - grow);
+            resize(width(), height() + grow);
+            move(x(), y() + std::max(available.top(), top) - frame.top());
+            shortBy -= grow;
+        }
+    }
+    if (shortBy > 0)
+        console = std::max(kConsoleMinimumHeight, console - shortBy);
+    m_drawerSplitter->setSizes({ std::max(need, pages - console), console });
 }
 
 void MainWindow::updateFooter()

@@ -16,6 +16,7 @@
 #include <functional>
 
 class QLabel;
+class QScrollArea;
 class QSplitter;
 class QStackedWidget;
 class QToolButton;
@@ -88,6 +89,7 @@ private:
     void retranslate();
     void updateTabs();
     void updateConsoleDrawer();
+    void makeRoomForConsole();
     void updateFooter();
     void updateHistoryPlaceholder();
     void updateSettingsPresentation();
@@ -102,6 +104,7 @@ private:
     QToolButton *m_consoleToggle = nullptr;
     QStackedWidget *m_pages = nullptr;
     QSplitter *m_drawerSplitter = nullptr;
+    QScrollArea *m_bodyScroll = nullptr;
     TaskProgressCard *m_progressCard = nullptr;
     QWidget *m_historyPage = nullptr;
     QLabel *m_historyPlaceholder = nullptr;

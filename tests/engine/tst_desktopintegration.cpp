@@ -96,7 +96,7 @@ void TestDesktopIntegration::soundCanBeSwitchedOff()
     QVERIFY(!hints.contains(u"sound-name"_s));
     QCOMPARE(hints.value(u"suppress-sound"_s).toBool(), true);
     QCOMPARE(desktop.notifications.received.first().body,
-             u"Successfully delivered 1 Ultra HDR photos in 2.4s."_s);
+             u"Successfully delivered 1 Ultra HDR photo in 2.4s."_s);
 }
 
 void TestDesktopIntegration::actionOpensTheDeliveryFolderOnlyIfItExists()

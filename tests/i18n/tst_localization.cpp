@@ -42,6 +42,7 @@ private Q_SLOTS:
 
     void everyTableHasExactlyTheEnglishKeys();
     void everyTranslationTakesTheSameArgumentsInTheSameOrder();
+    void countsTakeTheLanguagesNumber();
     void sharedTextsAreIdenticalInEveryTable();
     void translationsAreNotEnglishCopies();
 
@@ -138,7 +139,7 @@ void LocalizationTest::argumentlessTextsKeepTheirPercentSigns()
     QCOMPARE(service().t("card_progress_ratio"), QStringLiteral("[%d / %d]  %d%%"));
     QCOMPARE(service().t("card_progress_ratio", { 3, 10, 30 }), QStringLiteral("[3 / 10]  30%"));
     QCOMPARE(service().t("inspector_faces_count", { 2 }),
-             QStringLiteral("2 face(s) (40% skin damping)"));
+             QStringLiteral("2 faces (40% skin damping)"));
 }
 
 void LocalizationTest::displayNamesAreTheSameInEveryLanguage()
@@ -151,34 +152,92 @@ void LocalizationTest::displayNamesAreTheSameInEveryLanguage()
 
 void LocalizationTest::everyTableHasExactlyTheEnglishKeys()
 {
-    QStringList english = service().keys(QStringLiteral("en"));
-    english.sort();
-    // What matters here is that every table carries exactly this set.
+    // Singular variants ("key#one") are where a language needs them, and
+    // only in languages that inflect for number; every other key is in
+    // every table.
+    const auto split = [this](const QString &code) {
+        QStringList keys = service().keys(code);
+        QStringList singulars;
+        keys.removeIf([&singulars](const QString &key) {
+            const bool singular = key.endsWith(LocalizationService::kSingularSuffix);
+            if (singular)
+                singulars << key.chopped(LocalizationService::kSingularSuffix.size());
+            return singular;
+        });
+        keys.sort();
+        return std::pair { keys, singulars };
+    };
+    const QStringList english = split(QStringLiteral("en")).first;
     QVERIFY(english.size() >= 300);
     for (const QString &code : LocalizationService::tableCodes()) {
-        QStringList keys = service().keys(code);
-        keys.sort();
+        const auto [keys, singulars] = split(code);
         QVERIFY2(keys == english, qPrintable(code));
-        for (const QString &key : keys)
+        const bool inflects
+            = LocalizationService::pluralForm(code, 1) == LocalizationService::PluralForm::One;
+        QVERIFY2(inflects || singulars.isEmpty(), qPrintable(code));
+        for (const QString &base : singulars)
+            QVERIFY2(english.contains(base), qPrintable(code + u' ' + base));
+        for (const QString &key : service().keys(code))
             QVERIFY2(!service().rawText(code, key).isEmpty(), qPrintable(code + u' ' + key));
     }
 }
 
 void LocalizationTest::everyTranslationTakesTheSameArgumentsInTheSameOrder()
 {
-    for (const QString &key : service().keys(QStringLiteral("en"))) {
-        QStringList expected = printfDirectives(service().rawText(QStringLiteral("en"), key));
-        const int real = kAccidentalDirectives.value(key, -1);
-        if (real >= 0)
-            expected = expected.mid(0, real);
-        for (const QString &code : LocalizationService::tableCodes()) {
-            QStringList actual = printfDirectives(service().rawText(code, key));
-            if (real >= 0)
-                actual = actual.mid(0, real);
+    // Singular variants take the arguments of their general text.
+    for (const QString &code : LocalizationService::tableCodes()) {
+        for (const QString &key : service().keys(code)) {
+            const QString base = key.endsWith(LocalizationService::kSingularSuffix)
+                ? key.chopped(LocalizationService::kSingularSuffix.size())
+                : key;
+            const qsizetype real = kAccidentalDirectives.value(base, -1);
+            QStringList expected
+                = printfDirectives(service().rawText(QStringLiteral("en"), base)).mid(0, real);
+            QStringList actual = printfDirectives(service().rawText(code, key)).mid(0, real);
             QVERIFY2(actual == expected,
                      qPrintable(code + u' ' + key + u": " + actual.join(u',') + u" vs "
                                 + expected.join(u',')));
         }
+    }
+}
+
+void LocalizationTest::countsTakeTheLanguagesNumber()
+{
+    using namespace Qt::StringLiterals;
+    struct Case
+    {
+        AppLanguage language;
+        const char *key;
+        FormatArgs args;
+        QString shown;
+    };
+    const Case cases[] = {
+        { AppLanguage::English, "card_pairs_found", { 1 }, u"1 Pair Found"_s },
+        { AppLanguage::English, "card_pairs_found", { 0 }, u"0 Pairs Found"_s },
+        { AppLanguage::English, "history_all_loaded", { 2 }, u"All 2 photos loaded"_s },
+        { AppLanguage::German, "drop_success_photos", { 1, u"a"_s }, u"1 Foto geladen: a"_s },
+        { AppLanguage::German, "drop_success_photos", { 21, u"a"_s }, u"21 Fotos geladen: a"_s },
+        // French takes the singular for 0 too.
+        { AppLanguage::French, "batch_selected_count", { 0 }, u"0 sélectionnée"_s },
+        { AppLanguage::French, "batch_selected_count", { 2 }, u"2 sélectionnées"_s },
+        { AppLanguage::Spanish,
+          "history_delete_confirm_title",
+          { 1 },
+          u"¿Eliminar 1 registro del historial?"_s },
+        { AppLanguage::Spanish,
+          "history_delete_confirm_title",
+          { 0 },
+          u"¿Eliminar 0 registros del historial?"_s },
+        // The count need not come first: the first integer argument is it.
+        { AppLanguage::English,
+          "inspector_gainmap_detail",
+          { u"ISO"_s, u"0"_s, 0.0, 1.0, 1 },
+          u"ISO v0 · 0.00 to 1.00 stops · 1 channel"_s },
+        { AppLanguage::Japanese, "history_all_loaded", { 1 }, u"全 1 枚の写真を読み込みました"_s },
+    };
+    for (const Case &c : cases) {
+        service().setCurrentLanguage(c.language);
+        QCOMPARE(service().t(c.key, c.args), c.shown);
     }
 }
 

@@ -126,6 +126,19 @@ void MainWindowTest::opensAsTheNamedMainWindow()
     QVERIFY(m_window->minimumSizeHint().height() <= available.height() - 48);
     QVERIFY(m_window->minimumSizeHint().width() <= available.width());
     QCOMPARE(m_window->windowTitle(), u"Orvanta"_s);
+
+    // A laptop at 200 % (960x540 points): the window is bounded below its
+    // content's minimum, so the body scrolls instead of its parts being
+    // pressed into each other.
+    m_window->setMinimumSize(1, 1);
+    m_window->resize(944, 492);
+    QTRY_COMPARE(m_window->size(), QSize(944, 492));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    const auto rectOf
+        = [this](const QWidget *w) { return QRect(w->mapTo(m_window, QPoint()), w->size()); };
+    QVERIFY(m_window->folderBar()->height() >= m_window->folderBar()->minimumSizeHint().height());
+    QVERIFY(!rectOf(m_window->folderBar()).intersects(rectOf(m_window->consoleToggle())));
+    QVERIFY(!rectOf(m_window->consoleToggle()).intersects(rectOf(m_window->console())));
 }
 
 void MainWindowTest::dropOnTheWindowAppliesTheRules_data()
@@ -145,16 +158,16 @@ void MainWindowTest::dropOnTheWindowAppliesTheRules_data()
         << u"Loaded source folder: Lofoten"_s << u"📥 Loaded source folder: %1/Lofoten"_s;
     QTest::newRow("RAW and JPG of one shot give one stem")
         << QStringList { u"shots/A.ARW"_s, u"shots/A.JPG"_s, u"shots/B.JPG"_s } << u"shots"_s
-        << u"A, B"_s << u"Loaded 2 photo(s): A, B"_s << u"📥 Loaded 2 photo(s): A, B"_s;
+        << u"A, B"_s << u"Loaded 2 photos: A, B"_s << u"📥 Loaded 2 photos: A, B"_s;
     QTest::newRow("only the last extension is removed")
         << QStringList { u"x.tar.gz"_s } << QString(u"."_s) << u"x.tar"_s
-        << u"Loaded 1 photo(s): x.tar"_s << u"📥 Loaded 1 photo(s): x.tar"_s;
+        << u"Loaded 1 photo: x.tar"_s << u"📥 Loaded 1 photo: x.tar"_s;
     QTest::newRow("any existing file counts, extension or not")
         << QStringList { u"notes"_s, u"shots/B.JPG"_s } << QString(u"."_s) << u"notes, B"_s
-        << u"Loaded 2 photo(s): notes, B"_s << u"📥 Loaded 2 photo(s): notes, B"_s;
+        << u"Loaded 2 photos: notes, B"_s << u"📥 Loaded 2 photos: notes, B"_s;
     QTest::newRow("missing paths are skipped")
         << QStringList { u"gone/C.ARW"_s, u"shots/B.JPG"_s } << u"shots"_s << u"B"_s
-        << u"Loaded 1 photo(s): B"_s << u"📥 Loaded 1 photo(s): B"_s;
+        << u"Loaded 1 photo: B"_s << u"📥 Loaded 1 photo: B"_s;
     QTest::newRow("only missing paths: nothing happens")
         << QStringList { u"gone/"_s, u"gone/D.JPG"_s } << QString() << QString() << QString()
         << QString();

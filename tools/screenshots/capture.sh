@@ -105,11 +105,19 @@ for lang in $langs; do
   settle 3
   xdotool windowactivate --sync "$compare" key --clearmodifiers h
   settle 4
-  window_shot "$compare" "$work/compare.png"
-  # Put the compare window where it sits on the screen, over the desktop.
+  # Zoomed in (Ctrl+wheel) with the pointer on the photo, the pixel read-out
+  # shows too: it has to keep clear of the histogram.
   # (xwininfo gives the client area's place on the root, inside the frame).
   x=$(xwininfo -id "$compare" | awk '/Absolute upper-left X/ {print $4}')
   y=$(xwininfo -id "$compare" | awk '/Absolute upper-left Y/ {print $4}')
+  w=$(xwininfo -id "$compare" | awk '/Width:/ {print $2}')
+  h=$(xwininfo -id "$compare" | awk '/Height:/ {print $2}')
+  xdotool mousemove $((x + w / 2 + 60)) $((y + h / 2))
+  for _ in 1 2 3 4 5 6; do xdotool keydown ctrl click 4 keyup ctrl; sleep 0.2; done
+  xdotool mousemove_relative 4 4
+  settle 2
+  window_shot "$compare" "$work/compare.png"
+  # Put the compare window where it sits on the screen, over the desktop.
   root_shot "$work/root.png"
   convert "$work/root.png" "$work/compare.png" -geometry "+$x+$y" -composite "$out/compare-$lang.png"
   kill "$app"

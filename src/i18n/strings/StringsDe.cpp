@@ -259,7 +259,7 @@ constexpr StringEntry kEntries[] = {
     { "drop_overlay_subtitle",
       "RAW/JPG-Ordner oder ausgewählte Fotodateien zum Laden hier ablegen" },
     { "drop_success_folder", "Quellordner geladen: %@" },
-    { "drop_success_photos", "%d Foto(s) geladen: %@" },
+    { "drop_success_photos", "%d Fotos geladen: %@" },
 
     // filters
     { "filter_all", "Alle" },
@@ -387,7 +387,7 @@ constexpr StringEntry kEntries[] = {
     { "recipes_delete", "Löschen" },
     { "recipes_export_all", "Rezepte exportieren..." },
     { "recipes_import", "Rezepte importieren..." },
-    { "recipes_imported_success", "%d Rezept(e) erfolgreich importiert!" },
+    { "recipes_imported_success", "%d Rezepte erfolgreich importiert!" },
     { "recipes_btn_save", "Speichern" },
     { "recipes_btn_cancel", "Abbrechen" },
 
@@ -418,7 +418,7 @@ constexpr StringEntry kEntries[] = {
     { "inspector_peak_stops", "Maximaler Dynamikspielraum" },
     { "inspector_gainmap_spec", "Gain-Map-Standard" },
     { "inspector_faces_detected", "Erkannte Gesichter" },
-    { "inspector_faces_count", "%d Gesicht(er) (40 % Hautschutz)" },
+    { "inspector_faces_count", "%d Gesichter (40 % Hautschutz)" },
     { "inspector_faces_none", "Keine (volle Dynamikanhebung)" },
     { "inspector_bayer_clip", "Clipping-Rate des Bayer-Sensors" },
     { "inspector_engine_version", "Algorithmus-Engine" },
@@ -456,7 +456,7 @@ constexpr StringEntry kEntries[] = {
     { "share_copy_path", "Dateipfad kopieren" },
     { "share_open_default", "In Standardanwendung öffnen" },
     { "inspector_gainmap_none", "Keine Gain Map in dieser Datei" },
-    { "inspector_gainmap_detail", "%@ v%@ · %.2f bis %.2f LW · %d Kanal/Kanäle" },
+    { "inspector_gainmap_detail", "%@ v%@ · %.2f bis %.2f LW · %d Kanäle" },
     { "inspector_display_hdr", "HDR-Display (%.1fx)" },
     { "inspector_display_sdr", "Standard-SDR (1.0x)" },
 
@@ -510,6 +510,22 @@ constexpr StringEntry kEntries[] = {
     { "log_engine_missing_start",
       "Start nicht möglich: keine Engine unter %@. Installieren Sie orvanta_engine oder setzen Sie "
       "ORVANTA_BIN auf ihren Pfad." },
+    // recipe messages, engine version, singular forms of counts
+    { "recipes_exported_success", "Rezepte erfolgreich exportiert!" },
+    { "recipes_export_failed", "Rezepte konnten nicht exportiert werden: %@" },
+    { "recipes_import_failed", "Rezepte konnten nicht importiert werden: %@" },
+    { "inspector_peak_value", "+%.2f LW (%.1fx)" },
+    { "history_row_success", "Erfolgreich" },
+    { "history_row_failed", "Fehlgeschlagen" },
+    { "inspector_engine_version_unknown", "Nicht verfügbar (Engine nicht gefunden)" },
+    { "card_pairs_found#one", "%d Paar gefunden" },
+    { "notif_batch_success_body#one", "%d Ultra-HDR-Foto in %.1f s erfolgreich erstellt." },
+    { "history_all_loaded#one", "%d Foto geladen" },
+    { "drop_success_photos#one", "%d Foto geladen: %@" },
+    { "recipes_imported_success#one", "%d Rezept erfolgreich importiert!" },
+    { "inspector_faces_count#one", "%d Gesicht (40 % Hautschutz)" },
+    { "history_delete_confirm_title#one", "%d Eintrag aus dem Verlauf löschen?" },
+    { "inspector_gainmap_detail#one", "%@ v%@ · %.2f bis %.2f LW · %d Kanal" },
 };
 } // namespace
 

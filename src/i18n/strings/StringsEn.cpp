@@ -249,7 +249,7 @@ constexpr StringEntry kEntries[] = {
     { "drop_overlay_title", "Drop Photos or Folders Here" },
     { "drop_overlay_subtitle", "Drop RAW/JPG folders or selected photo files to load" },
     { "drop_success_folder", "Loaded source folder: %@" },
-    { "drop_success_photos", "Loaded %d photo(s): %@" },
+    { "drop_success_photos", "Loaded %d photos: %@" },
 
     // filters
     { "filter_all", "All" },
@@ -373,7 +373,7 @@ constexpr StringEntry kEntries[] = {
     { "recipes_delete", "Delete" },
     { "recipes_export_all", "Export Recipes..." },
     { "recipes_import", "Import Recipes..." },
-    { "recipes_imported_success", "Successfully imported %d recipe(s)!" },
+    { "recipes_imported_success", "Successfully imported %d recipes!" },
     { "recipes_btn_save", "Save" },
     { "recipes_btn_cancel", "Cancel" },
 
@@ -404,7 +404,7 @@ constexpr StringEntry kEntries[] = {
     { "inspector_peak_stops", "Peak Dynamic Headroom" },
     { "inspector_gainmap_spec", "Gain Map Standard" },
     { "inspector_faces_detected", "Faces Detected" },
-    { "inspector_faces_count", "%d face(s) (40% skin damping)" },
+    { "inspector_faces_count", "%d faces (40% skin damping)" },
     { "inspector_faces_none", "None (Full dynamic boost)" },
     { "inspector_bayer_clip", "Bayer Sensor Clip Rate" },
     { "inspector_engine_version", "Algorithm Engine" },
@@ -442,7 +442,7 @@ constexpr StringEntry kEntries[] = {
     { "share_copy_path", "Copy File Path" },
     { "share_open_default", "Open in Default Application" },
     { "inspector_gainmap_none", "No gain map in this file" },
-    { "inspector_gainmap_detail", "%@ v%@ · %.2f to %.2f stops · %d channel(s)" },
+    { "inspector_gainmap_detail", "%@ v%@ · %.2f to %.2f stops · %d channels" },
     { "inspector_display_hdr", "HDR display (%.1fx)" },
     { "inspector_display_sdr", "Standard SDR (1.0x)" },
 
@@ -493,6 +493,22 @@ constexpr StringEntry kEntries[] = {
     { "env_missing_libraries", "Missing libraries: %@" },
     { "log_engine_missing_start",
       "Cannot start: no engine at %@. Install orvanta_engine or set ORVANTA_BIN to its path." },
+    // recipe messages, engine version, singular forms of counts
+    { "recipes_exported_success", "Recipes exported successfully!" },
+    { "recipes_export_failed", "Failed to export recipes: %@" },
+    { "recipes_import_failed", "Failed to import recipes: %@" },
+    { "inspector_peak_value", "+%.2f stops (%.1fx)" },
+    { "history_row_success", "Success" },
+    { "history_row_failed", "Failed" },
+    { "inspector_engine_version_unknown", "Not available (engine not found)" },
+    { "card_pairs_found#one", "%d Pair Found" },
+    { "notif_batch_success_body#one", "Successfully delivered %d Ultra HDR photo in %.1fs." },
+    { "history_all_loaded#one", "%d photo loaded" },
+    { "drop_success_photos#one", "Loaded %d photo: %@" },
+    { "recipes_imported_success#one", "Successfully imported %d recipe!" },
+    { "inspector_faces_count#one", "%d face (40% skin damping)" },
+    { "history_delete_confirm_title#one", "Delete %d record from the history?" },
+    { "inspector_gainmap_detail#one", "%@ v%@ · %.2f to %.2f stops · %d channel" },
 };
 } // namespace
 

@@ -257,7 +257,7 @@ constexpr StringEntry kEntries[] = {
     { "drop_overlay_subtitle",
       "Suelta carpetas RAW/JPG o archivos de foto seleccionados para cargarlos" },
     { "drop_success_folder", "Carpeta de origen cargada: %@" },
-    { "drop_success_photos", "%d foto(s) cargada(s): %@" },
+    { "drop_success_photos", "%d fotos cargadas: %@" },
 
     // filters
     { "filter_all", "Todas" },
@@ -388,7 +388,7 @@ constexpr StringEntry kEntries[] = {
     { "recipes_delete", "Eliminar" },
     { "recipes_export_all", "Exportar recetas..." },
     { "recipes_import", "Importar recetas..." },
-    { "recipes_imported_success", "¡Se importaron correctamente %d receta(s)!" },
+    { "recipes_imported_success", "¡Se importaron correctamente %d recetas!" },
     { "recipes_btn_save", "Guardar" },
     { "recipes_btn_cancel", "Cancelar" },
 
@@ -419,7 +419,7 @@ constexpr StringEntry kEntries[] = {
     { "inspector_peak_stops", "Margen dinámico máximo" },
     { "inspector_gainmap_spec", "Estándar del mapa de ganancia" },
     { "inspector_faces_detected", "Rostros detectados" },
-    { "inspector_faces_count", "%d rostro(s) (atenuación de piel del 40 %)" },
+    { "inspector_faces_count", "%d rostros (atenuación de piel del 40 %)" },
     { "inspector_faces_none", "Ninguno (realce dinámico completo)" },
     { "inspector_bayer_clip", "Tasa de recorte del sensor Bayer" },
     { "inspector_engine_version", "Motor de algoritmos" },
@@ -441,7 +441,7 @@ constexpr StringEntry kEntries[] = {
     { "col_actions", "Acciones" },
 
     // selection
-    { "batch_selected_count", "%d seleccionada(s)" },
+    { "batch_selected_count", "%d seleccionadas" },
 
     // histogram
     { "hist_title", "Histograma de rango dinámico HDR" },
@@ -457,7 +457,7 @@ constexpr StringEntry kEntries[] = {
     { "share_copy_path", "Copiar ruta del archivo" },
     { "share_open_default", "Abrir en la aplicación predeterminada" },
     { "inspector_gainmap_none", "Este archivo no tiene mapa de ganancia" },
-    { "inspector_gainmap_detail", "%@ v%@ · %.2f a %.2f pasos · %d canal(es)" },
+    { "inspector_gainmap_detail", "%@ v%@ · %.2f a %.2f pasos · %d canales" },
     { "inspector_display_hdr", "Pantalla HDR (%.1fx)" },
     { "inspector_display_sdr", "SDR estándar (1.0x)" },
 
@@ -511,6 +511,27 @@ constexpr StringEntry kEntries[] = {
     { "log_engine_missing_start",
       "No se puede iniciar: no hay ningún motor en %@. Instale orvanta_engine o indique su ruta en "
       "ORVANTA_BIN." },
+    // recipe messages, engine version, singular forms of counts
+    { "recipes_exported_success", "¡Recetas exportadas correctamente!" },
+    { "recipes_export_failed", "No se pudieron exportar las recetas: %@" },
+    { "recipes_import_failed", "No se pudieron importar las recetas: %@" },
+    { "inspector_peak_value", "+%.2f pasos (%.1fx)" },
+    { "history_row_success", "Correcta" },
+    { "history_row_failed", "Fallida" },
+    { "inspector_engine_version_unknown", "No disponible (motor no encontrado)" },
+    { "status_scan_done#one", "Análisis completado: %d pendiente" },
+    { "status_all_up_to_date#one",
+      "Todas las fotos ya están actualizadas (%d omitida, ningún archivo pendiente)" },
+    { "card_pairs_found#one", "%d par encontrado" },
+    { "notif_batch_success_body#one", "Se entregó correctamente %d foto Ultra HDR en %.1f s." },
+    { "notif_batch_failed_body#one", "%d correcta, %d con errores." },
+    { "history_all_loaded#one", "%d foto cargada" },
+    { "drop_success_photos#one", "%d foto cargada: %@" },
+    { "recipes_imported_success#one", "¡Se importó correctamente %d receta!" },
+    { "inspector_faces_count#one", "%d rostro (atenuación de piel del 40 %)" },
+    { "batch_selected_count#one", "%d seleccionada" },
+    { "history_delete_confirm_title#one", "¿Eliminar %d registro del historial?" },
+    { "inspector_gainmap_detail#one", "%@ v%@ · %.2f a %.2f pasos · %d canal" },
 };
 } // namespace
 

@@ -24,7 +24,7 @@ constexpr StringEntry kEntries[] = {
     { "status_item_failed", "Échec [%d/%d] %@" },
     { "status_batch_completed", "Lot terminé (réussites : %d, échecs : %d)" },
     { "status_all_up_to_date",
-      "Toutes les photos sont déjà à jour (%d ignorée(s), aucun fichier en attente)" },
+      "Toutes les photos sont déjà à jour (%d ignorées, aucun fichier en attente)" },
     { "status_cancelled", "Annulé par l'utilisateur" },
     { "status_cancelling", "Arrêt en cours..." },
     { "status_dryrun_completed",
@@ -42,7 +42,7 @@ constexpr StringEntry kEntries[] = {
     { "notif_batch_completed_title", "Traitement par lot terminé" },
     { "notif_action_open_folder", "Afficher dans le gestionnaire de fichiers" },
     { "notif_batch_success_body", "%d photos Ultra HDR livrées avec succès en %.1f s." },
-    { "notif_batch_failed_body", "%d réussie(s), %d en échec." },
+    { "notif_batch_failed_body", "%d réussies, %d en échec." },
 
     // folder bar
     { "folder_source_title", "Dossier source" },
@@ -261,7 +261,7 @@ constexpr StringEntry kEntries[] = {
     { "drop_overlay_subtitle",
       "Déposez des dossiers RAW/JPG ou des fichiers photo sélectionnés pour les charger" },
     { "drop_success_folder", "Dossier source chargé : %@" },
-    { "drop_success_photos", "%d photo(s) chargée(s) : %@" },
+    { "drop_success_photos", "%d photos chargées : %@" },
 
     // filters
     { "filter_all", "Toutes" },
@@ -392,7 +392,7 @@ constexpr StringEntry kEntries[] = {
     { "recipes_delete", "Supprimer" },
     { "recipes_export_all", "Exporter les recettes..." },
     { "recipes_import", "Importer des recettes..." },
-    { "recipes_imported_success", "%d recette(s) importée(s) avec succès !" },
+    { "recipes_imported_success", "%d recettes importées avec succès !" },
     { "recipes_btn_save", "Enregistrer" },
     { "recipes_btn_cancel", "Annuler" },
 
@@ -423,7 +423,7 @@ constexpr StringEntry kEntries[] = {
     { "inspector_peak_stops", "Marge dynamique maximale" },
     { "inspector_gainmap_spec", "Norme de carte de gain" },
     { "inspector_faces_detected", "Visages détectés" },
-    { "inspector_faces_count", "%d visage(s) (atténuation de la peau : 40 %)" },
+    { "inspector_faces_count", "%d visages (atténuation de la peau : 40 %)" },
     { "inspector_faces_none", "Aucun (amplification dynamique complète)" },
     { "inspector_bayer_clip", "Taux d'écrêtage du capteur Bayer" },
     { "inspector_engine_version", "Moteur algorithmique" },
@@ -445,7 +445,7 @@ constexpr StringEntry kEntries[] = {
     { "col_actions", "Actions" },
 
     // selection
-    { "batch_selected_count", "%d sélectionnée(s)" },
+    { "batch_selected_count", "%d sélectionnées" },
 
     // histogram
     { "hist_title", "Histogramme de plage dynamique HDR" },
@@ -462,7 +462,7 @@ constexpr StringEntry kEntries[] = {
     { "share_copy_path", "Copier le chemin du fichier" },
     { "share_open_default", "Ouvrir dans l'application par défaut" },
     { "inspector_gainmap_none", "Aucune carte de gain dans ce fichier" },
-    { "inspector_gainmap_detail", "%@ v%@ · %.2f à %.2f IL · %d canal/canaux" },
+    { "inspector_gainmap_detail", "%@ v%@ · %.2f à %.2f IL · %d canaux" },
     { "inspector_display_hdr", "Écran HDR (%.1fx)" },
     { "inspector_display_sdr", "SDR standard (1.0x)" },
 
@@ -517,6 +517,26 @@ constexpr StringEntry kEntries[] = {
     { "log_engine_missing_start",
       "Démarrage impossible : aucun moteur à l’emplacement %@. Installez orvanta_engine ou "
       "indiquez son chemin dans ORVANTA_BIN." },
+    // recipe messages, engine version, singular forms of counts
+    { "recipes_exported_success", "Recettes exportées avec succès !" },
+    { "recipes_export_failed", "Échec de l’export des recettes : %@" },
+    { "recipes_import_failed", "Échec de l’import des recettes : %@" },
+    { "inspector_peak_value", "+%.2f IL (%.1fx)" },
+    { "history_row_success", "Réussie" },
+    { "history_row_failed", "Échec" },
+    { "inspector_engine_version_unknown", "Indisponible (moteur introuvable)" },
+    { "card_pairs_found#one", "%d paire trouvée" },
+    { "notif_batch_success_body#one", "%d photo Ultra HDR livrée avec succès en %.1f s." },
+    { "notif_batch_failed_body#one", "%d réussie, %d en échec." },
+    { "status_all_up_to_date#one",
+      "Toutes les photos sont déjà à jour (%d ignorée, aucun fichier en attente)" },
+    { "history_all_loaded#one", "%d photo chargée" },
+    { "drop_success_photos#one", "%d photo chargée : %@" },
+    { "recipes_imported_success#one", "%d recette importée avec succès !" },
+    { "inspector_faces_count#one", "%d visage (atténuation de la peau : 40 %)" },
+    { "batch_selected_count#one", "%d sélectionnée" },
+    { "history_delete_confirm_title#one", "Supprimer %d entrée de l'historique ?" },
+    { "inspector_gainmap_detail#one", "%@ v%@ · %.2f à %.2f IL · %d canal" },
 };
 } // namespace
 

@@ -504,6 +504,14 @@ constexpr StringEntry kEntries[] = {
     { "log_engine_missing_start",
       "開始できません：%@ にエンジンがありません。orvanta_engine をインストールするか、ORVANTA_BIN "
       "にパスを設定してください。" },
+    // recipe messages, engine version, singular forms of counts
+    { "recipes_exported_success", "レシピを書き出しました！" },
+    { "recipes_export_failed", "レシピを書き出せませんでした：%@" },
+    { "recipes_import_failed", "レシピを読み込めませんでした：%@" },
+    { "inspector_peak_value", "+%.2f 段（%.1fx）" },
+    { "history_row_success", "成功" },
+    { "history_row_failed", "失敗" },
+    { "inspector_engine_version_unknown", "取得できません（エンジンが見つかりません）" },
 };
 } // namespace
 

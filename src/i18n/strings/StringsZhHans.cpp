@@ -463,6 +463,14 @@ constexpr StringEntry kEntries[] = {
     { "env_missing_libraries", "缺少的库：%@" },
     { "log_engine_missing_start",
       "无法开始：%@ 处没有引擎。请安装 orvanta_engine，或将 ORVANTA_BIN 设置为其路径。" },
+    // recipe messages, engine version, singular forms of counts
+    { "recipes_exported_success", "配方导出成功！" },
+    { "recipes_export_failed", "配方导出失败：%@" },
+    { "recipes_import_failed", "配方导入失败：%@" },
+    { "inspector_peak_value", "+%.2f 档（%.1fx）" },
+    { "history_row_success", "成功" },
+    { "history_row_failed", "失败" },
+    { "inspector_engine_version_unknown", "不可用（未找到引擎）" },
 };
 } // namespace
 

@@ -465,6 +465,14 @@ constexpr StringEntry kEntries[] = {
     { "env_missing_libraries", "缺少的程式庫：%@" },
     { "log_engine_missing_start",
       "無法開始：%@ 沒有引擎。請安裝 orvanta_engine，或將 ORVANTA_BIN 設為其路徑。" },
+    // recipe messages, engine version, singular forms of counts
+    { "recipes_exported_success", "配方匯出成功！" },
+    { "recipes_export_failed", "配方匯出失敗：%@" },
+    { "recipes_import_failed", "配方匯入失敗：%@" },
+    { "inspector_peak_value", "+%.2f 級（%.1fx）" },
+    { "history_row_success", "成功" },
+    { "history_row_failed", "失敗" },
+    { "inspector_engine_version_unknown", "無法取得（找不到引擎）" },
 };
 } // namespace
 

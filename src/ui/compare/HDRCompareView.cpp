@@ -443,14 +443,24 @@ void HDRCompareView::placeOverlays()
     m_sdrLabel->move(margin, margin);
     m_hdrLabel->move(area.width() - m_hdrLabel->width() - margin, margin);
     m_notice->move((area.width() - m_notice->width()) / 2, margin + m_sdrLabel->height() + 8);
+    m_readout->adjustSize();
     m_readout->move(margin, area.height() - m_readout->height() - margin);
     if (m_histogram) {
-        const QSize size
-            = m_histogram->sizeHint().boundedTo(area.size() - QSize(2 * margin, 2 * margin));
+        // Wide enough for a long title ("HDR-Dynamikumfang-Histogramm") to
+        // take one or two lines; its height follows the width it gets.
+        const QSize room = area.size() - QSize(2 * margin, 2 * margin);
+        QSize size = m_histogram->sizeHint().expandedTo(QSize(kFloatingHistogramWidth, 0));
+        if (m_histogram->hasHeightForWidth())
+            size.setHeight(m_histogram->heightForWidth(std::min(size.width(), room.width())));
+        size = size.boundedTo(room);
         m_histogram->resize(size);
         m_histogram->move((area.width() - size.width()) / 2,
                           area.height() - size.height() - margin);
         m_histogram->raise();
+        // The read-out stays in its corner unless the histogram is in the
+        // way (a narrow window, a long read-out); then it sits just above.
+        if (!m_histogram->isHidden() && m_readout->geometry().intersects(m_histogram->geometry()))
+            m_readout->move(margin, m_histogram->y() - m_readout->height() - 6);
     }
     for (QLabel *label : { m_sdrLabel, m_hdrLabel, m_notice, m_readout })
         label->raise();

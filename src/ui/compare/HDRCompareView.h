@@ -50,6 +50,9 @@ public:
     // The size a compare window opens at on a screen that has room for it.
     static constexpr QSize kDefaultSize { 1280, 800 };
     static constexpr QSize kMinimumSize { 800, 560 };
+    // The floating histogram is at least this wide, so its title and legend
+    // read on one or two lines.
+    static constexpr int kFloatingHistogramWidth = 330;
 
     // `provider` may be null: the inspector and histogram toggles are then hidden.
     HDRCompareView(AppViewModel &model, const PhotoRecord &record,

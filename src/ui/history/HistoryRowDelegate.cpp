@@ -270,8 +270,9 @@ void HistoryRowDelegate::paintStatus(QPainter &p, const QRect &r, const PhotoRec
     p.setPen(color);
     const QRect text = r.adjusted(26, 0, -4, 0);
     p.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
-               p.fontMetrics().elidedText(m_model.t(success ? "filter_success" : "filter_failed"),
-                                          Qt::ElideRight, text.width()));
+               p.fontMetrics().elidedText(
+                   m_model.t(success ? "history_row_success" : "history_row_failed"),
+                   Qt::ElideRight, text.width()));
 }
 
 void HistoryRowDelegate::paintOptional(QPainter &p, const QRect &r, const PhotoRecord &record,

@@ -280,15 +280,17 @@ void HistoryView::applyColumnWidths()
             sizing.natural = 34;
             break;
         case HistoryColumn::Kind::Name:
-            // Thumbnail, gap, and a typical stem in the row's bold face.
-            sizing.natural
-                = fitted(section, 54 + QFontMetrics(bold).horizontalAdvance(u"DSC04223"_s) + 16);
+            // Thumbnail, gap, and a typical stem in the row's bold face: camera
+            // stems run to eight characters ("DSC04223"), phones and renamed
+            // files to a dozen ("IMG_20240506", "SAMPLE_0012").
+            sizing.natural = fitted(
+                section, 54 + QFontMetrics(bold).horizontalAdvance(u"IMG_20240506"_s) + 16);
             sizing.fills = true;
             break;
         case HistoryColumn::Kind::Status:
             sizing.natural = fitted(section,
-                                    qMax(cells.horizontalAdvance(m_model.t("filter_success")),
-                                         cells.horizontalAdvance(m_model.t("filter_failed")))
+                                    qMax(cells.horizontalAdvance(m_model.t("history_row_success")),
+                                         cells.horizontalAdvance(m_model.t("history_row_failed")))
                                         + 26 + 12);
             break;
         case HistoryColumn::Kind::Optional:

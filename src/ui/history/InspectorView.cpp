@@ -5,6 +5,8 @@
 
 #include "core/AppViewModel.h"
 #include "document/PhotoDocumentCache.h"
+#include "engine/EngineLaunch.h"
+#include "engine/EngineVersion.h"
 #include "i18n/FormatArgs.h"
 #include "ui/Icons.h"
 #include "ui/Theme.h"
@@ -97,6 +99,8 @@ InspectorView::InspectorView(AppViewModel &model, QWidget *parent)
     : QWidget(parent)
     , m_model(model)
     , m_headroom([] { return 1.0; })
+    , m_enginePath([] { return resolveEngineBinary(EngineLocatorContext::system()); })
+    , m_engineVersion(new EngineVersion(this))
 {
     setObjectName(u"inspectorView"_s);
     auto *layout = new QVBoxLayout(this);
@@ -133,6 +137,13 @@ InspectorView::InspectorView(AppViewModel &model, QWidget *parent)
     layout->addLayout(m_lower);
     layout->addStretch();
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &InspectorView::rebuild);
+    connect(m_engineVersion, &EngineVersion::answered, this, &InspectorView::rebuild);
+    rebuild();
+}
+
+void InspectorView::setEnginePathProvider(EnginePathProvider provider)
+{
+    m_enginePath = std::move(provider);
     rebuild();
 }
 
@@ -269,7 +280,7 @@ QWidget *InspectorView::buildHdrRows()
     if (m_record.peakStops) {
         const double stops = *m_record.peakStops;
         addRow(grid, m_model.t("inspector_peak_stops"), u"inspector_peak_stops"_s,
-               formatPrintf(u"+%.2f stops (%.1fx)"_s, { stops, std::exp2(stops) }), section);
+               m_model.t("inspector_peak_value", { stops, std::exp2(stops) }), section);
     }
     addRow(grid, m_model.t("inspector_gainmap_spec"), u"inspector_gainmap_spec"_s, gainMapText(),
            section);
@@ -285,7 +296,7 @@ QWidget *InspectorView::buildHdrRows()
                formatPrintf(u"%.3f%%"_s, { *m_record.rawClipPct }), section);
     }
     addRow(grid, m_model.t("inspector_engine_version"), u"inspector_engine_version"_s,
-           u"V30 Cython Native"_s, section);
+           engineVersionText(), section);
     return section;
 }
 
@@ -311,6 +322,21 @@ QString InspectorView::gainMapText() const
     return m_model.t("inspector_gainmap_detail",
                      { m_gainMap.kind, m_gainMap.version, m_gainMap.minStops, m_gainMap.maxStops,
                        qint64(m_gainMap.channels) });
+}
+
+QString InspectorView::engineVersionText()
+{
+    const EngineVersion::Answer answer
+        = m_engineVersion->versionOf(m_enginePath ? m_enginePath() : QString());
+    switch (answer.state) {
+    case EngineVersion::State::Known:
+        return answer.text;
+    case EngineVersion::State::Asking:
+        return u"…"_s;
+    case EngineVersion::State::Unavailable:
+        break;
+    }
+    return m_model.t("inspector_engine_version_unknown");
 }
 
 QString InspectorView::displayText() const

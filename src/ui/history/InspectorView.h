@@ -23,6 +23,7 @@ namespace orvanta {
 
 class AppViewModel;
 class AsyncThumbnailView;
+class EngineVersion;
 class HdrHistogramView;
 class PhotoDocument;
 
@@ -32,6 +33,7 @@ class InspectorView : public QWidget
 
 public:
     using HeadroomProvider = std::function<double()>;
+    using EnginePathProvider = std::function<QString()>;
 
     explicit InspectorView(AppViewModel &model, QWidget *parent = nullptr);
 
@@ -45,6 +47,10 @@ public:
     // The display's headroom (1.0 on an SDR display; Qt on Linux has no
     // HDR output yet, so that is the default).
     void setDisplayHeadroomProvider(HeadroomProvider provider);
+    // Where the engine whose version is shown lives; by default the engine
+    // a batch would start. Asked again at every rebuild, so a changed
+    // configuration shows at once.
+    void setEnginePathProvider(EnginePathProvider provider);
     HdrHistogramView *histogram() const { return m_histogram; }
     AsyncThumbnailView *thumbnail() const { return m_thumbnail; }
 
@@ -61,6 +67,7 @@ private:
     QWidget *buildFileSection();
     QString gainMapText() const;
     QString displayText() const;
+    QString engineVersionText();
 
     AppViewModel &m_model;
     PhotoRecord m_record;
@@ -68,6 +75,8 @@ private:
     ProPhotoMetadata m_metadata;
     GainMapSummary m_gainMap;
     HeadroomProvider m_headroom;
+    EnginePathProvider m_enginePath;
+    EngineVersion *m_engineVersion = nullptr;
     std::shared_ptr<PhotoDocument> m_document;
     bool m_fileRead = false; // metadata and gain map of the current record are in
     QLabel *m_title = nullptr;

@@ -201,9 +201,9 @@ void RecipePanel::exportRecipes()
         return;
     const QString error = m_model.exportRecipes(path);
     if (error.isEmpty())
-        showMessage(u"Recipes exported successfully!"_s, true);
+        showMessage(m_model.t("recipes_exported_success"), true);
     else
-        showMessage(u"Failed to export recipes: "_s + error, false);
+        showMessage(m_model.t("recipes_export_failed", { error }), false);
 }
 
 void RecipePanel::importRecipes()
@@ -215,7 +215,7 @@ void RecipePanel::importRecipes()
     if (result.ok())
         showMessage(m_model.t("recipes_imported_success", { result.added }), true);
     else
-        showMessage(u"Failed to import recipes: "_s + result.error, false);
+        showMessage(m_model.t("recipes_import_failed", { result.error }), false);
 }
 
 void RecipePanel::showMessage(const QString &text, bool ok)

@@ -6,6 +6,7 @@
 #include "core/AppViewModel.h"
 #include "ui/Icons.h"
 #include "ui/Theme.h"
+#include "ui/WindowPlacement.h"
 #include "ui/settings/AboutTab.h"
 #include "ui/settings/PathsTab.h"
 #include "ui/settings/PerformanceTab.h"
@@ -51,7 +52,6 @@ SettingsWindow::SettingsWindow(AppViewModel &model, Updater *updater, SettingsHo
 {
     setObjectName(u"settingsWindow"_s);
     m_hooks.completeWithDefaults(this, [this](const char *key) { return m_model.t(key); });
-    resize(980, 700);
     setMinimumSize(760, 520);
 
     m_performance = new PerformanceTab(m_model, this);
@@ -101,8 +101,17 @@ SettingsWindow::SettingsWindow(AppViewModel &model, Updater *updater, SettingsHo
             &AppViewModel::updateMemoryProbe);
     retranslate();
     showTab(Performance);
+    // Where the user left it, else the design size; never beyond the screen
+    // (a laptop at 200 % has 960x540 points), with every edge reachable.
+    placement::restore(this, u"settings"_s, QSize(980, 700));
     // The probe page shows what the machine has now, not at start-up.
     m_model.updateMemoryProbe();
+}
+
+void SettingsWindow::hideEvent(QHideEvent *event)
+{
+    QDialog::hideEvent(event);
+    placement::save(this, u"settings"_s);
 }
 
 QWidget *SettingsWindow::buildSidebar()

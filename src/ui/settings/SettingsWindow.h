@@ -48,6 +48,9 @@ public:
     UpdatesTab *updatesTab() const { return m_updates; }
     AboutTab *aboutTab() const { return m_about; }
 
+protected:
+    void hideEvent(QHideEvent *event) override;
+
 private:
     QWidget *buildSidebar();
     void retranslate();

@@ -111,6 +111,7 @@ private Q_SLOTS:
     void toolbarFitsAtTheDefaultWidthInEveryLanguage();
     void thresholdAndHeadroomControlsDriveTheViewer();
     void pixelReadoutShowsTheValueUnderThePointer();
+    void pixelReadoutKeepsClearOfTheHistogram();
 
 private:
     std::unique_ptr<HDRCompareView> makeView(const PhotoRecord &r, const QList<PhotoRecord> &list,
@@ -550,6 +551,25 @@ void TestCompareWindow::pixelReadoutShowsTheValueUnderThePointer()
     QVERIFY(label->text().contains(u"2.500"_s));
     Q_EMIT view->viewer()->pixelReadoutChanged(std::nullopt);
     QVERIFY(!label->isVisible());
+}
+
+void TestCompareWindow::pixelReadoutKeepsClearOfTheHistogram()
+{
+    LabelPanels panels;
+    auto view = makeView(record(u"a"_s), {}, &panels);
+    view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+    auto *histogram = qobject_cast<QLabel *>(view->histogram());
+    // A histogram as wide as the real one's legend reaches into the corner.
+    histogram->setMinimumSize(view->viewer()->width() * 3 / 4, 120);
+    view->findChild<QAbstractButton *>(u"histogramButton"_s)->click();
+    QVERIFY(histogram->isVisible());
+    Q_EMIT view->viewer()->pixelReadoutChanged(
+        EdrPixelReadout { { 4000, 3000 }, { 12.5f, 11.25f, 10.5f, 1.0f } });
+    auto *label = view->findChild<QLabel *>(u"pixelReadout"_s);
+    QVERIFY(label->isVisible());
+    QVERIFY(!label->geometry().intersects(histogram->geometry()));
+    QVERIFY(view->viewer()->rect().contains(label->geometry()));
 }
 
 ORVANTA_TEST_WIDGETS_MAIN(TestCompareWindow)

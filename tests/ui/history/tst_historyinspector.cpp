@@ -14,6 +14,8 @@
 #include "ui/history/InspectorView.h"
 #include "ui/history/QuickPreviewWindow.h"
 
+#include <QApplication>
+#include <QFile>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -36,6 +38,7 @@ private Q_SLOTS:
     void facesRowFollowsTheCount_data();
     void facesRowFollowsTheCount();
     void peakAndClipRowsUseTheirFormatsOrAreLeftOut();
+    void engineRowShowsWhatTheConfiguredEngineAnswers();
     void displayRowReadsTheHeadroomProvider_data();
     void displayRowReadsTheHeadroomProvider();
     void gainMapRowShowsWhatTheUltraHdrFileCarries();
@@ -112,7 +115,7 @@ void HistoryInspectorTest::facesRowFollowsTheCount_data()
     QTest::addColumn<std::optional<qint64>>("faces");
     QTest::addColumn<QString>("shown");
     QTest::newRow("none found") << std::optional<qint64>(0) << u"None (Full dynamic boost)"_s;
-    QTest::newRow("three") << std::optional<qint64>(3) << u"3 face(s) (40% skin damping)"_s;
+    QTest::newRow("three") << std::optional<qint64>(3) << u"3 faces (40% skin damping)"_s;
     QTest::newRow("not recorded: row hidden") << std::optional<qint64>() << QString();
 }
 
@@ -138,11 +141,40 @@ void HistoryInspectorTest::peakAndClipRowsUseTheirFormatsOrAreLeftOut()
                           .rawClipPct = 0.0123 });
     QCOMPARE(inspector.valueText(u"inspector_peak_stops"_s), u"+1.00 stops (2.0x)"_s);
     QCOMPARE(inspector.valueText(u"inspector_bayer_clip"_s), u"0.012%"_s);
-    QCOMPARE(inspector.valueText(u"inspector_engine_version"_s), u"V30 Cython Native"_s);
     inspector.setRecord(
         { .fingerprint = u"q"_s, .stem = u"Q"_s, .status = u"SUCCESS"_s, .peakStops = 2.5 });
     QCOMPARE(inspector.valueText(u"inspector_peak_stops"_s), u"+2.50 stops (5.7x)"_s);
     QVERIFY(inspector.valueText(u"inspector_bayer_clip"_s).isNull());
+}
+
+void HistoryInspectorTest::engineRowShowsWhatTheConfiguredEngineAnswers()
+{
+    QTemporaryDir dir;
+    const auto engine = [&dir](const QString &name, const QString &body) {
+        const QString path = dir.filePath(name);
+        QFile file(path);
+        file.open(QIODevice::WriteOnly);
+        file.write(u"#!/bin/sh\n%1\n"_s.arg(body).toUtf8());
+        file.close();
+        file.setPermissions(file.permissions() | QFileDevice::ExeOwner);
+        return path;
+    };
+    QString path = engine(u"one"_s, u"echo; echo 'orvanta_engine 9.8.7'"_s);
+    AppViewModel model;
+    InspectorView inspector(model);
+    inspector.setEnginePathProvider([&path] { return path; });
+    QTRY_COMPARE(inspector.valueText(u"inspector_engine_version"_s), u"orvanta_engine 9.8.7"_s);
+    // Another engine configured: asked again, not the remembered answer.
+    path = engine(u"two"_s, u"echo 'orvanta_engine 10.0.1'"_s);
+    inspector.setRecord({ .fingerprint = u"e"_s, .stem = u"E"_s, .status = u"SUCCESS"_s });
+    QTRY_COMPARE(inspector.valueText(u"inspector_engine_version"_s), u"orvanta_engine 10.0.1"_s);
+    const QString unknown = model.t("inspector_engine_version_unknown");
+    path = engine(u"broken"_s, u"echo 'orvanta_engine 1.0'; exit 3"_s);
+    inspector.setRecord({ .fingerprint = u"f"_s, .stem = u"F"_s, .status = u"SUCCESS"_s });
+    QTRY_COMPARE(inspector.valueText(u"inspector_engine_version"_s), unknown);
+    path = dir.filePath(u"absent"_s);
+    inspector.setRecord({ .fingerprint = u"g"_s, .stem = u"G"_s, .status = u"SUCCESS"_s });
+    QCOMPARE(inspector.valueText(u"inspector_engine_version"_s), unknown);
 }
 
 void HistoryInspectorTest::displayRowReadsTheHeadroomProvider_data()
@@ -185,7 +217,7 @@ void HistoryInspectorTest::gainMapRowShowsWhatTheUltraHdrFileCarries()
     QTRY_COMPARE(loaded.size(), 1);
     const QString text = inspector.valueText(u"inspector_gainmap_spec"_s);
     QVERIFY2(text.startsWith(u"ISO 21496-1 v"_s), qPrintable(text));
-    QVERIFY2(text.endsWith(u"stops · 1 channel(s)"_s), qPrintable(text));
+    QVERIFY2(text.endsWith(u"stops · 1 channel"_s), qPrintable(text));
 }
 
 void HistoryInspectorTest::aPlainJpegSaysItHasNoGainMap()
