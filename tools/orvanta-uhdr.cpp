@@ -223,7 +223,7 @@ int encode(QStringList args)
     QString error;
     if (!readFile(args[0], sdr, error) || !readFile(args[1], hdrBytes, error))
         return fail(error);
-    const QImage hdr = readPortableFloatMap(hdrBytes, &error);
+    const ImageBuffer hdr = readPortableFloatMap(hdrBytes, &error);
     if (hdr.isNull())
         return fail(args[1] + u": "_s + error);
     UltraHdrEncodeOptions options;

@@ -4,6 +4,7 @@
 #include "BatchRunner.h"
 
 #include "FaceDetector.h"
+#include "GreyPng.h"
 #include "HdrRenderer.h"
 #include "OutputNaming.h"
 #include "SystemLoad.h"
@@ -375,8 +376,8 @@ BatchRunner::Delivery BatchRunner::deliver(const PhotoPair &pair, const RenderRe
     d.writeSec = clock.nsecsElapsed() / 1e9;
     if (m_options.debugMasks) {
         const QString base = QDir(folder).filePath(QFileInfo(name).completeBaseName());
-        rendered.gainMask.save(base + u"_gainmap.png"_s);
-        rendered.skinMask.save(base + u"_facemask.png"_s);
+        writeGreyPng(rendered.gainMask, base + u"_gainmap.png"_s);
+        writeGreyPng(rendered.skinMask, base + u"_facemask.png"_s);
     }
     return d;
 }

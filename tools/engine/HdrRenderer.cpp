@@ -8,7 +8,6 @@
 #include "hdr/codec/JpegCodec.h"
 #include "hdr/codec/UltraHdrDecoder.h"
 #include "hdr/codec/UltraHdrWriter.h"
-#include "media/ExifOrientation.h"
 #include "media/ExivAdapter.h"
 
 #include <QElapsedTimer>
@@ -53,18 +52,21 @@ float luminance(float r, float g, float b)
     return 0.2126f * r + 0.7152f * g + 0.0722f * b;
 }
 
-QImage decodeJpeg(const QByteArray &bytes, int scale, QString &error)
+ImageBuffer decodeJpeg(const QByteArray &bytes, int scale, QString &error)
 {
     JpegDecoder decoder;
     if (!decoder.open(bytes, { JpegDecoder::Output::Rgb, scale, false, 1ll << 28 })) {
         error = u"JPG: "_s + decoder.error();
         return {};
     }
-    QImage image(decoder.width(), decoder.height(), QImage::Format_RGB888);
+    ImageBuffer image(decoder.width(), decoder.height(), PixelFormat::Rgb8);
+    if (image.isNull()) {
+        error = u"JPG: not enough memory"_s;
+        return {};
+    }
     while (decoder.rowsRead() < decoder.height()) {
         const int row = decoder.rowsRead();
-        if (decoder.readRows(image.scanLine(row), image.bytesPerLine(), decoder.height() - row)
-            <= 0) {
+        if (decoder.readRows(image.row(row), image.stride(), decoder.height() - row) <= 0) {
             error = u"JPG: "_s + decoder.error();
             return {};
         }
@@ -81,7 +83,7 @@ struct WorkPlanes
     std::vector<float> brightness; // brightest SDR channel, encoded 0..1
 };
 
-WorkPlanes makePlanes(const QImage &sdr8, const QImage &raw64)
+WorkPlanes makePlanes(const ImageBuffer &sdr8, const ImageBuffer &raw64)
 {
     WorkPlanes p;
     p.width = sdr8.width();
@@ -92,8 +94,8 @@ WorkPlanes makePlanes(const QImage &sdr8, const QImage &raw64)
     p.brightness.resize(n);
     const auto &lut = srgbTable();
     for (int y = 0; y < p.height; ++y) {
-        const uchar *s = sdr8.constScanLine(y);
-        const auto *r = reinterpret_cast<const quint16 *>(raw64.constScanLine(y));
+        const uchar *s = sdr8.row(y);
+        const quint16 *r = raw64.rowAs<quint16>(y);
         for (int x = 0; x < p.width; ++x) {
             const size_t i = size_t(y) * p.width + x;
             for (int c = 0; c < 3; ++c) {
@@ -127,7 +129,7 @@ struct GainPlanes
     double peakStops = 0.0;
 };
 
-GainPlanes computeGains(const WorkPlanes &p, const Tuning &t, const QImage &skin, double fill)
+GainPlanes computeGains(const WorkPlanes &p, const Tuning &t, const ImageBuffer &skin, double fill)
 {
     GainPlanes g;
     const size_t n = p.brightness.size();
@@ -142,8 +144,8 @@ GainPlanes computeGains(const WorkPlanes &p, const Tuning &t, const QImage &skin
         double lift = liftStops(t, ys, excess, p.brightness[i]);
         if (!skin.isNull())
             lift *= 1.0
-                - std::clamp(t.skinDamp, 0.0, 1.0)
-                    * skin.constScanLine(int(i / p.width))[i % p.width] / 255.0;
+                - std::clamp(t.skinDamp, 0.0, 1.0) * skin.row(int(i / p.width))[i % p.width]
+                    / 255.0;
         if (fill > 0.0)
             lift += fill * std::pow(1.0 - smoothstep(0.0, 0.18, ys), 2.0);
         g.lift[i] = float(lift);
@@ -193,9 +195,11 @@ Taps tapsFor(int outSize, int inSize)
 
 // The full-size HDR picture: the full JPG times the work-size gain factors,
 // sampled bilinearly.
-QImage buildHdr(const QImage &full, const GainPlanes &g, int gw, int gh)
+ImageBuffer buildHdr(const ImageBuffer &full, const GainPlanes &g, int gw, int gh)
 {
-    QImage hdr(full.size(), QImage::Format_RGBA16FPx4);
+    ImageBuffer hdr(full.width(), full.height(), PixelFormat::RgbaF16);
+    if (hdr.isNull())
+        return hdr;
     const Taps tx = tapsFor(full.width(), gw), ty = tapsFor(full.height(), gh);
     const auto &lut = srgbTable();
     const qfloat16 one(1.0f);
@@ -203,8 +207,8 @@ QImage buildHdr(const QImage &full, const GainPlanes &g, int gw, int gh)
         const float *r0 = &g.factor[size_t(ty.i0[y]) * gw * 3];
         const float *r1 = &g.factor[size_t(ty.i1[y]) * gw * 3];
         const float wy = ty.w[y];
-        const uchar *s = full.constScanLine(y);
-        auto *out = reinterpret_cast<qfloat16 *>(hdr.scanLine(y));
+        const uchar *s = full.row(y);
+        qfloat16 *out = hdr.rowAs<qfloat16>(y);
         for (int x = 0; x < full.width(); ++x) {
             const int a = tx.i0[x] * 3, b = tx.i1[x] * 3;
             const float wx = tx.w[x];
@@ -221,19 +225,36 @@ QImage buildHdr(const QImage &full, const GainPlanes &g, int gw, int gh)
     return hdr;
 }
 
-QImage maskImage(const std::vector<float> &values, int w, int h, double full)
+ImageBuffer maskImage(const std::vector<float> &values, int w, int h, double full)
 {
-    QImage mask(w, h, QImage::Format_Grayscale8);
-    for (int y = 0; y < h; ++y)
+    ImageBuffer mask(w, h, PixelFormat::Gray8);
+    for (int y = 0; y < mask.height(); ++y)
         for (int x = 0; x < w; ++x)
-            mask.scanLine(y)[x]
+            mask.row(y)[x]
                 = uchar(std::clamp(values[size_t(y) * w + x] / full * 255.0, 0.0, 255.0));
     return mask;
 }
 
-QImage greyOf(const QImage &rgb)
+// Grey as the eye sees it: luminance of the linear colour, encoded again.
+ImageBuffer greyOf(const ImageBuffer &rgb)
 {
-    return rgb.convertToFormat(QImage::Format_Grayscale8);
+    ImageBuffer grey(rgb.width(), rgb.height(), PixelFormat::Gray8);
+    const auto &lut = srgbTable();
+    static const std::array<uchar, 4096> encode = [] {
+        std::array<uchar, 4096> t {};
+        for (int i = 0; i < 4096; ++i)
+            t[i] = uchar(std::lround(linearToSrgb(i / 4095.0f) * 255.0f));
+        return t;
+    }();
+    for (int y = 0; y < grey.height(); ++y) {
+        const uchar *s = rgb.row(y);
+        uchar *out = grey.row(y);
+        for (int x = 0; x < grey.width(); ++x) {
+            const float lum = luminance(lut[s[3 * x]], lut[s[3 * x + 1]], lut[s[3 * x + 2]]);
+            out[x] = encode[size_t(std::clamp(lum, 0.0f, 1.0f) * 4095.0f + 0.5f)];
+        }
+    }
+    return grey;
 }
 
 const char *fitName(ColourFit::Kind kind)
@@ -296,14 +317,16 @@ RenderResult renderPair(const RenderRequest &request)
         return result;
     }
     const QByteArray jpgBytes = jpgFile.readAll();
-    const QImage full = decodeJpeg(jpgBytes, 1, result.error);
+    const ImageBuffer full = decodeJpeg(jpgBytes, 1, result.error);
     if (full.isNull())
         return result;
     // Gains are computed at about the gain map's own resolution.
     int scale = 1;
     while (scale < 8 && std::max(full.width(), full.height()) / (scale * 2) >= kWorkLongSide)
         scale *= 2;
-    const QImage work = scale > 1 ? decodeJpeg(jpgBytes, scale, result.error) : full;
+    const ImageBuffer scaled
+        = scale > 1 ? decodeJpeg(jpgBytes, scale, result.error) : ImageBuffer();
+    const ImageBuffer &work = scale > 1 ? scaled : full;
     if (work.isNull())
         return result;
     const auto tags = exiv::readTags(request.jpgPath);
@@ -321,19 +344,21 @@ RenderResult renderPair(const RenderRequest &request)
     result.stages.append({ u"align"_s, raw.alignSec });
     clock.restart();
     WorkPlanes planes = makePlanes(work, raw.image);
-    raw.image = QImage();
+    raw.image = ImageBuffer();
     if (!matchColours(planes, raw.baselineStops, result))
         return result;
     lap(u"colour_fit"_s);
 
-    QImage skin;
+    ImageBuffer skin;
     if (request.findSkin) {
         // Faces are looked for upright, as the photo is shown; the skin
         // weight then goes back to the stored pixel order.
-        const QImage upright = applyExifOrientation(work, orientation);
+        const ImageBuffer turned
+            = orientation > 1 ? applyExifOrientation(work.clone(), orientation) : ImageBuffer();
+        const ImageBuffer &upright = orientation > 1 ? turned : work;
         skin = request.findSkin(greyOf(upright), upright, &result.faces);
         if (!skin.isNull())
-            skin = applyExifOrientation(skin, inverseOrientation(orientation));
+            skin = applyExifOrientation(std::move(skin), inverseOrientation(orientation));
     }
     lap(u"faces"_s);
     const double fill = request.backlitFill ? backlitStrength(planes) : 0.0;
@@ -342,11 +367,17 @@ RenderResult renderPair(const RenderRequest &request)
     result.peakStops = gains.peakStops;
     if (request.wantMasks) {
         result.gainMask = maskImage(gains.lift, planes.width, planes.height, 4.0);
-        result.skinMask = skin.isNull() ? QImage(work.size(), QImage::Format_Grayscale8) : skin;
+        result.skinMask = skin.isNull()
+            ? ImageBuffer(work.width(), work.height(), PixelFormat::Gray8)
+            : skin.clone();
         if (skin.isNull())
             result.skinMask.fill(0);
     }
-    const QImage hdr = buildHdr(full, gains, planes.width, planes.height);
+    const ImageBuffer hdr = buildHdr(full, gains, planes.width, planes.height);
+    if (hdr.isNull()) {
+        result.error = u"not enough memory for the HDR picture"_s;
+        return result;
+    }
     lap(u"tone_gain"_s);
     UltraHdrEncodeOptions options;
     options.multiChannel = request.tuning.chromaBoost > 0.001;

@@ -9,6 +9,7 @@
 #include <cctype>
 #include <cmath>
 #include <cstring>
+#include <vector>
 
 namespace orvanta {
 
@@ -27,16 +28,47 @@ QByteArrayView token(QByteArrayView bytes, qsizetype &pos)
     return bytes.sliced(start, pos - start);
 }
 
-QImage failed(QString *error, const QString &why)
+ImageBuffer failed(QString *error, const QString &why)
 {
     if (error)
         *error = why;
     return {};
 }
 
+// One row as 3 floats a pixel, whatever the picture's format: half floats
+// widen exactly, 8-bit codes are divided by 255.
+void rowAsRgbFloats(const ImageBuffer &image, int y, float *out)
+{
+    const int w = image.width();
+    switch (image.format()) {
+    case PixelFormat::RgbaF32:
+        for (int x = 0; x < w; ++x)
+            std::memcpy(out + 3 * x, image.rowAs<float>(y) + 4 * x, 12);
+        return;
+    case PixelFormat::RgbaF16: {
+        const qfloat16 *in = image.rowAs<qfloat16>(y);
+        for (int x = 0; x < w; ++x)
+            for (int c = 0; c < 3; ++c)
+                out[3 * x + c] = float(in[4 * x + c]);
+        return;
+    }
+    case PixelFormat::Rgbx16:
+        for (int x = 0; x < 3 * w; ++x)
+            out[x] = image.rowAs<quint16>(y)[(x / 3) * 4 + x % 3] / 65535.0f;
+        return;
+    case PixelFormat::Rgb8:
+    case PixelFormat::Gray8: {
+        const int n = image.bytesPerPixel();
+        for (int x = 0; x < 3 * w; ++x)
+            out[x] = image.row(y)[(x / 3) * n + (n == 3 ? x % 3 : 0)] / 255.0f;
+        return;
+    }
+    }
+}
+
 } // namespace
 
-QImage readPortableFloatMap(QByteArrayView bytes, QString *error)
+ImageBuffer readPortableFloatMap(QByteArrayView bytes, QString *error)
 {
     qsizetype pos = 0;
     const QByteArrayView magic = token(bytes, pos);
@@ -55,12 +87,12 @@ QImage readPortableFloatMap(QByteArrayView bytes, QString *error)
     if (pos > bytes.size() || bytes.size() - pos < needed)
         return failed(error, u"portable float map is truncated"_s);
     const bool littleEndian = scale < 0.0;
-    QImage image(width, height, QImage::Format_RGBA32FPx4);
+    ImageBuffer image(width, height, PixelFormat::RgbaF32);
     if (image.isNull())
         return failed(error, u"not enough memory"_s);
     const char *data = bytes.data() + pos;
     for (int row = 0; row < height; ++row) {
-        auto *out = reinterpret_cast<float *>(image.scanLine(height - 1 - row));
+        auto *out = image.rowAs<float>(height - 1 - row);
         const char *in = data + qint64(row) * width * channels * 4;
         for (int x = 0; x < width; ++x) {
             for (int c = 0; c < 3; ++c) {
@@ -75,25 +107,23 @@ QImage readPortableFloatMap(QByteArrayView bytes, QString *error)
     return image;
 }
 
-QByteArray writePortableFloatMap(const QImage &input)
+QByteArray writePortableFloatMap(const ImageBuffer &image)
 {
-    if (input.isNull())
+    if (image.isNull())
         return {};
-    const QImage image = input.convertToFormat(QImage::Format_RGBA32FPx4);
     QByteArray out = "PF\n" + QByteArray::number(image.width()) + ' '
         + QByteArray::number(image.height()) + "\n-1.0\n";
     const qsizetype header = out.size();
     out.resize(header + qsizetype(image.width()) * image.height() * 12);
     char *dst = out.data() + header;
+    std::vector<float> rgb(size_t(image.width()) * 3);
     for (int row = image.height() - 1; row >= 0; --row) {
-        const auto *in = reinterpret_cast<const float *>(image.constScanLine(row));
-        for (int x = 0; x < image.width(); ++x) {
-            for (int c = 0; c < 3; ++c) {
-                quint32 bits;
-                std::memcpy(&bits, &in[4 * x + c], 4);
-                qToLittleEndian(bits, dst);
-                dst += 4;
-            }
+        rowAsRgbFloats(image, row, rgb.data());
+        for (const float value : rgb) {
+            quint32 bits;
+            std::memcpy(&bits, &value, 4);
+            qToLittleEndian(bits, dst);
+            dst += 4;
         }
     }
     return out;

@@ -5,19 +5,19 @@
 // command-line tool reads and writes. Pure functions; any thread.
 #pragma once
 
+#include "hdr/codec/ImageBuffer.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QImage>
 #include <QString>
 
 namespace orvanta {
 
 // RGB ("PF") or grayscale ("Pf") maps of either byte order; rows are stored
-// bottom to top. Returns a Format_RGBA32FPx4 picture, or a null one with
-// `error` set.
-QImage readPortableFloatMap(QByteArrayView bytes, QString *error = nullptr);
+// bottom to top. Returns an RgbaF32 picture, or a null one with `error` set.
+ImageBuffer readPortableFloatMap(QByteArrayView bytes, QString *error = nullptr);
 // Writes an RGB little-endian map of any float or 8-bit picture (8-bit values
 // are taken as they are, divided by 255, not linearised).
-QByteArray writePortableFloatMap(const QImage &image);
+QByteArray writePortableFloatMap(const ImageBuffer &image);
 
 } // namespace orvanta

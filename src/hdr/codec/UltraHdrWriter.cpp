@@ -56,15 +56,12 @@ bool decodeSdr(QByteArrayView jpegBytes, DecodedSdr &out, QString &error)
 }
 
 // One row of the HDR picture as 4 floats a pixel.
-void hdrRow(const QImage &hdr, int y, std::vector<float> &row)
+void hdrRow(const ImageBuffer &hdr, int y, std::vector<float> &row)
 {
-    if (hdr.format() == QImage::Format_RGBA16FPx4
-        || hdr.format() == QImage::Format_RGBA16FPx4_Premultiplied
-        || hdr.format() == QImage::Format_RGBX16FPx4)
-        qFloatFromFloat16(row.data(), reinterpret_cast<const qfloat16 *>(hdr.constScanLine(y)),
-                          qsizetype(hdr.width()) * 4);
+    if (hdr.format() == PixelFormat::RgbaF16)
+        qFloatFromFloat16(row.data(), hdr.rowAs<qfloat16>(y), qsizetype(hdr.width()) * 4);
     else
-        std::memcpy(row.data(), hdr.constScanLine(y), size_t(hdr.width()) * 16);
+        std::memcpy(row.data(), hdr.row(y), size_t(hdr.width()) * 16);
 }
 
 float luminance(float r, float g, float b)
@@ -96,7 +93,7 @@ void toSpace(const std::array<float, 9> &m, float &r, float &g, float &b)
 // Mean log2 gain of every map cell, channel by channel. Cell k covers the
 // pixels whose index times map size over picture size rounds down to k: the
 // same grid the decoder samples, also when the size is not a multiple of the scale.
-std::vector<float> cellGains(const DecodedSdr &sdr, const QImage &hdr, int mapW, int mapH,
+std::vector<float> cellGains(const DecodedSdr &sdr, const ImageBuffer &hdr, int mapW, int mapH,
                              int channels, const UltraHdrEncodeOptions &options)
 {
     std::array<float, 256> linear {};
@@ -227,23 +224,21 @@ QByteArray rebuildImage(QByteArrayView data, const QByteArray &inserted, qsizety
     return out;
 }
 
-UltraHdrEncodeResult encodeFrom(QByteArrayView primary, const DecodedSdr &sdr, const QImage &hdrIn,
-                                const UltraHdrEncodeOptions &options)
+UltraHdrEncodeResult encodeFrom(QByteArrayView primary, const DecodedSdr &sdr,
+                                const ImageBuffer &hdr, const UltraHdrEncodeOptions &options)
 {
     UltraHdrEncodeResult result;
-    if (hdrIn.width() != sdr.width || hdrIn.height() != sdr.height) {
-        result.error = u"the HDR picture is %1×%2 but the SDR picture is %3×%4"_s.arg(hdrIn.width())
-                           .arg(hdrIn.height())
+    if (hdr.width() != sdr.width || hdr.height() != sdr.height) {
+        result.error = u"the HDR picture is %1×%2 but the SDR picture is %3×%4"_s.arg(hdr.width())
+                           .arg(hdr.height())
                            .arg(sdr.width)
                            .arg(sdr.height);
         return result;
     }
-    const QImage::Format f = hdrIn.format();
-    const bool direct = f == QImage::Format_RGBA16FPx4
-        || f == QImage::Format_RGBA16FPx4_Premultiplied || f == QImage::Format_RGBX16FPx4
-        || f == QImage::Format_RGBA32FPx4 || f == QImage::Format_RGBA32FPx4_Premultiplied
-        || f == QImage::Format_RGBX32FPx4;
-    const QImage hdr = direct ? hdrIn : hdrIn.convertToFormat(QImage::Format_RGBA32FPx4);
+    if (hdr.format() != PixelFormat::RgbaF16 && hdr.format() != PixelFormat::RgbaF32) {
+        result.error = u"the HDR picture is not in floating point"_s;
+        return result;
+    }
     const int scale = std::clamp(options.mapScale, 1, 128);
     const int channels = options.multiChannel ? 3 : 1;
     result.mapWidth = (sdr.width + scale - 1) / scale;
@@ -273,7 +268,7 @@ UltraHdrEncodeResult encodeFrom(QByteArrayView primary, const DecodedSdr &sdr, c
 
 } // namespace
 
-UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, const QImage &hdr,
+UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, const ImageBuffer &hdr,
                                     const UltraHdrEncodeOptions &options)
 {
     DecodedSdr sdr;
@@ -283,17 +278,16 @@ UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, const QImage &hdr,
     return encodeFrom(sdrJpeg, sdr, hdr, options);
 }
 
-UltraHdrEncodeResult encodeUltraHdr(const QImage &sdrIn, const QImage &hdr,
+UltraHdrEncodeResult encodeUltraHdr(const ImageBuffer &sdr, const ImageBuffer &hdr,
                                     const UltraHdrEncodeOptions &options)
 {
     UltraHdrEncodeResult result;
-    if (sdrIn.isNull()) {
-        result.error = u"the SDR picture is empty"_s;
+    if (sdr.isNull() || sdr.format() != PixelFormat::Rgb8) {
+        result.error = u"the SDR picture is empty or not 8-bit RGB"_s;
         return result;
     }
-    const QImage sdr = sdrIn.convertToFormat(QImage::Format_RGB888);
-    const QByteArray primary = encodeJpeg(sdr.constBits(), sdr.width(), sdr.height(), 3,
-                                          sdr.bytesPerLine(), options.baseQuality);
+    const QByteArray primary
+        = encodeJpeg(sdr.bits(), sdr.width(), sdr.height(), 3, sdr.stride(), options.baseQuality);
     if (primary.isEmpty()) {
         result.error = u"the SDR picture could not be encoded"_s;
         return result;

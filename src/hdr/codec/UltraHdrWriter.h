@@ -10,10 +10,10 @@
 
 #include "hdr/codec/ColourPrimaries.h"
 #include "hdr/codec/GainMapMetadata.h"
+#include "hdr/codec/ImageBuffer.h"
 
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QImage>
 #include <QString>
 
 #include <optional>
@@ -46,14 +46,13 @@ struct UltraHdrEncodeResult
     QString error;
 };
 
-// `sdr`: any 8-bit picture, taken as sRGB. `hdr`: a float picture
-// (Format_RGBA16FPx4 or Format_RGBA32FPx4 and their premultiplied forms, other
-// formats are converted), linear light in the same primaries, 1.0 = SDR white,
-// in the same pixel order as the stored primary.
-UltraHdrEncodeResult encodeUltraHdr(const QImage &sdr, const QImage &hdr,
+// `sdr`: an Rgb8 picture, taken as sRGB. `hdr`: an RgbaF16 or RgbaF32
+// picture, linear light in the same primaries, 1.0 = SDR white, in the same
+// pixel order as the stored primary.
+UltraHdrEncodeResult encodeUltraHdr(const ImageBuffer &sdr, const ImageBuffer &hdr,
                                     const UltraHdrEncodeOptions &options = {});
 // As above, but the primary is these JPEG bytes, kept as they are (Exif, ICC).
-UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, const QImage &hdr,
+UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, const ImageBuffer &hdr,
                                     const UltraHdrEncodeOptions &options = {});
 
 // Splices an existing primary and gain map JPEG into one file. Each block is
