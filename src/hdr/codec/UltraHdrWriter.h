@@ -16,6 +16,7 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace orvanta {
@@ -35,7 +36,16 @@ struct UltraHdrEncodeOptions
     // HDR rendition's), which the map's ICC profile names, and the ISO block
     // says so (use-base-colour-space 0). The pictures stay in sRGB primaries.
     std::optional<Gamut> alternateGamut;
+    // Threads measuring the gains (1: only the calling one). The file is the
+    // same for any count.
+    int threads = 1;
 };
+
+// Hands the writer one row of the HDR picture at a time, so no caller has to
+// hold the whole picture: fills `rgba` (4 floats a pixel, alpha ignored) with
+// row `y`. Each row is asked for once; with several threads, rows of
+// different bands are asked for at the same time. False stops the encoding.
+using HdrRowSource = std::function<bool(int y, float *rgba)>;
 
 struct UltraHdrEncodeResult
 {
@@ -54,6 +64,12 @@ UltraHdrEncodeResult encodeUltraHdr(const ImageBuffer &sdr, const ImageBuffer &h
 // As above, but the primary is these JPEG bytes, kept as they are (Exif, ICC).
 UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, const ImageBuffer &hdr,
                                     const UltraHdrEncodeOptions &options = {});
+// As above, with the HDR rows from `rows` (`width` × `height` pixels). When the
+// caller has decoded `sdrJpeg` already (JpegDecoder, default options: RGB,
+// exact IDCT), `decodedSdr` saves decoding it again.
+UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, int width, int height,
+                                    const HdrRowSource &rows, const UltraHdrEncodeOptions &options,
+                                    const ImageBuffer *decodedSdr = nullptr);
 
 // Splices an existing primary and gain map JPEG into one file. Each block is
 // written only when asked for, which also lets tests build conflicting or
