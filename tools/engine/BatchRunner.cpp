@@ -168,6 +168,8 @@ int BatchRunner::run()
                        .arg(workers)
                        .arg(workers == 1 ? u""_s : u"s"_s)
                        .arg(m_options.profileId));
+    // Cores the workers leave idle go to the full-size work within each photo.
+    m_photoThreads = std::max(1, int(std::max(1u, std::thread::hardware_concurrency())) / workers);
     std::atomic<int> running { workers };
     std::vector<std::thread> pool;
     for (int w = 0; w < workers && !m_pending.isEmpty(); ++w)
@@ -321,7 +323,8 @@ void BatchRunner::processPair(const PhotoPair &pair, int index)
     m_log.line(u"🚀 [%1/%2] %3"_s.arg(index).arg(total).arg(pair.stem));
 
     const RenderRequest request { pair.rawPath,          pair.jpgPath,         m_tuning,
-                                  m_options.backlitFill, m_options.debugMasks, skinFinder() };
+                                  m_options.backlitFill, m_options.debugMasks, skinFinder(),
+                                  m_photoThreads };
     const RenderResult rendered = renderPair(request);
     Delivery delivery;
     if (rendered.error.isEmpty())

@@ -12,7 +12,6 @@
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QFloat16>
 
 #include <algorithm>
 #include <array>
@@ -193,22 +192,23 @@ Taps tapsFor(int outSize, int inSize)
     return t;
 }
 
-// The full-size HDR picture: the full JPG times the work-size gain factors,
-// sampled bilinearly.
-ImageBuffer buildHdr(const ImageBuffer &full, const GainPlanes &g, int gw, int gh)
+// One row of the full-size HDR picture: the full JPG times the work-size gain
+// factors, sampled bilinearly. Rows are made as the writer asks for them, so
+// the full-size picture never exists as a whole.
+struct HdrRows
 {
-    ImageBuffer hdr(full.width(), full.height(), PixelFormat::RgbaF16);
-    if (hdr.isNull())
-        return hdr;
-    const Taps tx = tapsFor(full.width(), gw), ty = tapsFor(full.height(), gh);
-    const auto &lut = srgbTable();
-    const qfloat16 one(1.0f);
-    for (int y = 0; y < full.height(); ++y) {
+    const ImageBuffer &full;
+    const GainPlanes &g;
+    int gw;
+    Taps tx, ty;
+
+    bool operator()(int y, float *out) const
+    {
         const float *r0 = &g.factor[size_t(ty.i0[y]) * gw * 3];
         const float *r1 = &g.factor[size_t(ty.i1[y]) * gw * 3];
         const float wy = ty.w[y];
         const uchar *s = full.row(y);
-        qfloat16 *out = hdr.rowAs<qfloat16>(y);
+        const auto &lut = srgbTable();
         for (int x = 0; x < full.width(); ++x) {
             const int a = tx.i0[x] * 3, b = tx.i1[x] * 3;
             const float wx = tx.w[x];
@@ -216,14 +216,13 @@ ImageBuffer buildHdr(const ImageBuffer &full, const GainPlanes &g, int gw, int g
                 const float top = r0[a + c] + (r0[b + c] - r0[a + c]) * wx;
                 const float bottom = r1[a + c] + (r1[b + c] - r1[a + c]) * wx;
                 const float factor = top + (bottom - top) * wy;
-                out[x * 4 + c]
-                    = qfloat16(std::max(0.0f, (lut[s[x * 3 + c]] + kOffset) * factor - kOffset));
+                out[x * 4 + c] = std::max(0.0f, (lut[s[x * 3 + c]] + kOffset) * factor - kOffset);
             }
-            out[x * 4 + 3] = one;
+            out[x * 4 + 3] = 1.0f;
         }
+        return true;
     }
-    return hdr;
-}
+};
 
 ImageBuffer maskImage(const std::vector<float> &values, int w, int h, double full)
 {
@@ -317,16 +316,20 @@ RenderResult renderPair(const RenderRequest &request)
         return result;
     }
     const QByteArray jpgBytes = jpgFile.readAll();
-    const ImageBuffer full = decodeJpeg(jpgBytes, 1, result.error);
-    if (full.isNull())
-        return result;
-    // Gains are computed at about the gain map's own resolution.
+    // Gains are computed at about the gain map's own resolution; the full
+    // picture is decoded only once the RAW has been let go of.
     int scale = 1;
-    while (scale < 8 && std::max(full.width(), full.height()) / (scale * 2) >= kWorkLongSide)
-        scale *= 2;
-    const ImageBuffer scaled
-        = scale > 1 ? decodeJpeg(jpgBytes, scale, result.error) : ImageBuffer();
-    const ImageBuffer &work = scale > 1 ? scaled : full;
+    {
+        JpegDecoder header;
+        if (!header.open(jpgBytes, {})) {
+            result.error = u"JPG: "_s + header.error();
+            return result;
+        }
+        while (scale < 8
+               && std::max(header.width(), header.height()) / (scale * 2) >= kWorkLongSide)
+            scale *= 2;
+    }
+    const ImageBuffer work = decodeJpeg(jpgBytes, scale, result.error);
     if (work.isNull())
         return result;
     const auto tags = exiv::readTags(request.jpgPath);
@@ -373,15 +376,20 @@ RenderResult renderPair(const RenderRequest &request)
         if (skin.isNull())
             result.skinMask.fill(0);
     }
-    const ImageBuffer hdr = buildHdr(full, gains, planes.width, planes.height);
-    if (hdr.isNull()) {
-        result.error = u"not enough memory for the HDR picture"_s;
-        return result;
-    }
+    const int gw = planes.width, gh = planes.height;
+    planes = {}; // only the gain factors are needed from here on
     lap(u"tone_gain"_s);
+    const ImageBuffer decodedFull
+        = scale > 1 ? decodeJpeg(jpgBytes, 1, result.error) : ImageBuffer();
+    const ImageBuffer &full = scale > 1 ? decodedFull : work;
+    if (full.isNull())
+        return result;
     UltraHdrEncodeOptions options;
     options.multiChannel = request.tuning.chromaBoost > 0.001;
-    const UltraHdrEncodeResult encoded = encodeUltraHdr(jpgBytes, hdr, options);
+    options.threads = request.threads;
+    const HdrRows rows { full, gains, gw, tapsFor(full.width(), gw), tapsFor(full.height(), gh) };
+    const UltraHdrEncodeResult encoded
+        = encodeUltraHdr(jpgBytes, full.width(), full.height(), rows, options, &full);
     if (encoded.bytes.isEmpty()) {
         result.error = u"Ultra HDR encoding failed: "_s + encoded.error;
         return result;

@@ -29,6 +29,8 @@ struct RenderRequest
     // pixel of that picture (Gray8) and the face count. Optional.
     std::function<ImageBuffer(const ImageBuffer &grey, const ImageBuffer &rgb, int *faces)>
         findSkin;
+    // Threads this photo may use for the full-size work (the writer's gains).
+    int threads = 1;
 };
 
 struct RenderResult
