@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <thread>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -128,40 +129,60 @@ struct GainPlanes
     double peakStops = 0.0;
 };
 
-GainPlanes computeGains(const WorkPlanes &p, const Tuning &t, const ImageBuffer &skin, double fill)
+// The gain factors, lift and HDR luminance of work pixel `i`.
+void gainAt(const WorkPlanes &p, const Tuning &t, const ImageBuffer &skin, double fill, size_t i,
+            GainPlanes &g, std::vector<float> &peaks)
+{
+    const float *s = &p.sdr[i * 3], *r = &p.raw[i * 3];
+    const float ys = luminance(s[0], s[1], s[2]), yr = luminance(r[0], r[1], r[2]);
+    const double excess = std::max(0.0, std::log2((yr + 1e-4) / (ys + 1e-4)));
+    double lift = liftStops(t, ys, excess, p.brightness[i]);
+    if (!skin.isNull())
+        lift *= 1.0
+            - std::clamp(t.skinDamp, 0.0, 1.0) * skin.row(int(i / p.width))[i % p.width] / 255.0;
+    if (fill > 0.0)
+        lift += fill * std::pow(1.0 - smoothstep(0.0, 0.18, ys), 2.0);
+    g.lift[i] = float(lift);
+    // Colour: where the JPG clipped, take the hue from the RAW; lifted
+    // highlights keep (or gain) saturation by the chroma value.
+    const double clip = smoothstep(0.85, 1.0, p.brightness[i]);
+    const double hiShare = std::clamp(lift / kHeadroomStops, 0.0, 1.0);
+    const double yHdr = ys * std::exp2(lift);
+    for (int c = 0; c < 3; ++c) {
+        const double cs = s[c] / std::max(ys, 1e-5f), cr = r[c] / std::max(yr, 1e-5f);
+        double chroma = cs + (cr - cs) * clip;
+        chroma = 1.0 + (chroma - 1.0) * (1.0 + t.chromaBoost * hiShare);
+        const double hdr = std::max(0.0, yHdr * chroma);
+        g.factor[i * 3 + c] = float((hdr + kOffset) / (s[c] + kOffset));
+    }
+    peaks[i] = float(yHdr);
+}
+
+// Runs `body(begin, end)` over [0, n) split into `threads` ranges at once.
+template<typename Body> void inRanges(size_t n, int threads, const Body &body)
+{
+    threads = std::max(1, std::min(threads, 16));
+    std::vector<std::thread> helpers;
+    for (int t = 1; t < threads; ++t)
+        helpers.emplace_back([&, t] { body(n * t / threads, n * (t + 1) / threads); });
+    body(0, n / threads);
+    for (std::thread &helper : helpers)
+        helper.join();
+}
+
+GainPlanes computeGains(const WorkPlanes &p, const Tuning &t, const ImageBuffer &skin, double fill,
+                        int threads)
 {
     GainPlanes g;
     const size_t n = p.brightness.size();
     g.factor.resize(n * 3);
     g.lift.resize(n);
-    std::vector<float> peaks;
-    peaks.reserve(n);
-    for (size_t i = 0; i < n; ++i) {
-        const float *s = &p.sdr[i * 3], *r = &p.raw[i * 3];
-        const float ys = luminance(s[0], s[1], s[2]), yr = luminance(r[0], r[1], r[2]);
-        const double excess = std::max(0.0, std::log2((yr + 1e-4) / (ys + 1e-4)));
-        double lift = liftStops(t, ys, excess, p.brightness[i]);
-        if (!skin.isNull())
-            lift *= 1.0
-                - std::clamp(t.skinDamp, 0.0, 1.0) * skin.row(int(i / p.width))[i % p.width]
-                    / 255.0;
-        if (fill > 0.0)
-            lift += fill * std::pow(1.0 - smoothstep(0.0, 0.18, ys), 2.0);
-        g.lift[i] = float(lift);
-        // Colour: where the JPG clipped, take the hue from the RAW; lifted
-        // highlights keep (or gain) saturation by the chroma value.
-        const double clip = smoothstep(0.85, 1.0, p.brightness[i]);
-        const double hiShare = std::clamp(lift / kHeadroomStops, 0.0, 1.0);
-        const double yHdr = ys * std::exp2(lift);
-        for (int c = 0; c < 3; ++c) {
-            const double cs = s[c] / std::max(ys, 1e-5f), cr = r[c] / std::max(yr, 1e-5f);
-            double chroma = cs + (cr - cs) * clip;
-            chroma = 1.0 + (chroma - 1.0) * (1.0 + t.chromaBoost * hiShare);
-            const double hdr = std::max(0.0, yHdr * chroma);
-            g.factor[i * 3 + c] = float((hdr + kOffset) / (s[c] + kOffset));
-        }
-        peaks.push_back(float(yHdr));
-    }
+    std::vector<float> peaks(n);
+    // Each pixel depends on its own values only, so ranges run side by side.
+    inRanges(n, threads, [&](size_t begin, size_t end) {
+        for (size_t i = begin; i < end; ++i)
+            gainAt(p, t, skin, fill, i, g, peaks);
+    });
     auto at = peaks.begin() + std::min(peaks.size() - 1, peaks.size() * 999 / 1000);
     std::nth_element(peaks.begin(), at, peaks.end());
     g.peakStops = std::max(0.0, std::log2(double(*at)));
@@ -366,7 +387,7 @@ RenderResult renderPair(const RenderRequest &request)
     lap(u"faces"_s);
     const double fill = request.backlitFill ? backlitStrength(planes) : 0.0;
     result.backlit = fill > 0.0;
-    const GainPlanes gains = computeGains(planes, request.tuning, skin, fill);
+    const GainPlanes gains = computeGains(planes, request.tuning, skin, fill, request.threads);
     result.peakStops = gains.peakStops;
     if (request.wantMasks) {
         result.gainMask = maskImage(gains.lift, planes.width, planes.height, 4.0);
