@@ -225,18 +225,22 @@ struct HdrRows
 
     bool operator()(int y, float *out) const
     {
+        // The two factor rows blended vertically once, then each pixel blends
+        // horizontally within that row.
+        thread_local std::vector<float> blended;
+        blended.resize(size_t(gw) * 3);
         const float *r0 = &g.factor[size_t(ty.i0[y]) * gw * 3];
         const float *r1 = &g.factor[size_t(ty.i1[y]) * gw * 3];
         const float wy = ty.w[y];
+        for (size_t i = 0; i < blended.size(); ++i)
+            blended[i] = r0[i] + (r1[i] - r0[i]) * wy;
         const uchar *s = full.row(y);
         const auto &lut = srgbTable();
         for (int x = 0; x < full.width(); ++x) {
-            const int a = tx.i0[x] * 3, b = tx.i1[x] * 3;
+            const float *fa = &blended[size_t(tx.i0[x]) * 3], *fb = &blended[size_t(tx.i1[x]) * 3];
             const float wx = tx.w[x];
             for (int c = 0; c < 3; ++c) {
-                const float top = r0[a + c] + (r0[b + c] - r0[a + c]) * wx;
-                const float bottom = r1[a + c] + (r1[b + c] - r1[a + c]) * wx;
-                const float factor = top + (bottom - top) * wy;
+                const float factor = fa[c] + (fb[c] - fa[c]) * wx;
                 out[x * 4 + c] = std::max(0.0f, (lut[s[x * 3 + c]] + kOffset) * factor - kOffset);
             }
             out[x * 4 + 3] = 1.0f;
