@@ -37,7 +37,9 @@ QImage toQImage(ImageBuffer &&buffer)
     const int w = buffer.width(), h = buffer.height();
     const qsizetype stride = buffer.stride();
     const QImage::Format format = qtFormat(buffer.format());
-    return QImage(buffer.release(), w, h, stride, format, &ImageBuffer::freePixels);
+    uchar *pixels = buffer.release();
+    // Qt hands the cleanup function its info pointer, not the pixels: pass both.
+    return QImage(pixels, w, h, stride, format, &ImageBuffer::freePixels, pixels);
 }
 
 ImageBuffer toImageBuffer(const QImage &image, PixelFormat format)
