@@ -90,8 +90,7 @@ int main(int argc, char *argv[])
     write(dir, QStringLiteral("xmp"), n, primaryXmp(1234));
     write(dir, QStringLiteral("iso"), n, isoVersionBlock());
     write(dir, QStringLiteral("mpf"), 0, buildMpf(1498, 883, 775));
-    const QImage rgb = sdr.convertToFormat(QImage::Format_RGB888);
     write(dir, QStringLiteral("decode"), n,
-          encodeJpeg(rgb.constBits(), rgb.width(), rgb.height(), 3, rgb.bytesPerLine(), 80));
+          encodeJpeg(sdr.bits(), sdr.width(), sdr.height(), 3, sdr.stride(), 80));
     return 0;
 }
