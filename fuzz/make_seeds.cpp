@@ -12,8 +12,9 @@
 
 #include <QDir>
 #include <QFile>
-#include <QImage>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 using namespace orvanta;
@@ -28,13 +29,22 @@ void write(const QString &dir, const QString &target, int n, const QByteArray &b
         file.write(bytes);
 }
 
-QImage picture(int w, int h, QImage::Format format, float boost)
+ImageBuffer picture(int w, int h, PixelFormat format, float boost)
 {
-    QImage image(w, h, format);
+    ImageBuffer image(w, h, format);
     for (int y = 0; y < h; ++y)
-        for (int x = 0; x < w; ++x)
-            image.setPixelColor(
-                x, y, QColor::fromRgbF(float(x) / w * boost, float(y) / h * boost, 0.5f * boost));
+        for (int x = 0; x < w; ++x) {
+            const float rgb[3] = { float(x) / w * boost, float(y) / h * boost, 0.5f * boost };
+            for (int c = 0; c < 3; ++c) {
+                if (format == PixelFormat::Rgb8)
+                    image.row(y)[3 * x + c]
+                        = uchar(std::lround(std::clamp(rgb[c], 0.0f, 1.0f) * 255));
+                else
+                    image.rowAs<float>(y)[4 * x + c] = rgb[c];
+            }
+            if (format == PixelFormat::RgbaF32)
+                image.rowAs<float>(y)[4 * x + 3] = 1.0f;
+        }
     return image;
 }
 
@@ -47,8 +57,8 @@ int main(int argc, char *argv[])
         return 1;
     }
     const QString dir = QString::fromLocal8Bit(argv[1]);
-    const QImage sdr = picture(24, 16, QImage::Format_RGB888, 1.0f);
-    const QImage hdr = picture(24, 16, QImage::Format_RGBA32FPx4, 3.0f);
+    const ImageBuffer sdr = picture(24, 16, PixelFormat::Rgb8, 1.0f);
+    const ImageBuffer hdr = picture(24, 16, PixelFormat::RgbaF32, 3.0f);
     int n = 0;
     for (const bool multi : { false, true }) {
         for (const auto &[xmp, iso] :
@@ -80,8 +90,7 @@ int main(int argc, char *argv[])
     write(dir, QStringLiteral("xmp"), n, primaryXmp(1234));
     write(dir, QStringLiteral("iso"), n, isoVersionBlock());
     write(dir, QStringLiteral("mpf"), 0, buildMpf(1498, 883, 775));
-    const QImage rgb = sdr.convertToFormat(QImage::Format_RGB888);
     write(dir, QStringLiteral("decode"), n,
-          encodeJpeg(rgb.constBits(), rgb.width(), rgb.height(), 3, rgb.bytesPerLine(), 80));
+          encodeJpeg(sdr.bits(), sdr.width(), sdr.height(), 3, sdr.stride(), 80));
     return 0;
 }

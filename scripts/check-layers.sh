@@ -12,6 +12,7 @@ LAYERS=(
   "i18n platform base update db"
   "hdr"
   "media"
+  "thumbnails"
   "styles history document"
   "engine"
   "core"

@@ -19,6 +19,10 @@ cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
 cmake --build "$build" --parallel "$(nproc)" \
   --target orvanta_fuzz_seeds $(printf 'fuzz_%s ' "${targets[@]}")
 
+# The fuzzers run on QtCore alone, like the tools they stand in for.
+scripts/check-tool-links.sh --core-only $(printf "$build/fuzz/fuzz_%s " "${targets[@]}") \
+  "$build/fuzz/orvanta_fuzz_seeds" > /dev/null
+
 corpus="$build/fuzz-corpus"
 "$build/fuzz/orvanta_fuzz_seeds" "$corpus"
 export ASAN_OPTIONS="detect_leaks=1:abort_on_error=1"

@@ -15,7 +15,7 @@ packages=(
   # Qt's own texts (file dialogs, standard buttons, context menus) in every language
   qt6-translations-l10n
   # libraries
-  libsqlite3-dev libexiv2-dev libraw-dev libjpeg62-turbo-dev libsodium-dev
+  libsqlite3-dev libexiv2-dev libraw-dev libjpeg62-turbo-dev libsodium-dev zlib1g-dev
   # the engine: face detection and the Haar cascades it ships
   libopencv-core-dev libopencv-imgproc-dev libopencv-objdetect-dev opencv-data
   # headless testing: X server for GL widgets, a private session bus

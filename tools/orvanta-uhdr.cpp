@@ -17,7 +17,9 @@
 #include <QJsonObject>
 #include <QSaveFile>
 #include <QStringList>
+#include <QThread>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <optional>
@@ -206,9 +208,11 @@ int decode(QStringList args)
     if (!result.gainMapApplied)
         std::fprintf(stderr, "orvanta-uhdr: gain map not applied (%s); wrote the SDR picture\n",
                      qPrintable(result.gainMapIssue));
-    QString error;
-    if (!writeFile(args[1], writePortableFloatMap(result.image), error))
-        return fail(error);
+    // Written row by row: the picture is never held a second time as bytes.
+    QSaveFile file(args[1]);
+    if (!file.open(QIODevice::WriteOnly) || !writePortableFloatMap(result.image, file)
+        || !file.commit())
+        return fail(args[1] + u": "_s + file.errorString());
     return Ok;
 }
 
@@ -219,18 +223,22 @@ int encode(QStringList args)
     if (!takeNumber(args, u"--scale"_s, scale) || !takeNumber(args, u"--quality"_s, quality)
         || args.size() != 3 || scale < 1 || scale > 128 || quality < 1 || quality > 100)
         return usage();
-    QByteArray sdr, hdrBytes;
+    QByteArray sdr;
     QString error;
-    if (!readFile(args[0], sdr, error) || !readFile(args[1], hdrBytes, error))
+    if (!readFile(args[0], sdr, error))
         return fail(error);
-    const QImage hdr = readPortableFloatMap(hdrBytes, &error);
-    if (hdr.isNull())
+    // The float map is read a row at a time as the gains are measured, never whole.
+    PortableFloatMapReader hdr;
+    if (!hdr.open(args[1], &error))
         return fail(args[1] + u": "_s + error);
     UltraHdrEncodeOptions options;
     options.mapScale = int(scale);
     options.mapQuality = int(quality);
     options.multiChannel = multiChannel;
-    const UltraHdrEncodeResult result = encodeUltraHdr(QByteArrayView(sdr), hdr, options);
+    options.threads = std::max(1, QThread::idealThreadCount());
+    const UltraHdrEncodeResult result = encodeUltraHdr(
+        QByteArrayView(sdr), hdr.width(), hdr.height(),
+        [&hdr](int y, float *rgba) { return hdr.readRow(y, rgba); }, options);
     if (!result.error.isEmpty())
         return fail(result.error);
     if (!writeFile(args[2], result.bytes, error))

@@ -51,12 +51,11 @@ QImage makeSdr(int w, int h)
 }
 
 // The HDR rendition: the decoded primary with its highlights boosted up to 3 stops.
-QImage makeHdr(const QByteArray &primary)
+ImageBuffer makeHdr(const QByteArray &primary)
 {
-    const QImage sdr = decodeUltraHdr(primary, { 1.0, false }).image;
-    QImage hdr = sdr.copy();
+    ImageBuffer hdr = decodeUltraHdr(primary, { 1.0, false }).image;
     for (int y = 0; y < hdr.height(); ++y) {
-        auto *p = reinterpret_cast<qfloat16 *>(hdr.scanLine(y));
+        qfloat16 *p = hdr.rowAs<qfloat16>(y);
         for (int x = 0; x < hdr.width(); ++x) {
             const float luma = 0.2126f * float(p[4 * x]) + 0.7152f * float(p[4 * x + 1])
                 + 0.0722f * float(p[4 * x + 2]);
@@ -107,7 +106,7 @@ int main(int argc, char *argv[])
                 runs, QThread::idealThreadCount());
     const QImage sdr = makeSdr(w, h);
     const QByteArray primary = encodeJpeg(sdr.constBits(), w, h, 3, sdr.bytesPerLine(), 90);
-    const QImage hdr = makeHdr(primary);
+    const ImageBuffer hdr = makeHdr(primary);
 
     UltraHdrEncodeOptions options;
     options.mapScale = 4;

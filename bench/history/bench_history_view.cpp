@@ -16,7 +16,7 @@
 #include "db/ProcessedFiles.h"
 #include "db/Sqlite.h"
 #include "history/HistoryService.h"
-#include "media/ThumbnailManager.h"
+#include "thumbnails/ThumbnailManager.h"
 #include "ui/history/HistoryTableModel.h"
 #include "ui/history/HistoryToolbar.h"
 #include "ui/history/HistoryView.h"

@@ -7,13 +7,15 @@
 // reads the child's peak resident size and CPU time from wait4(). Beside it,
 // in the same run, the anchors on the first pair: LibRaw's dcraw_emu (full and
 // half-size develop), djpeg, and a user-built libultrahdr ultrahdr_app
-// decoding our output when its path is given ("absent" otherwise). Run by hand:
+// decoding our output when its path is given ("absent" otherwise), and
+// orvanta-uhdr decoding that output and encoding it again. Run by hand:
 //   bench_refengine [--ultrahdr-app PATH] [pairs=4] [width=6000] [height=4000]
 #include "SamplePairs.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -124,6 +126,15 @@ void printAnchors(const QString &pairs, const QString &out, const QString &ultra
     else
         printAnchor("ultrahdr_app, decode our output",
                     { ultrahdrApp, u"-m"_s, u"1"_s, u"-j"_s, out + u"/P0_hdr.jpg"_s });
+    // Our own command-line tool, file to file: decode the engine's output to a
+    // float map, then encode the camera JPG with that map again.
+    const QString map = out + u"/P0_hdr.pfm"_s;
+    printAnchor("orvanta-uhdr decode, our output",
+                { QStringLiteral(ORVANTA_UHDR_PATH), u"decode"_s, out + u"/P0_hdr.jpg"_s, map });
+    printAnchor(
+        "orvanta-uhdr encode, JPG + that map",
+        { QStringLiteral(ORVANTA_UHDR_PATH), u"encode"_s, jpg, map, out + u"/P0_again.jpg"_s });
+    QFile::remove(map);
 }
 
 } // namespace

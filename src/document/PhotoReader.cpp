@@ -6,6 +6,7 @@
 #include "hdr/codec/UltraHdrDecoder.h"
 #include "hdr/codec/UltraHdrLayout.h"
 #include "media/MetadataService.h"
+#include "thumbnails/ImageAdapter.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -67,10 +68,10 @@ ReadResult<Rendition> PhotoReader::rendition(const QString &path, bool hdr) cons
 {
     UltraHdrDecodeOptions options;
     options.applyGainMap = hdr;
-    const UltraHdrDecodeResult decoded = decodeUltraHdrFile(path, options);
+    UltraHdrDecodeResult decoded = decodeUltraHdrFile(path, options);
     if (decoded.image.isNull())
         return { {}, decoded.error.isEmpty() ? unreadable(path) : decoded.error };
-    return { { decoded.image, hdr ? decoded.gainMapIssue : QString() }, {} };
+    return { { toQImage(std::move(decoded.image)), hdr ? decoded.gainMapIssue : QString() }, {} };
 }
 
 ReadResult<HDRHistogramData> PhotoReader::histogram(const QString &path,

@@ -3,8 +3,6 @@
 
 #include "media/ExifOrientation.h"
 
-#include <QTransform>
-
 #include <cstring>
 
 namespace orvanta {
@@ -81,35 +79,6 @@ int orientationFromExifBlock(const uchar *data, qsizetype size)
         return value >= 1 && value <= 8 ? value : 1;
     }
     return 1;
-}
-
-QImage applyExifOrientation(QImage image, int orientation)
-{
-    if (image.isNull() || orientation <= 1 || orientation > 8)
-        return image;
-    // Mirror first (orientations 2, 4, 5, 7), then rotate.
-    if (orientation == 2 || orientation == 4 || orientation == 5 || orientation == 7)
-        image = std::move(image).mirrored(true, false);
-    int degrees = 0;
-    switch (orientation) {
-    case 3:
-    case 4:
-        degrees = 180;
-        break;
-    case 5:
-    case 8:
-        degrees = 270;
-        break;
-    case 6:
-    case 7:
-        degrees = 90;
-        break;
-    default:
-        break;
-    }
-    if (degrees == 0)
-        return image;
-    return image.transformed(QTransform().rotate(degrees));
 }
 
 } // namespace orvanta

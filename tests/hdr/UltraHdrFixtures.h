@@ -44,13 +44,13 @@ inline double boostLog2(int x, int y, int width, int height, int c, bool perChan
 }
 
 // The HDR rendition of `sdrJpeg` as a reader decodes it, boosted by boostLog2().
-inline QImage makeHdr(const QByteArray &sdrJpeg, bool perChannel)
+inline ImageBuffer makeHdr(const QByteArray &sdrJpeg, bool perChannel)
 {
     const UltraHdrDecodeResult sdr = decodeUltraHdr(sdrJpeg, { 1.0, false });
-    QImage hdr(sdr.image.width(), sdr.image.height(), QImage::Format_RGBA32FPx4);
+    ImageBuffer hdr(sdr.image.width(), sdr.image.height(), PixelFormat::RgbaF32);
     for (int y = 0; y < hdr.height(); ++y) {
-        const auto *in = reinterpret_cast<const qfloat16 *>(sdr.image.constScanLine(y));
-        auto *out = reinterpret_cast<float *>(hdr.scanLine(y));
+        const qfloat16 *in = sdr.image.rowAs<qfloat16>(y);
+        float *out = hdr.rowAs<float>(y);
         for (int x = 0; x < hdr.width(); ++x) {
             for (int c = 0; c < 3; ++c)
                 out[4 * x + c] = float(in[4 * x + c])
@@ -105,9 +105,9 @@ inline qsizetype payloadOffset(const QByteArray &file, qsizetype imageStart, qui
     return -1;
 }
 
-inline float pixel(const QImage &image, int x, int y, int c)
+inline float pixel(const ImageBuffer &image, int x, int y, int c)
 {
-    return float(reinterpret_cast<const qfloat16 *>(image.constScanLine(y))[4 * x + c]);
+    return float(image.rowAs<qfloat16>(y)[4 * x + c]);
 }
 
 } // namespace orvanta::test

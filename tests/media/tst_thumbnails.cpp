@@ -7,11 +7,11 @@
 #include "MediaFixtures.h"
 #include "common/TestEnvironment.h"
 #include "media/ExifOrientation.h"
-#include "media/JpegThumbnailDecoder.h"
 #include "media/MetadataService.h"
-#include "media/RawThumbnail.h"
-#include "media/ThumbnailDecoder.h"
-#include "media/ThumbnailManager.h"
+#include "thumbnails/JpegThumbnailDecoder.h"
+#include "thumbnails/RawThumbnail.h"
+#include "thumbnails/ThumbnailDecoder.h"
+#include "thumbnails/ThumbnailManager.h"
 
 #include <QRandomGenerator>
 #include <QSemaphore>

@@ -7,8 +7,8 @@
 #include "SamplePairs.h"
 #include "common/TestEnvironment.h"
 #include "hdr/codec/UltraHdrDecoder.h"
-#include "media/ExifOrientation.h"
 #include "media/ExivAdapter.h"
+#include "thumbnails/ImageAdapter.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -84,16 +84,16 @@ QStringList filesUnder(const QString &dir)
 }
 
 // Mean luminance of a decoded picture over the pixels where `mask` is set.
-double meanLuminance(const QImage &picture, const QImage &mask)
+double meanLuminance(const ImageBuffer &picture, const QImage &mask)
 {
-    const QImage f = picture.convertToFormat(QImage::Format_RGBA32FPx4);
     double sum = 0;
     int n = 0;
-    for (int y = 0; y < f.height(); ++y) {
-        const auto *px = reinterpret_cast<const float *>(f.constScanLine(y));
-        for (int x = 0; x < f.width(); ++x)
+    for (int y = 0; y < picture.height(); ++y) {
+        const qfloat16 *px = picture.rowAs<qfloat16>(y);
+        for (int x = 0; x < picture.width(); ++x)
             if (qGray(mask.pixel(x, y)) > 128) {
-                sum += 0.2126 * px[x * 4] + 0.7152 * px[x * 4 + 1] + 0.0722 * px[x * 4 + 2];
+                sum += 0.2126 * float(px[x * 4]) + 0.7152 * float(px[x * 4 + 1])
+                    + 0.0722 * float(px[x * 4 + 2]);
                 ++n;
             }
     }
@@ -123,9 +123,10 @@ MidToneGains midToneGains(const QString &file)
 {
     UltraHdrDecodeOptions sdrOnly;
     sdrOnly.applyGainMap = false;
-    const QImage hdr = decodeUltraHdrFile(file).image.convertToFormat(QImage::Format_RGBA32FPx4);
-    const QImage sdr
-        = decodeUltraHdrFile(file, sdrOnly).image.convertToFormat(QImage::Format_RGBA32FPx4);
+    const QImage hdr
+        = toQImage(decodeUltraHdrFile(file).image).convertToFormat(QImage::Format_RGBA32FPx4);
+    const QImage sdr = toQImage(decodeUltraHdrFile(file, sdrOnly).image)
+                           .convertToFormat(QImage::Format_RGBA32FPx4);
     MidToneGains g;
     int disagreeing = 0;
     for (int y = 0; y < sdr.height() && sdr.size() == hdr.size(); ++y) {

@@ -4,6 +4,7 @@
 #include "BatchRunner.h"
 
 #include "FaceDetector.h"
+#include "GreyPng.h"
 #include "HdrRenderer.h"
 #include "OutputNaming.h"
 #include "SystemLoad.h"
@@ -167,6 +168,8 @@ int BatchRunner::run()
                        .arg(workers)
                        .arg(workers == 1 ? u""_s : u"s"_s)
                        .arg(m_options.profileId));
+    // Cores the workers leave idle go to the full-size work within each photo.
+    m_photoThreads = std::max(1, int(std::max(1u, std::thread::hardware_concurrency())) / workers);
     std::atomic<int> running { workers };
     std::vector<std::thread> pool;
     for (int w = 0; w < workers && !m_pending.isEmpty(); ++w)
@@ -320,7 +323,8 @@ void BatchRunner::processPair(const PhotoPair &pair, int index)
     m_log.line(u"🚀 [%1/%2] %3"_s.arg(index).arg(total).arg(pair.stem));
 
     const RenderRequest request { pair.rawPath,          pair.jpgPath,         m_tuning,
-                                  m_options.backlitFill, m_options.debugMasks, skinFinder() };
+                                  m_options.backlitFill, m_options.debugMasks, skinFinder(),
+                                  m_photoThreads };
     const RenderResult rendered = renderPair(request);
     Delivery delivery;
     if (rendered.error.isEmpty())
@@ -375,8 +379,8 @@ BatchRunner::Delivery BatchRunner::deliver(const PhotoPair &pair, const RenderRe
     d.writeSec = clock.nsecsElapsed() / 1e9;
     if (m_options.debugMasks) {
         const QString base = QDir(folder).filePath(QFileInfo(name).completeBaseName());
-        rendered.gainMask.save(base + u"_gainmap.png"_s);
-        rendered.skinMask.save(base + u"_facemask.png"_s);
+        writeGreyPng(rendered.gainMask, base + u"_gainmap.png"_s);
+        writeGreyPng(rendered.skinMask, base + u"_facemask.png"_s);
     }
     return d;
 }

@@ -83,6 +83,7 @@ private:
     EventLog &m_log;
     StateDatabase m_db;
     QList<PhotoPair> m_pending;
+    int m_photoThreads = 1; // threads each photo may use, with all workers running
     std::atomic<int> m_next { 0 };
     std::atomic<int> m_success { 0 };
     std::atomic<int> m_failed { 0 };

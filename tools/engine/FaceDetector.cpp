@@ -58,7 +58,7 @@ QString faceCascadePath()
     return {};
 }
 
-QImage findSkin(const QImage &grey, const QImage &rgb, int *faces)
+ImageBuffer findSkin(const ImageBuffer &grey, const ImageBuffer &rgb, int *faces)
 {
     *faces = 0;
     cv::CascadeClassifier *cascade = threadCascade();
@@ -66,8 +66,8 @@ QImage findSkin(const QImage &grey, const QImage &rgb, int *faces)
         return {};
     const double scale
         = std::min(1.0, double(kDetectLongSide) / std::max(grey.width(), grey.height()));
-    const cv::Mat full(grey.height(), grey.width(), CV_8UC1, const_cast<uchar *>(grey.constBits()),
-                       size_t(grey.bytesPerLine()));
+    const cv::Mat full(grey.height(), grey.width(), CV_8UC1, const_cast<uchar *>(grey.bits()),
+                       size_t(grey.stride()));
     cv::Mat small;
     cv::resize(full, small, cv::Size(), scale, scale, cv::INTER_AREA);
     cv::equalizeHist(small, small);
@@ -86,7 +86,7 @@ QImage findSkin(const QImage &grey, const QImage &rgb, int *faces)
         cv::ellipse(region, centre, axes, 0, 0, 360, cv::Scalar(255), cv::FILLED);
         for (int y = 0; y < mask.rows; ++y) {
             const uchar *in = region.ptr<uchar>(y);
-            const uchar *px = rgb.constScanLine(y);
+            const uchar *px = rgb.row(y);
             uchar *out = mask.ptr<uchar>(y);
             for (int x = 0; x < mask.cols; ++x)
                 if (in[x] && isSkin(px + x * 3))
@@ -95,13 +95,13 @@ QImage findSkin(const QImage &grey, const QImage &rgb, int *faces)
     }
     const int blur = (std::max(3, std::min(mask.cols, mask.rows) / 100)) | 1;
     cv::GaussianBlur(mask, mask, cv::Size(blur, blur), 0);
-    QImage out(grey.width(), grey.height(), QImage::Format_Grayscale8);
-    for (int y = 0; y < mask.rows; ++y)
-        std::copy_n(mask.ptr<uchar>(y), mask.cols, out.scanLine(y));
+    ImageBuffer out(grey.width(), grey.height(), PixelFormat::Gray8);
+    for (int y = 0; y < mask.rows && !out.isNull(); ++y)
+        std::copy_n(mask.ptr<uchar>(y), mask.cols, out.row(y));
     return out;
 }
 
-std::function<QImage(const QImage &, const QImage &, int *)> skinFinder()
+std::function<ImageBuffer(const ImageBuffer &, const ImageBuffer &, int *)> skinFinder()
 {
     return &findSkin;
 }

@@ -6,7 +6,8 @@
 // cascade per thread (the classifier is not shared between workers).
 #pragma once
 
-#include <QImage>
+#include "hdr/codec/ImageBuffer.h"
+
 #include <QString>
 
 #include <functional>
@@ -17,10 +18,10 @@ namespace orvanta::engine {
 // system's OpenCV data. Empty when none is installed.
 QString faceCascadePath();
 
-// `grey` and `rgb` (Format_RGB888) are the same picture. Returns a
-// Format_Grayscale8 skin weight of that size (null when no face was found).
-QImage findSkin(const QImage &grey, const QImage &rgb, int *faces);
+// `grey` (Gray8) and `rgb` (Rgb8) are the same picture. Returns a Gray8 skin
+// weight of that size (null when no face was found).
+ImageBuffer findSkin(const ImageBuffer &grey, const ImageBuffer &rgb, int *faces);
 
-std::function<QImage(const QImage &, const QImage &, int *)> skinFinder();
+std::function<ImageBuffer(const ImageBuffer &, const ImageBuffer &, int *)> skinFinder();
 
 } // namespace orvanta::engine

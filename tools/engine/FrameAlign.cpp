@@ -32,18 +32,18 @@ struct Thumb
     }
 };
 
-float linearOf(const QImage &image, int x, int y)
+float linearOf(const ImageBuffer &image, int x, int y)
 {
-    if (image.format() == QImage::Format_RGB888) {
-        const uchar *p = image.constScanLine(y) + x * 3;
+    if (image.format() == PixelFormat::Rgb8) {
+        const uchar *p = image.row(y) + x * 3;
         const float e = (0.2126f * p[0] + 0.7152f * p[1] + 0.0722f * p[2]) / 255.0f;
         return std::pow(e, 2.2f);
     }
-    const auto *p = reinterpret_cast<const quint16 *>(image.constScanLine(y)) + x * 4;
+    const quint16 *p = image.rowAs<quint16>(y) + x * 4;
     return (0.2126f * p[0] + 0.7152f * p[1] + 0.0722f * p[2]) / 65535.0f;
 }
 
-Thumb thumbOf(const QImage &image, QRectF src, int w, int h)
+Thumb thumbOf(const ImageBuffer &image, QRectF src, int w, int h)
 {
     Thumb t { w, h, std::vector<float>(size_t(w) * h) };
     for (int y = 0; y < h; ++y)
@@ -125,7 +125,7 @@ QRect centredAspectCrop(QSize have, QSize want)
 
 } // namespace
 
-QRect findJpegFrame(const QImage &raw, const QImage &jpg)
+QRect findJpegFrame(const ImageBuffer &raw, const ImageBuffer &jpg)
 {
     const QRect plain = centredAspectCrop(raw.size(), jpg.size());
     if (jpg.width() < 32 || jpg.height() < 32)

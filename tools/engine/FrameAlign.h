@@ -6,15 +6,16 @@
 // its own size. Pure function, any thread.
 #pragma once
 
-#include <QImage>
+#include "hdr/codec/ImageBuffer.h"
+
 #include <QRect>
 
 namespace orvanta::engine {
 
-// `raw`: the developed RAW (Format_RGBX64, linear), `jpg`: the JPG (RGB888),
+// `raw`: the developed RAW (Rgbx16, linear), `jpg`: the JPG (Rgb8),
 // both in stored pixel order. Returns the rectangle of `raw` that shows what
 // `jpg` shows: the centred crop to the JPG's aspect ratio unless a smaller or
 // shifted frame matches clearly better.
-QRect findJpegFrame(const QImage &raw, const QImage &jpg);
+QRect findJpegFrame(const ImageBuffer &raw, const ImageBuffer &jpg);
 
 } // namespace orvanta::engine

@@ -8,16 +8,15 @@
 #include "hdr/codec/JpegCodec.h"
 #include "hdr/codec/UltraHdrDecoder.h"
 #include "hdr/codec/UltraHdrWriter.h"
-#include "media/ExifOrientation.h"
 #include "media/ExivAdapter.h"
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QFloat16>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <thread>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -53,18 +52,21 @@ float luminance(float r, float g, float b)
     return 0.2126f * r + 0.7152f * g + 0.0722f * b;
 }
 
-QImage decodeJpeg(const QByteArray &bytes, int scale, QString &error)
+ImageBuffer decodeJpeg(const QByteArray &bytes, int scale, QString &error)
 {
     JpegDecoder decoder;
     if (!decoder.open(bytes, { JpegDecoder::Output::Rgb, scale, false, 1ll << 28 })) {
         error = u"JPG: "_s + decoder.error();
         return {};
     }
-    QImage image(decoder.width(), decoder.height(), QImage::Format_RGB888);
+    ImageBuffer image(decoder.width(), decoder.height(), PixelFormat::Rgb8);
+    if (image.isNull()) {
+        error = u"JPG: not enough memory"_s;
+        return {};
+    }
     while (decoder.rowsRead() < decoder.height()) {
         const int row = decoder.rowsRead();
-        if (decoder.readRows(image.scanLine(row), image.bytesPerLine(), decoder.height() - row)
-            <= 0) {
+        if (decoder.readRows(image.row(row), image.stride(), decoder.height() - row) <= 0) {
             error = u"JPG: "_s + decoder.error();
             return {};
         }
@@ -81,7 +83,7 @@ struct WorkPlanes
     std::vector<float> brightness; // brightest SDR channel, encoded 0..1
 };
 
-WorkPlanes makePlanes(const QImage &sdr8, const QImage &raw64)
+WorkPlanes makePlanes(const ImageBuffer &sdr8, const ImageBuffer &raw64)
 {
     WorkPlanes p;
     p.width = sdr8.width();
@@ -92,8 +94,8 @@ WorkPlanes makePlanes(const QImage &sdr8, const QImage &raw64)
     p.brightness.resize(n);
     const auto &lut = srgbTable();
     for (int y = 0; y < p.height; ++y) {
-        const uchar *s = sdr8.constScanLine(y);
-        const auto *r = reinterpret_cast<const quint16 *>(raw64.constScanLine(y));
+        const uchar *s = sdr8.row(y);
+        const quint16 *r = raw64.rowAs<quint16>(y);
         for (int x = 0; x < p.width; ++x) {
             const size_t i = size_t(y) * p.width + x;
             for (int c = 0; c < 3; ++c) {
@@ -127,40 +129,60 @@ struct GainPlanes
     double peakStops = 0.0;
 };
 
-GainPlanes computeGains(const WorkPlanes &p, const Tuning &t, const QImage &skin, double fill)
+// The gain factors, lift and HDR luminance of work pixel `i`.
+void gainAt(const WorkPlanes &p, const Tuning &t, const ImageBuffer &skin, double fill, size_t i,
+            GainPlanes &g, std::vector<float> &peaks)
+{
+    const float *s = &p.sdr[i * 3], *r = &p.raw[i * 3];
+    const float ys = luminance(s[0], s[1], s[2]), yr = luminance(r[0], r[1], r[2]);
+    const double excess = std::max(0.0, std::log2((yr + 1e-4) / (ys + 1e-4)));
+    double lift = liftStops(t, ys, excess, p.brightness[i]);
+    if (!skin.isNull())
+        lift *= 1.0
+            - std::clamp(t.skinDamp, 0.0, 1.0) * skin.row(int(i / p.width))[i % p.width] / 255.0;
+    if (fill > 0.0)
+        lift += fill * std::pow(1.0 - smoothstep(0.0, 0.18, ys), 2.0);
+    g.lift[i] = float(lift);
+    // Colour: where the JPG clipped, take the hue from the RAW; lifted
+    // highlights keep (or gain) saturation by the chroma value.
+    const double clip = smoothstep(0.85, 1.0, p.brightness[i]);
+    const double hiShare = std::clamp(lift / kHeadroomStops, 0.0, 1.0);
+    const double yHdr = ys * std::exp2(lift);
+    for (int c = 0; c < 3; ++c) {
+        const double cs = s[c] / std::max(ys, 1e-5f), cr = r[c] / std::max(yr, 1e-5f);
+        double chroma = cs + (cr - cs) * clip;
+        chroma = 1.0 + (chroma - 1.0) * (1.0 + t.chromaBoost * hiShare);
+        const double hdr = std::max(0.0, yHdr * chroma);
+        g.factor[i * 3 + c] = float((hdr + kOffset) / (s[c] + kOffset));
+    }
+    peaks[i] = float(yHdr);
+}
+
+// Runs `body(begin, end)` over [0, n) split into `threads` ranges at once.
+template<typename Body> void inRanges(size_t n, int threads, const Body &body)
+{
+    threads = std::max(1, std::min(threads, 16));
+    std::vector<std::thread> helpers;
+    for (int t = 1; t < threads; ++t)
+        helpers.emplace_back([&, t] { body(n * t / threads, n * (t + 1) / threads); });
+    body(0, n / threads);
+    for (std::thread &helper : helpers)
+        helper.join();
+}
+
+GainPlanes computeGains(const WorkPlanes &p, const Tuning &t, const ImageBuffer &skin, double fill,
+                        int threads)
 {
     GainPlanes g;
     const size_t n = p.brightness.size();
     g.factor.resize(n * 3);
     g.lift.resize(n);
-    std::vector<float> peaks;
-    peaks.reserve(n);
-    for (size_t i = 0; i < n; ++i) {
-        const float *s = &p.sdr[i * 3], *r = &p.raw[i * 3];
-        const float ys = luminance(s[0], s[1], s[2]), yr = luminance(r[0], r[1], r[2]);
-        const double excess = std::max(0.0, std::log2((yr + 1e-4) / (ys + 1e-4)));
-        double lift = liftStops(t, ys, excess, p.brightness[i]);
-        if (!skin.isNull())
-            lift *= 1.0
-                - std::clamp(t.skinDamp, 0.0, 1.0)
-                    * skin.constScanLine(int(i / p.width))[i % p.width] / 255.0;
-        if (fill > 0.0)
-            lift += fill * std::pow(1.0 - smoothstep(0.0, 0.18, ys), 2.0);
-        g.lift[i] = float(lift);
-        // Colour: where the JPG clipped, take the hue from the RAW; lifted
-        // highlights keep (or gain) saturation by the chroma value.
-        const double clip = smoothstep(0.85, 1.0, p.brightness[i]);
-        const double hiShare = std::clamp(lift / kHeadroomStops, 0.0, 1.0);
-        const double yHdr = ys * std::exp2(lift);
-        for (int c = 0; c < 3; ++c) {
-            const double cs = s[c] / std::max(ys, 1e-5f), cr = r[c] / std::max(yr, 1e-5f);
-            double chroma = cs + (cr - cs) * clip;
-            chroma = 1.0 + (chroma - 1.0) * (1.0 + t.chromaBoost * hiShare);
-            const double hdr = std::max(0.0, yHdr * chroma);
-            g.factor[i * 3 + c] = float((hdr + kOffset) / (s[c] + kOffset));
-        }
-        peaks.push_back(float(yHdr));
-    }
+    std::vector<float> peaks(n);
+    // Each pixel depends on its own values only, so ranges run side by side.
+    inRanges(n, threads, [&](size_t begin, size_t end) {
+        for (size_t i = begin; i < end; ++i)
+            gainAt(p, t, skin, fill, i, g, peaks);
+    });
     auto at = peaks.begin() + std::min(peaks.size() - 1, peaks.size() * 999 / 1000);
     std::nth_element(peaks.begin(), at, peaks.end());
     g.peakStops = std::max(0.0, std::log2(double(*at)));
@@ -191,49 +213,72 @@ Taps tapsFor(int outSize, int inSize)
     return t;
 }
 
-// The full-size HDR picture: the full JPG times the work-size gain factors,
-// sampled bilinearly.
-QImage buildHdr(const QImage &full, const GainPlanes &g, int gw, int gh)
+// One row of the full-size HDR picture: the full JPG times the work-size gain
+// factors, sampled bilinearly. Rows are made as the writer asks for them, so
+// the full-size picture never exists as a whole.
+struct HdrRows
 {
-    QImage hdr(full.size(), QImage::Format_RGBA16FPx4);
-    const Taps tx = tapsFor(full.width(), gw), ty = tapsFor(full.height(), gh);
-    const auto &lut = srgbTable();
-    const qfloat16 one(1.0f);
-    for (int y = 0; y < full.height(); ++y) {
+    const ImageBuffer &full;
+    const GainPlanes &g;
+    int gw;
+    Taps tx, ty;
+
+    bool operator()(int y, float *out) const
+    {
+        // The two factor rows blended vertically once, then each pixel blends
+        // horizontally within that row.
+        thread_local std::vector<float> blended;
+        blended.resize(size_t(gw) * 3);
         const float *r0 = &g.factor[size_t(ty.i0[y]) * gw * 3];
         const float *r1 = &g.factor[size_t(ty.i1[y]) * gw * 3];
         const float wy = ty.w[y];
-        const uchar *s = full.constScanLine(y);
-        auto *out = reinterpret_cast<qfloat16 *>(hdr.scanLine(y));
+        for (size_t i = 0; i < blended.size(); ++i)
+            blended[i] = r0[i] + (r1[i] - r0[i]) * wy;
+        const uchar *s = full.row(y);
+        const auto &lut = srgbTable();
         for (int x = 0; x < full.width(); ++x) {
-            const int a = tx.i0[x] * 3, b = tx.i1[x] * 3;
+            const float *fa = &blended[size_t(tx.i0[x]) * 3], *fb = &blended[size_t(tx.i1[x]) * 3];
             const float wx = tx.w[x];
             for (int c = 0; c < 3; ++c) {
-                const float top = r0[a + c] + (r0[b + c] - r0[a + c]) * wx;
-                const float bottom = r1[a + c] + (r1[b + c] - r1[a + c]) * wx;
-                const float factor = top + (bottom - top) * wy;
-                out[x * 4 + c]
-                    = qfloat16(std::max(0.0f, (lut[s[x * 3 + c]] + kOffset) * factor - kOffset));
+                const float factor = fa[c] + (fb[c] - fa[c]) * wx;
+                out[x * 4 + c] = std::max(0.0f, (lut[s[x * 3 + c]] + kOffset) * factor - kOffset);
             }
-            out[x * 4 + 3] = one;
+            out[x * 4 + 3] = 1.0f;
         }
+        return true;
     }
-    return hdr;
-}
+};
 
-QImage maskImage(const std::vector<float> &values, int w, int h, double full)
+ImageBuffer maskImage(const std::vector<float> &values, int w, int h, double full)
 {
-    QImage mask(w, h, QImage::Format_Grayscale8);
-    for (int y = 0; y < h; ++y)
+    ImageBuffer mask(w, h, PixelFormat::Gray8);
+    for (int y = 0; y < mask.height(); ++y)
         for (int x = 0; x < w; ++x)
-            mask.scanLine(y)[x]
+            mask.row(y)[x]
                 = uchar(std::clamp(values[size_t(y) * w + x] / full * 255.0, 0.0, 255.0));
     return mask;
 }
 
-QImage greyOf(const QImage &rgb)
+// Grey as the eye sees it: luminance of the linear colour, encoded again.
+ImageBuffer greyOf(const ImageBuffer &rgb)
 {
-    return rgb.convertToFormat(QImage::Format_Grayscale8);
+    ImageBuffer grey(rgb.width(), rgb.height(), PixelFormat::Gray8);
+    const auto &lut = srgbTable();
+    static const std::array<uchar, 4096> encode = [] {
+        std::array<uchar, 4096> t {};
+        for (int i = 0; i < 4096; ++i)
+            t[i] = uchar(std::lround(linearToSrgb(i / 4095.0f) * 255.0f));
+        return t;
+    }();
+    for (int y = 0; y < grey.height(); ++y) {
+        const uchar *s = rgb.row(y);
+        uchar *out = grey.row(y);
+        for (int x = 0; x < grey.width(); ++x) {
+            const float lum = luminance(lut[s[3 * x]], lut[s[3 * x + 1]], lut[s[3 * x + 2]]);
+            out[x] = encode[size_t(std::clamp(lum, 0.0f, 1.0f) * 4095.0f + 0.5f)];
+        }
+    }
+    return grey;
 }
 
 const char *fitName(ColourFit::Kind kind)
@@ -296,14 +341,20 @@ RenderResult renderPair(const RenderRequest &request)
         return result;
     }
     const QByteArray jpgBytes = jpgFile.readAll();
-    const QImage full = decodeJpeg(jpgBytes, 1, result.error);
-    if (full.isNull())
-        return result;
-    // Gains are computed at about the gain map's own resolution.
+    // Gains are computed at about the gain map's own resolution; the full
+    // picture is decoded only once the RAW has been let go of.
     int scale = 1;
-    while (scale < 8 && std::max(full.width(), full.height()) / (scale * 2) >= kWorkLongSide)
-        scale *= 2;
-    const QImage work = scale > 1 ? decodeJpeg(jpgBytes, scale, result.error) : full;
+    {
+        JpegDecoder header;
+        if (!header.open(jpgBytes, {})) {
+            result.error = u"JPG: "_s + header.error();
+            return result;
+        }
+        while (scale < 8
+               && std::max(header.width(), header.height()) / (scale * 2) >= kWorkLongSide)
+            scale *= 2;
+    }
+    const ImageBuffer work = decodeJpeg(jpgBytes, scale, result.error);
     if (work.isNull())
         return result;
     const auto tags = exiv::readTags(request.jpgPath);
@@ -321,36 +372,49 @@ RenderResult renderPair(const RenderRequest &request)
     result.stages.append({ u"align"_s, raw.alignSec });
     clock.restart();
     WorkPlanes planes = makePlanes(work, raw.image);
-    raw.image = QImage();
+    raw.image = ImageBuffer();
     if (!matchColours(planes, raw.baselineStops, result))
         return result;
     lap(u"colour_fit"_s);
 
-    QImage skin;
+    ImageBuffer skin;
     if (request.findSkin) {
         // Faces are looked for upright, as the photo is shown; the skin
         // weight then goes back to the stored pixel order.
-        const QImage upright = applyExifOrientation(work, orientation);
+        const ImageBuffer turned
+            = orientation > 1 ? applyExifOrientation(work.clone(), orientation) : ImageBuffer();
+        const ImageBuffer &upright = orientation > 1 ? turned : work;
         skin = request.findSkin(greyOf(upright), upright, &result.faces);
         if (!skin.isNull())
-            skin = applyExifOrientation(skin, inverseOrientation(orientation));
+            skin = applyExifOrientation(std::move(skin), inverseOrientation(orientation));
     }
     lap(u"faces"_s);
     const double fill = request.backlitFill ? backlitStrength(planes) : 0.0;
     result.backlit = fill > 0.0;
-    const GainPlanes gains = computeGains(planes, request.tuning, skin, fill);
+    const GainPlanes gains = computeGains(planes, request.tuning, skin, fill, request.threads);
     result.peakStops = gains.peakStops;
     if (request.wantMasks) {
         result.gainMask = maskImage(gains.lift, planes.width, planes.height, 4.0);
-        result.skinMask = skin.isNull() ? QImage(work.size(), QImage::Format_Grayscale8) : skin;
+        result.skinMask = skin.isNull()
+            ? ImageBuffer(work.width(), work.height(), PixelFormat::Gray8)
+            : skin.clone();
         if (skin.isNull())
             result.skinMask.fill(0);
     }
-    const QImage hdr = buildHdr(full, gains, planes.width, planes.height);
+    const int gw = planes.width, gh = planes.height;
+    planes = {}; // only the gain factors are needed from here on
     lap(u"tone_gain"_s);
+    const ImageBuffer decodedFull
+        = scale > 1 ? decodeJpeg(jpgBytes, 1, result.error) : ImageBuffer();
+    const ImageBuffer &full = scale > 1 ? decodedFull : work;
+    if (full.isNull())
+        return result;
     UltraHdrEncodeOptions options;
     options.multiChannel = request.tuning.chromaBoost > 0.001;
-    const UltraHdrEncodeResult encoded = encodeUltraHdr(jpgBytes, hdr, options);
+    options.threads = request.threads;
+    const HdrRows rows { full, gains, gw, tapsFor(full.width(), gw), tapsFor(full.height(), gh) };
+    const UltraHdrEncodeResult encoded
+        = encodeUltraHdr(jpgBytes, full.width(), full.height(), rows, options, &full);
     if (encoded.bytes.isEmpty()) {
         result.error = u"Ultra HDR encoding failed: "_s + encoded.error;
         return result;

@@ -7,9 +7,9 @@
 #pragma once
 
 #include "EngineOptions.h"
+#include "hdr/codec/ImageBuffer.h"
 
 #include <QByteArray>
-#include <QImage>
 #include <QList>
 #include <QString>
 
@@ -26,8 +26,11 @@ struct RenderRequest
     bool backlitFill = false;
     bool wantMasks = false; // keep the gain map and the face/skin mask pictures
     // Face finder over an 8-bit grey picture; returns a 0..1 skin weight per
-    // pixel of that picture (Format_Grayscale8) and the face count. Optional.
-    std::function<QImage(const QImage &grey, const QImage &rgb, int *faces)> findSkin;
+    // pixel of that picture (Gray8) and the face count. Optional.
+    std::function<ImageBuffer(const ImageBuffer &grey, const ImageBuffer &rgb, int *faces)>
+        findSkin;
+    // Threads this photo may use for the full-size work (the writer's gains).
+    int threads = 1;
 };
 
 struct RenderResult
@@ -45,8 +48,8 @@ struct RenderResult
     // Seconds spent in each step, in the order they ran, for the progress records.
     QList<std::pair<QString, double>> stages;
     bool backlit = false; // the fill light was applied
-    QImage gainMask; // when asked for: the lift in stops, 0..4 mapped to 0..255
-    QImage skinMask; // when asked for: the skin weight
+    ImageBuffer gainMask; // when asked for: the lift in stops, 0..4 mapped to 0..255
+    ImageBuffer skinMask; // when asked for: the skin weight
 };
 
 RenderResult renderPair(const RenderRequest &request);

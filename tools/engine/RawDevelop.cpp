@@ -4,7 +4,6 @@
 #include "RawDevelop.h"
 
 #include "FrameAlign.h"
-#include "media/ExifOrientation.h"
 
 #include <QElapsedTimer>
 
@@ -12,6 +11,7 @@
 #include <cmath>
 #include <libraw/libraw.h>
 #include <memory>
+#include <opencv2/imgproc.hpp>
 
 using namespace Qt::StringLiterals;
 
@@ -54,12 +54,14 @@ double clipPercentage(const LibRaw &raw)
     return total ? 100.0 * double(clipped) / double(total) : 0.0;
 }
 
-QImage toImage(const libraw_processed_image_t *processed)
+ImageBuffer toImage(const libraw_processed_image_t *processed)
 {
-    QImage image(processed->width, processed->height, QImage::Format_RGBX64);
+    ImageBuffer image(processed->width, processed->height, PixelFormat::Rgbx16);
+    if (image.isNull())
+        return image;
     const auto *src = reinterpret_cast<const ushort *>(processed->data);
     for (int y = 0; y < processed->height; ++y) {
-        auto *dst = reinterpret_cast<quint16 *>(image.scanLine(y));
+        quint16 *dst = image.rowAs<quint16>(y);
         for (int x = 0; x < processed->width; ++x) {
             const ushort *px = src + (size_t(y) * processed->width + x) * processed->colors;
             for (int c = 0; c < 3; ++c)
@@ -71,15 +73,21 @@ QImage toImage(const libraw_processed_image_t *processed)
 }
 
 // The part of the RAW the JPG shows, scaled to the JPG's size.
-QImage frameLike(const QImage &image, const QImage &jpg)
+ImageBuffer frameLike(ImageBuffer image, const ImageBuffer &jpg)
 {
     const QRect crop = findJpegFrame(image, jpg);
-    const QImage cropped = crop == image.rect() ? image : image.copy(crop);
-    if (cropped.size() == jpg.size())
-        return cropped;
-    // Smooth scaling may hand back another 64-bit format; the planes read RGBX64.
-    return cropped.scaled(jpg.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-        .convertToFormat(QImage::Format_RGBX64);
+    if (crop.size() == jpg.size())
+        return crop == image.rect() ? std::move(image) : image.copy(crop);
+    // Area averaging: every RAW pixel of the frame counts once when shrinking.
+    const cv::Mat source(image.height(), image.width(), CV_16UC4, image.bits(),
+                         size_t(image.stride()));
+    ImageBuffer out(jpg.width(), jpg.height(), PixelFormat::Rgbx16);
+    if (out.isNull())
+        return out;
+    cv::Mat target(out.height(), out.width(), CV_16UC4, out.bits(), size_t(out.stride()));
+    cv::resize(source(cv::Rect(crop.x(), crop.y(), crop.width(), crop.height())), target,
+               target.size(), 0, 0, cv::INTER_AREA);
+    return out;
 }
 
 } // namespace
@@ -89,7 +97,7 @@ int inverseOrientation(int orientation)
     return orientation == 6 ? 8 : orientation == 8 ? 6 : orientation;
 }
 
-RawDevelopment developRaw(const QString &path, const QImage &jpg, int jpgOrientation)
+RawDevelopment developRaw(const QString &path, const ImageBuffer &jpg, int jpgOrientation)
 {
     RawDevelopment out;
     QElapsedTimer clock;
@@ -131,14 +139,17 @@ RawDevelopment developRaw(const QString &path, const QImage &jpg, int jpgOrienta
         out.error = librawError("output", code);
         return out;
     }
-    QImage upright = toImage(processed);
+    ImageBuffer upright = toImage(processed);
     LibRaw::dcraw_clear_mem(processed);
     raw.reset();
     out.developSec = clock.nsecsElapsed() / 1e9;
     clock.restart();
-    const QImage stored
-        = applyExifOrientation(std::move(upright), inverseOrientation(jpgOrientation));
-    out.image = frameLike(stored, jpg);
+    if (upright.isNull()) {
+        out.error = u"RAW output: not enough memory"_s;
+        return out;
+    }
+    out.image = frameLike(
+        applyExifOrientation(std::move(upright), inverseOrientation(jpgOrientation)), jpg);
     out.alignSec = clock.nsecsElapsed() / 1e9;
     return out;
 }

@@ -6,7 +6,8 @@
 // the camera JPG: same orientation, same framing, same size. Any thread.
 #pragma once
 
-#include <QImage>
+#include "hdr/codec/ImageBuffer.h"
+
 #include <QSize>
 #include <QString>
 
@@ -14,17 +15,17 @@ namespace orvanta::engine {
 
 struct RawDevelopment
 {
-    QImage image; // Format_RGBX64, linear, 65535 = the sensor's clip point
+    ImageBuffer image; // Rgbx16, linear, 65535 = the sensor's clip point
     double clipPct = 0.0; // share of sensor samples at the clip point, in percent
     double baselineStops = 0.0; // DNG BaselineExposure: how much brighter the maker meant it
     double decodeSec = 0.0, developSec = 0.0, alignSec = 0.0; // time of each step
     QString error;
 };
 
-// `jpg`: the JPG as stored (RGB888, any size: the RAW is framed and scaled
+// `jpg`: the JPG as stored (Rgb8, any size: the RAW is framed and scaled
 // to it); `jpgOrientation`: its Exif orientation, so the RAW is turned into
 // the JPG's stored pixel order.
-RawDevelopment developRaw(const QString &path, const QImage &jpg, int jpgOrientation);
+RawDevelopment developRaw(const QString &path, const ImageBuffer &jpg, int jpgOrientation);
 
 // The Exif orientation that undoes `orientation`.
 int inverseOrientation(int orientation);

@@ -4,7 +4,7 @@
 #include "SamplePairs.h"
 
 #include "hdr/codec/JpegCodec.h"
-#include "media/ExifOrientation.h"
+#include "thumbnails/ImageAdapter.h"
 
 #include <QDir>
 #include <QFile>

@@ -8,6 +8,7 @@
 
 #include "hdr/codec/JpegCodec.h"
 #include "hdr/codec/UltraHdrWriter.h"
+#include "thumbnails/ImageAdapter.h"
 
 #include <QFile>
 #include <QImage>
@@ -94,8 +95,8 @@ inline bool writeScene(int width, int height, const QString &jpgPath, const QStr
 {
     const QImage sdr = sceneSdr(width, height);
     const QByteArray jpeg = encodeJpeg(sdr.constBits(), width, height, 3, sdr.bytesPerLine(), 92);
-    const UltraHdrEncodeResult encoded
-        = encodeUltraHdr(QByteArrayView(jpeg), sceneHdr(width, height));
+    const UltraHdrEncodeResult encoded = encodeUltraHdr(
+        QByteArrayView(jpeg), toImageBuffer(sceneHdr(width, height), PixelFormat::RgbaF32));
     QFile camera(jpgPath), output(uhdrPath);
     if (encoded.bytes.isEmpty() || !camera.open(QIODevice::WriteOnly)
         || !output.open(QIODevice::WriteOnly))

@@ -285,7 +285,7 @@ UltraHdrDecodeResult decodeUltraHdr(QByteArrayView data, const UltraHdrDecodeOpt
     }
     const int srcW = decoder.width(), srcH = decoder.height();
     const bool swaps = layout.orientation >= 5;
-    QImage image(swaps ? srcH : srcW, swaps ? srcW : srcH, QImage::Format_RGBA16FPx4);
+    ImageBuffer image(swaps ? srcH : srcW, swaps ? srcW : srcH, PixelFormat::RgbaF16);
     if (image.isNull()) {
         result.error = u"not enough memory for the decoded image"_s;
         return result;
@@ -293,7 +293,7 @@ UltraHdrDecodeResult decodeUltraHdr(QByteArrayView data, const UltraHdrDecodeOpt
     const bool applyMap = result.weight > 0.0;
     const GainMapApplier applier(srcW, srcH, applyMap ? &*layout.metadata : nullptr, result.weight,
                                  applyMap ? &map : nullptr, layout.baseToAlternate());
-    const RowWriter writer { applier, image.bits(), image.bytesPerLine() / 8, layout.orientation,
+    const RowWriter writer { applier, image.bits(), image.stride() / 8, layout.orientation,
                              srcW,    srcH };
     const int threads
         = options.threads > 0 ? options.threads : std::max(1, QThread::idealThreadCount());
@@ -302,7 +302,7 @@ UltraHdrDecodeResult decodeUltraHdr(QByteArrayView data, const UltraHdrDecodeOpt
         result.error = error;
         return result;
     }
-    result.image = image;
+    result.image = std::move(image);
     result.gainMapApplied = applyMap;
     if (applyMap)
         result.gainMapIssue.clear();

@@ -7,10 +7,10 @@
 // core; safe to call from any thread.
 #pragma once
 
+#include "hdr/codec/ImageBuffer.h"
 #include "hdr/codec/UltraHdrLayout.h"
 
 #include <QByteArrayView>
-#include <QImage>
 #include <QString>
 
 #include <limits>
@@ -29,9 +29,9 @@ struct UltraHdrDecodeOptions
 
 struct UltraHdrDecodeResult
 {
-    // QImage::Format_RGBA16FPx4, linear light in the base image's primaries,
-    // 1.0 = SDR white, oriented for display; null when decoding failed.
-    QImage image;
+    // RgbaF16, linear light in the base image's primaries, 1.0 = SDR white,
+    // oriented for display; null when decoding failed.
+    ImageBuffer image;
     UltraHdrLayout layout;
     bool gainMapApplied = false;
     double weight = 0.0; // how much of the map was applied (0...1)

@@ -16,6 +16,7 @@
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <thread>
 #include <vector>
 
 namespace orvanta {
@@ -31,40 +32,34 @@ constexpr float kMaxLog2Gain = 16.0f;
 // The narrowest range the map may span; a flat map would divide by zero.
 constexpr double kMinRange = 1.0 / 64.0;
 
-struct DecodedSdr
-{
-    std::vector<std::uint8_t> rgb;
-    int width = 0;
-    int height = 0;
-};
-
-bool decodeSdr(QByteArrayView jpegBytes, DecodedSdr &out, QString &error)
+bool decodeSdr(QByteArrayView jpegBytes, ImageBuffer &out, QString &error)
 {
     JpegDecoder decoder;
     if (!decoder.open(jpegBytes, {})) {
         error = u"SDR picture cannot be decoded: "_s + decoder.error();
         return false;
     }
-    out.width = decoder.width();
-    out.height = decoder.height();
-    out.rgb.resize(size_t(out.width) * out.height * 3);
-    if (decoder.readRows(out.rgb.data(), qsizetype(out.width) * 3, out.height) != out.height) {
+    out = ImageBuffer(decoder.width(), decoder.height(), PixelFormat::Rgb8);
+    if (out.isNull()) {
+        error = u"not enough memory for the SDR picture"_s;
+        return false;
+    }
+    if (decoder.readRows(out.bits(), out.stride(), out.height()) != out.height()) {
         error = u"SDR picture cannot be decoded: "_s + decoder.error();
         return false;
     }
     return true;
 }
 
-// One row of the HDR picture as 4 floats a pixel.
-void hdrRow(const QImage &hdr, int y, std::vector<float> &row)
+HdrRowSource rowsOf(const ImageBuffer &hdr)
 {
-    if (hdr.format() == QImage::Format_RGBA16FPx4
-        || hdr.format() == QImage::Format_RGBA16FPx4_Premultiplied
-        || hdr.format() == QImage::Format_RGBX16FPx4)
-        qFloatFromFloat16(row.data(), reinterpret_cast<const qfloat16 *>(hdr.constScanLine(y)),
-                          qsizetype(hdr.width()) * 4);
-    else
-        std::memcpy(row.data(), hdr.constScanLine(y), size_t(hdr.width()) * 16);
+    return [&hdr](int y, float *rgba) {
+        if (hdr.format() == PixelFormat::RgbaF16)
+            qFloatFromFloat16(rgba, hdr.rowAs<qfloat16>(y), qsizetype(hdr.width()) * 4);
+        else
+            std::memcpy(rgba, hdr.row(y), size_t(hdr.width()) * 16);
+        return true;
+    };
 }
 
 float luminance(float r, float g, float b)
@@ -93,36 +88,49 @@ void toSpace(const std::array<float, 9> &m, float &r, float &g, float &b)
     b = m[6] * in[0] + m[7] * in[1] + m[8] * in[2];
 }
 
-// Mean log2 gain of every map cell, channel by channel. Cell k covers the
-// pixels whose index times map size over picture size rounds down to k: the
-// same grid the decoder samples, also when the size is not a multiple of the scale.
-std::vector<float> cellGains(const DecodedSdr &sdr, const QImage &hdr, int mapW, int mapH,
-                             int channels, const UltraHdrEncodeOptions &options)
+// Sums of log2 gains per map cell, channel by channel, and pixel counts per
+// cell. Cell k covers the pixels whose index times map size over picture size
+// rounds down to k: the same grid the decoder samples, also when the size is
+// not a multiple of the scale.
+struct CellSums
+{
+    int mapW = 0, mapH = 0, channels = 1;
+    std::vector<float> sums;
+    std::vector<int> counts;
+};
+
+// Adds the pixel rows of map rows [cellY0, cellY1) to `cells`. Bands of map
+// rows never share a cell, so threads can fill bands of their own.
+bool sumCellRows(const ImageBuffer &sdr, const HdrRowSource &rows,
+                 const UltraHdrEncodeOptions &options, int cellY0, int cellY1, CellSums &cells)
 {
     std::array<float, 256> linear {};
     for (int v = 0; v < 256; ++v)
         linear[v] = srgbToLinear(float(v) / 255.0f);
-    std::vector<float> sums(size_t(mapW) * mapH * channels, 0.0f);
-    std::vector<int> counts(size_t(mapW) * mapH, 0);
-    std::vector<int> cellX(size_t(sdr.width));
-    for (int x = 0; x < sdr.width; ++x)
-        cellX[x] = int(qint64(x) * mapW / sdr.width);
-    std::vector<float> row(size_t(sdr.width) * 4);
+    const int width = sdr.width(), height = sdr.height(), mapW = cells.mapW, mapH = cells.mapH;
+    const int channels = cells.channels;
+    std::vector<int> cellX(static_cast<size_t>(width));
+    for (int x = 0; x < width; ++x)
+        cellX[x] = int(qint64(x) * mapW / width);
+    std::vector<float> row(static_cast<size_t>(width) * 4);
     const float os = float(options.offsetSdr), oh = float(options.offsetHdr);
     const std::optional<std::array<float, 9>> toAlternate = alternateMatrix(options);
-    for (int y = 0; y < sdr.height; ++y) {
-        hdrRow(hdr, y, row);
-        const std::uint8_t *s = sdr.rgb.data() + size_t(y) * sdr.width * 3;
-        const size_t cellRow = size_t(qint64(y) * mapH / sdr.height) * mapW;
-        for (int x = 0; x < sdr.width; ++x) {
+    // The first pixel row whose cell row is `cy`: ceil(cy * height / mapH).
+    auto firstRow = [&](int cy) { return int((qint64(cy) * height + mapH - 1) / mapH); };
+    for (int y = firstRow(cellY0); y < firstRow(cellY1); ++y) {
+        if (!rows(y, row.data()))
+            return false;
+        const std::uint8_t *s = sdr.row(y);
+        const size_t cellRow = size_t(qint64(y) * mapH / height) * mapW;
+        for (int x = 0; x < width; ++x) {
             float *h = row.data() + 4 * x;
             float sr = linear[s[3 * x]], sg = linear[s[3 * x + 1]], sb = linear[s[3 * x + 2]];
             if (toAlternate) {
                 toSpace(*toAlternate, sr, sg, sb);
                 toSpace(*toAlternate, h[0], h[1], h[2]);
             }
-            ++counts[cellRow + cellX[x]];
-            float *cell = sums.data() + (cellRow + cellX[x]) * channels;
+            ++cells.counts[cellRow + cellX[x]];
+            float *cell = cells.sums.data() + (cellRow + cellX[x]) * channels;
             if (channels == 1) {
                 const float hy = std::max(0.0f, luminance(h[0], h[1], h[2]));
                 const float gain = std::log2((hy + oh) / (luminance(sr, sg, sb) + os));
@@ -136,10 +144,34 @@ std::vector<float> cellGains(const DecodedSdr &sdr, const QImage &hdr, int mapW,
             }
         }
     }
-    for (size_t i = 0; i < counts.size(); ++i)
+    return true;
+}
+
+// Mean log2 gain of every map cell; empty when the row source gave up.
+std::vector<float> cellGains(const ImageBuffer &sdr, const HdrRowSource &rows, int mapW, int mapH,
+                             int channels, const UltraHdrEncodeOptions &options)
+{
+    CellSums cells { mapW, mapH, channels, std::vector<float>(size_t(mapW) * mapH * channels, 0.0f),
+                     std::vector<int>(size_t(mapW) * mapH, 0) };
+    const int threads = std::clamp(options.threads, 1, std::min(16, mapH));
+    std::vector<char> ok(size_t(threads), 1);
+    std::vector<std::thread> helpers;
+    auto band = [&](int t) {
+        ok[size_t(t)]
+            = sumCellRows(sdr, rows, options, mapH * t / threads, mapH * (t + 1) / threads, cells);
+    };
+    for (int t = 1; t < threads; ++t)
+        helpers.emplace_back(band, t);
+    band(0);
+    for (std::thread &helper : helpers)
+        helper.join();
+    if (std::find(ok.begin(), ok.end(), 0) != ok.end())
+        return {};
+    std::vector<float> &sums = cells.sums;
+    for (size_t i = 0; i < cells.counts.size(); ++i)
         for (int c = 0; c < channels; ++c)
-            sums[i * channels + c] /= float(std::max(1, counts[i]));
-    return sums;
+            sums[i * channels + c] /= float(std::max(1, cells.counts[i]));
+    return std::move(sums);
 }
 
 GainMapMetadata metadataFor(const std::vector<float> &gains, int channels,
@@ -175,7 +207,9 @@ QByteArray encodeMap(const std::vector<float> &gains, int mapW, int mapH, int ch
     for (size_t i = 0; i < gains.size(); ++i) {
         const GainMapChannel &ch = m.channel(int(i % size_t(channels)));
         const double t = std::clamp((gains[i] - ch.minLog2) / (ch.maxLog2 - ch.minLog2), 0.0, 1.0);
-        bytes[i] = std::uint8_t(std::floor(std::pow(t, ch.gamma) * 255.0 + 0.5));
+        // pow(t, 1) is t exactly; skipping it saves a call per sample of the usual map.
+        const double encoded = ch.gamma == 1.0 ? t : std::pow(t, ch.gamma);
+        bytes[i] = std::uint8_t(std::floor(encoded * 255.0 + 0.5));
     }
     // Each channel of a multi-channel map is its own gain: no chroma subsampling.
     return encodeJpeg(bytes.data(), mapW, mapH, channels, qsizetype(mapW) * channels, quality,
@@ -227,29 +261,20 @@ QByteArray rebuildImage(QByteArrayView data, const QByteArray &inserted, qsizety
     return out;
 }
 
-UltraHdrEncodeResult encodeFrom(QByteArrayView primary, const DecodedSdr &sdr, const QImage &hdrIn,
-                                const UltraHdrEncodeOptions &options)
+UltraHdrEncodeResult encodeFrom(QByteArrayView primary, const ImageBuffer &sdr,
+                                const HdrRowSource &rows, const UltraHdrEncodeOptions &options)
 {
     UltraHdrEncodeResult result;
-    if (hdrIn.width() != sdr.width || hdrIn.height() != sdr.height) {
-        result.error = u"the HDR picture is %1×%2 but the SDR picture is %3×%4"_s.arg(hdrIn.width())
-                           .arg(hdrIn.height())
-                           .arg(sdr.width)
-                           .arg(sdr.height);
-        return result;
-    }
-    const QImage::Format f = hdrIn.format();
-    const bool direct = f == QImage::Format_RGBA16FPx4
-        || f == QImage::Format_RGBA16FPx4_Premultiplied || f == QImage::Format_RGBX16FPx4
-        || f == QImage::Format_RGBA32FPx4 || f == QImage::Format_RGBA32FPx4_Premultiplied
-        || f == QImage::Format_RGBX32FPx4;
-    const QImage hdr = direct ? hdrIn : hdrIn.convertToFormat(QImage::Format_RGBA32FPx4);
     const int scale = std::clamp(options.mapScale, 1, 128);
     const int channels = options.multiChannel ? 3 : 1;
-    result.mapWidth = (sdr.width + scale - 1) / scale;
-    result.mapHeight = (sdr.height + scale - 1) / scale;
+    result.mapWidth = (sdr.width() + scale - 1) / scale;
+    result.mapHeight = (sdr.height() + scale - 1) / scale;
     const std::vector<float> gains
-        = cellGains(sdr, hdr, result.mapWidth, result.mapHeight, channels, options);
+        = cellGains(sdr, rows, result.mapWidth, result.mapHeight, channels, options);
+    if (gains.empty()) {
+        result.error = u"the HDR picture could not be read"_s;
+        return result;
+    }
     result.metadata = metadataFor(gains, channels, options);
     result.metadata.useBaseColourSpace = !options.alternateGamut;
     if (const QString why = result.metadata.validationError(); !why.isEmpty()) {
@@ -273,27 +298,49 @@ UltraHdrEncodeResult encodeFrom(QByteArrayView primary, const DecodedSdr &sdr, c
 
 } // namespace
 
-UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, const QImage &hdr,
-                                    const UltraHdrEncodeOptions &options)
-{
-    DecodedSdr sdr;
-    UltraHdrEncodeResult result;
-    if (!decodeSdr(sdrJpeg, sdr, result.error))
-        return result;
-    return encodeFrom(sdrJpeg, sdr, hdr, options);
-}
-
-UltraHdrEncodeResult encodeUltraHdr(const QImage &sdrIn, const QImage &hdr,
-                                    const UltraHdrEncodeOptions &options)
+UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, int width, int height,
+                                    const HdrRowSource &rows, const UltraHdrEncodeOptions &options,
+                                    const ImageBuffer *decodedSdr)
 {
     UltraHdrEncodeResult result;
-    if (sdrIn.isNull()) {
-        result.error = u"the SDR picture is empty"_s;
+    ImageBuffer decodedHere;
+    if (!decodedSdr) {
+        if (!decodeSdr(sdrJpeg, decodedHere, result.error))
+            return result;
+        decodedSdr = &decodedHere;
+    }
+    const ImageBuffer &sdr = *decodedSdr;
+    if (width != sdr.width() || height != sdr.height()) {
+        result.error = u"the HDR picture is %1×%2 but the SDR picture is %3×%4"_s.arg(width)
+                           .arg(height)
+                           .arg(sdr.width())
+                           .arg(sdr.height());
         return result;
     }
-    const QImage sdr = sdrIn.convertToFormat(QImage::Format_RGB888);
-    const QByteArray primary = encodeJpeg(sdr.constBits(), sdr.width(), sdr.height(), 3,
-                                          sdr.bytesPerLine(), options.baseQuality);
+    return encodeFrom(sdrJpeg, sdr, rows, options);
+}
+
+UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, const ImageBuffer &hdr,
+                                    const UltraHdrEncodeOptions &options)
+{
+    if (hdr.format() != PixelFormat::RgbaF16 && hdr.format() != PixelFormat::RgbaF32) {
+        UltraHdrEncodeResult result;
+        result.error = u"the HDR picture is not in floating point"_s;
+        return result;
+    }
+    return encodeUltraHdr(sdrJpeg, hdr.width(), hdr.height(), rowsOf(hdr), options);
+}
+
+UltraHdrEncodeResult encodeUltraHdr(const ImageBuffer &sdr, const ImageBuffer &hdr,
+                                    const UltraHdrEncodeOptions &options)
+{
+    UltraHdrEncodeResult result;
+    if (sdr.isNull() || sdr.format() != PixelFormat::Rgb8) {
+        result.error = u"the SDR picture is empty or not 8-bit RGB"_s;
+        return result;
+    }
+    const QByteArray primary
+        = encodeJpeg(sdr.bits(), sdr.width(), sdr.height(), 3, sdr.stride(), options.baseQuality);
     if (primary.isEmpty()) {
         result.error = u"the SDR picture could not be encoded"_s;
         return result;

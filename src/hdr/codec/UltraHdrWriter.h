@@ -10,12 +10,13 @@
 
 #include "hdr/codec/ColourPrimaries.h"
 #include "hdr/codec/GainMapMetadata.h"
+#include "hdr/codec/ImageBuffer.h"
 
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QImage>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace orvanta {
@@ -35,7 +36,16 @@ struct UltraHdrEncodeOptions
     // HDR rendition's), which the map's ICC profile names, and the ISO block
     // says so (use-base-colour-space 0). The pictures stay in sRGB primaries.
     std::optional<Gamut> alternateGamut;
+    // Threads measuring the gains (1: only the calling one). The file is the
+    // same for any count.
+    int threads = 1;
 };
+
+// Hands the writer one row of the HDR picture at a time, so no caller has to
+// hold the whole picture: fills `rgba` (4 floats a pixel, alpha ignored) with
+// row `y`. Each row is asked for once; with several threads, rows of
+// different bands are asked for at the same time. False stops the encoding.
+using HdrRowSource = std::function<bool(int y, float *rgba)>;
 
 struct UltraHdrEncodeResult
 {
@@ -46,15 +56,20 @@ struct UltraHdrEncodeResult
     QString error;
 };
 
-// `sdr`: any 8-bit picture, taken as sRGB. `hdr`: a float picture
-// (Format_RGBA16FPx4 or Format_RGBA32FPx4 and their premultiplied forms, other
-// formats are converted), linear light in the same primaries, 1.0 = SDR white,
-// in the same pixel order as the stored primary.
-UltraHdrEncodeResult encodeUltraHdr(const QImage &sdr, const QImage &hdr,
+// `sdr`: an Rgb8 picture, taken as sRGB. `hdr`: an RgbaF16 or RgbaF32
+// picture, linear light in the same primaries, 1.0 = SDR white, in the same
+// pixel order as the stored primary.
+UltraHdrEncodeResult encodeUltraHdr(const ImageBuffer &sdr, const ImageBuffer &hdr,
                                     const UltraHdrEncodeOptions &options = {});
 // As above, but the primary is these JPEG bytes, kept as they are (Exif, ICC).
-UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, const QImage &hdr,
+UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, const ImageBuffer &hdr,
                                     const UltraHdrEncodeOptions &options = {});
+// As above, with the HDR rows from `rows` (`width` × `height` pixels). When the
+// caller has decoded `sdrJpeg` already (JpegDecoder, default options: RGB,
+// exact IDCT), `decodedSdr` saves decoding it again.
+UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, int width, int height,
+                                    const HdrRowSource &rows, const UltraHdrEncodeOptions &options,
+                                    const ImageBuffer *decodedSdr = nullptr);
 
 // Splices an existing primary and gain map JPEG into one file. Each block is
 // written only when asked for, which also lets tests build conflicting or

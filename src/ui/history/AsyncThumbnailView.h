@@ -7,7 +7,7 @@
 // and fades the picture in when it arrives. Main thread.
 #pragma once
 
-#include "media/ThumbnailManager.h"
+#include "thumbnails/ThumbnailManager.h"
 #include "ui/history/RowMediaStore.h"
 
 #include <QImage>

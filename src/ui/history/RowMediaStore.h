@@ -9,7 +9,7 @@
 
 #include "history/HistoryTypes.h"
 #include "media/ProPhotoMetadata.h"
-#include "media/ThumbnailManager.h"
+#include "thumbnails/ThumbnailManager.h"
 
 #include <QHash>
 #include <QImage>

@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "media/JpegThumbnailDecoder.h"
+#include "thumbnails/JpegThumbnailDecoder.h"
 
 #include "media/ExifOrientation.h"
+#include "thumbnails/ImageAdapter.h"
 
 #include <QFile>
 

@@ -7,8 +7,8 @@
 // The manager itself lives on the main thread.
 #pragma once
 
-#include "media/ThumbnailCache.h"
-#include "media/ThumbnailResult.h"
+#include "thumbnails/ThumbnailCache.h"
+#include "thumbnails/ThumbnailResult.h"
 
 #include <QHash>
 #include <QObject>

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "media/RawThumbnail.h"
+#include "thumbnails/RawThumbnail.h"
 
-#include "media/ExifOrientation.h"
-#include "media/JpegThumbnailDecoder.h"
+#include "thumbnails/ImageAdapter.h"
+#include "thumbnails/JpegThumbnailDecoder.h"
 
 #include <QByteArray>
 #include <QFile>

@@ -6,7 +6,7 @@
 // the thumbnail loader thread; a pure function.
 #pragma once
 
-#include "media/ThumbnailResult.h"
+#include "thumbnails/ThumbnailResult.h"
 
 #include <QString>
 

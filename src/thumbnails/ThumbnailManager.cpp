@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "media/ThumbnailManager.h"
+#include "thumbnails/ThumbnailManager.h"
 
 #include "media/ExivAdapter.h"
-#include "media/ThumbnailDecoder.h"
+#include "thumbnails/ThumbnailDecoder.h"
 
 #include <QDateTime>
 #include <QFileInfo>

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "media/ThumbnailDecoder.h"
+#include "thumbnails/ThumbnailDecoder.h"
 
-#include "media/ExifOrientation.h"
 #include "media/ExivAdapter.h"
-#include "media/JpegThumbnailDecoder.h"
-#include "media/RawThumbnail.h"
+#include "thumbnails/ImageAdapter.h"
+#include "thumbnails/JpegThumbnailDecoder.h"
+#include "thumbnails/RawThumbnail.h"
 
 #include <QFile>
 #include <QFileInfo>

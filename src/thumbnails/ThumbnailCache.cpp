@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Orvanta developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "media/ThumbnailCache.h"
+#include "thumbnails/ThumbnailCache.h"
 
 namespace orvanta {
 
