@@ -51,9 +51,11 @@ ReadResult<GainMapSummary> PhotoReader::gainMap(const QString &path) const
         return { summary, {} }; // a plain JPEG: read fine, carries no map
     const GainMapMetadata &meta = *layout.metadata;
     summary.present = true;
-    summary.kind
-        = meta.source == GainMapMetadataSource::Iso21496 ? u"ISO 21496-1"_s : u"XMP (hdrgm)"_s;
-    summary.version = meta.version;
+    // The ISO block's own version numbers are 0.0 in every file written to
+    // the published standard, which reads as a fault; the name says it all.
+    // Adobe's hdrgm namespace carries a real version.
+    summary.kind = meta.source == GainMapMetadataSource::Iso21496 ? u"ISO 21496-1"_s
+                                                                  : u"XMP hdrgm "_s + meta.version;
     summary.channels = meta.channelCount;
     summary.minStops = meta.channel(0).minLog2;
     summary.maxStops = meta.channel(0).maxLog2;

@@ -22,8 +22,7 @@ namespace orvanta {
 struct GainMapSummary
 {
     bool present = false;
-    QString kind; // "ISO 21496-1" or "XMP (hdrgm)"
-    QString version;
+    QString kind; // "ISO 21496-1", or "XMP hdrgm" with its version
     double minStops = 0;
     double maxStops = 0;
     int channels = 0;

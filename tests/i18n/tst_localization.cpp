@@ -231,8 +231,8 @@ void LocalizationTest::countsTakeTheLanguagesNumber()
         // The count need not come first: the first integer argument is it.
         { AppLanguage::English,
           "inspector_gainmap_detail",
-          { u"ISO"_s, u"0"_s, 0.0, 1.0, 1 },
-          u"ISO v0 · 0.00 to 1.00 stops · 1 channel"_s },
+          { u"ISO"_s, 0.0, 1.0, 1 },
+          u"ISO · 0.00 to 1.00 stops · 1 channel"_s },
         { AppLanguage::Japanese, "history_all_loaded", { 1 }, u"全 1 枚の写真を読み込みました"_s },
     };
     for (const Case &c : cases) {

@@ -456,7 +456,7 @@ constexpr StringEntry kEntries[] = {
     { "share_copy_path", "Dateipfad kopieren" },
     { "share_open_default", "In Standardanwendung öffnen" },
     { "inspector_gainmap_none", "Keine Gain Map in dieser Datei" },
-    { "inspector_gainmap_detail", "%@ v%@ · %.2f bis %.2f LW · %d Kanäle" },
+    { "inspector_gainmap_detail", "%@ · %.2f bis %.2f LW · %d Kanäle" },
     { "inspector_display_hdr", "HDR-Display (%.1fx)" },
     { "inspector_display_sdr", "Standard-SDR (1.0x)" },
 
@@ -525,7 +525,7 @@ constexpr StringEntry kEntries[] = {
     { "recipes_imported_success#one", "%d Rezept erfolgreich importiert!" },
     { "inspector_faces_count#one", "%d Gesicht (40 % Hautschutz)" },
     { "history_delete_confirm_title#one", "%d Eintrag aus dem Verlauf löschen?" },
-    { "inspector_gainmap_detail#one", "%@ v%@ · %.2f bis %.2f LW · %d Kanal" },
+    { "inspector_gainmap_detail#one", "%@ · %.2f bis %.2f LW · %d Kanal" },
 };
 } // namespace
 

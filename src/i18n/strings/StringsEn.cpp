@@ -442,7 +442,7 @@ constexpr StringEntry kEntries[] = {
     { "share_copy_path", "Copy File Path" },
     { "share_open_default", "Open in Default Application" },
     { "inspector_gainmap_none", "No gain map in this file" },
-    { "inspector_gainmap_detail", "%@ v%@ · %.2f to %.2f stops · %d channels" },
+    { "inspector_gainmap_detail", "%@ · %.2f to %.2f stops · %d channels" },
     { "inspector_display_hdr", "HDR display (%.1fx)" },
     { "inspector_display_sdr", "Standard SDR (1.0x)" },
 
@@ -508,7 +508,7 @@ constexpr StringEntry kEntries[] = {
     { "recipes_imported_success#one", "Successfully imported %d recipe!" },
     { "inspector_faces_count#one", "%d face (40% skin damping)" },
     { "history_delete_confirm_title#one", "Delete %d record from the history?" },
-    { "inspector_gainmap_detail#one", "%@ v%@ · %.2f to %.2f stops · %d channel" },
+    { "inspector_gainmap_detail#one", "%@ · %.2f to %.2f stops · %d channel" },
 };
 } // namespace
 

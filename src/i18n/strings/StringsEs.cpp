@@ -457,7 +457,7 @@ constexpr StringEntry kEntries[] = {
     { "share_copy_path", "Copiar ruta del archivo" },
     { "share_open_default", "Abrir en la aplicación predeterminada" },
     { "inspector_gainmap_none", "Este archivo no tiene mapa de ganancia" },
-    { "inspector_gainmap_detail", "%@ v%@ · %.2f a %.2f pasos · %d canales" },
+    { "inspector_gainmap_detail", "%@ · %.2f a %.2f pasos · %d canales" },
     { "inspector_display_hdr", "Pantalla HDR (%.1fx)" },
     { "inspector_display_sdr", "SDR estándar (1.0x)" },
 
@@ -531,7 +531,7 @@ constexpr StringEntry kEntries[] = {
     { "inspector_faces_count#one", "%d rostro (atenuación de piel del 40 %)" },
     { "batch_selected_count#one", "%d seleccionada" },
     { "history_delete_confirm_title#one", "¿Eliminar %d registro del historial?" },
-    { "inspector_gainmap_detail#one", "%@ v%@ · %.2f a %.2f pasos · %d canal" },
+    { "inspector_gainmap_detail#one", "%@ · %.2f a %.2f pasos · %d canal" },
 };
 } // namespace
 

@@ -462,7 +462,7 @@ constexpr StringEntry kEntries[] = {
     { "share_copy_path", "Copier le chemin du fichier" },
     { "share_open_default", "Ouvrir dans l'application par défaut" },
     { "inspector_gainmap_none", "Aucune carte de gain dans ce fichier" },
-    { "inspector_gainmap_detail", "%@ v%@ · %.2f à %.2f IL · %d canaux" },
+    { "inspector_gainmap_detail", "%@ · %.2f à %.2f IL · %d canaux" },
     { "inspector_display_hdr", "Écran HDR (%.1fx)" },
     { "inspector_display_sdr", "SDR standard (1.0x)" },
 
@@ -536,7 +536,7 @@ constexpr StringEntry kEntries[] = {
     { "inspector_faces_count#one", "%d visage (atténuation de la peau : 40 %)" },
     { "batch_selected_count#one", "%d sélectionnée" },
     { "history_delete_confirm_title#one", "Supprimer %d entrée de l'historique ?" },
-    { "inspector_gainmap_detail#one", "%@ v%@ · %.2f à %.2f IL · %d canal" },
+    { "inspector_gainmap_detail#one", "%@ · %.2f à %.2f IL · %d canal" },
 };
 } // namespace
 

@@ -450,7 +450,7 @@ constexpr StringEntry kEntries[] = {
     { "share_copy_path", "ファイルパスをコピー" },
     { "share_open_default", "既定のアプリケーションで開く" },
     { "inspector_gainmap_none", "このファイルにはゲインマップがありません" },
-    { "inspector_gainmap_detail", "%@ v%@ · %.2f〜%.2f 段 · %d チャンネル" },
+    { "inspector_gainmap_detail", "%@ · %.2f〜%.2f 段 · %d チャンネル" },
     { "inspector_display_hdr", "HDR ディスプレイ（%.1fx）" },
     { "inspector_display_sdr", "標準 SDR (1.0x)" },
 

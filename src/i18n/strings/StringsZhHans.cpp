@@ -419,7 +419,7 @@ constexpr StringEntry kEntries[] = {
     { "share_copy_path", "复制文件路径" },
     { "share_open_default", "用默认应用程序打开" },
     { "inspector_gainmap_none", "此文件不含增益图" },
-    { "inspector_gainmap_detail", "%@ v%@ · %.2f 至 %.2f 档 · %d 个通道" },
+    { "inspector_gainmap_detail", "%@ · %.2f 至 %.2f 档 · %d 个通道" },
     { "inspector_display_hdr", "HDR 显示器（%.1fx）" },
     { "inspector_display_sdr", "标准 SDR (1.0x)" },
 

@@ -421,7 +421,7 @@ constexpr StringEntry kEntries[] = {
     { "share_copy_path", "複製檔案路徑" },
     { "share_open_default", "以預設應用程式開啟" },
     { "inspector_gainmap_none", "此檔案不含增益圖" },
-    { "inspector_gainmap_detail", "%@ v%@ · %.2f 至 %.2f 級 · %d 個通道" },
+    { "inspector_gainmap_detail", "%@ · %.2f 至 %.2f 級 · %d 個通道" },
     { "inspector_display_hdr", "HDR 顯示器（%.1fx）" },
     { "inspector_display_sdr", "標準 SDR (1.0x)" },
 

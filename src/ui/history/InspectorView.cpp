@@ -319,8 +319,10 @@ QString InspectorView::gainMapText() const
         return missingValuePlaceholder();
     if (!m_gainMap.present)
         return m_model.t("inspector_gainmap_none");
+    // Shown to two decimals: a bound a hair below zero must read "0.00", not "-0.00".
+    const auto shown = [](double stops) { return std::round(stops * 100.0) / 100.0 + 0.0; };
     return m_model.t("inspector_gainmap_detail",
-                     { m_gainMap.kind, m_gainMap.version, m_gainMap.minStops, m_gainMap.maxStops,
+                     { m_gainMap.kind, shown(m_gainMap.minStops), shown(m_gainMap.maxStops),
                        qint64(m_gainMap.channels) });
 }
 
