@@ -510,6 +510,8 @@ constexpr StringEntry kEntries[] = {
     { "log_engine_missing_start",
       "Start nicht möglich: keine Engine unter %@. Installieren Sie orvanta_engine oder setzen Sie "
       "ORVANTA_BIN auf ihren Pfad." },
+    // History database locked by another program
+    { "history_busy", "Der Verlauf ist gerade gesperrt, neuer Versuch läuft…" },
 };
 } // namespace
 

@@ -493,6 +493,8 @@ constexpr StringEntry kEntries[] = {
     { "env_missing_libraries", "Missing libraries: %@" },
     { "log_engine_missing_start",
       "Cannot start: no engine at %@. Install orvanta_engine or set ORVANTA_BIN to its path." },
+    // History database locked by another program
+    { "history_busy", "History is busy, retrying…" },
 };
 } // namespace
 

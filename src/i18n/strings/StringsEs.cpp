@@ -511,6 +511,8 @@ constexpr StringEntry kEntries[] = {
     { "log_engine_missing_start",
       "No se puede iniciar: no hay ningún motor en %@. Instale orvanta_engine o indique su ruta en "
       "ORVANTA_BIN." },
+    // History database locked by another program
+    { "history_busy", "El historial está ocupado, reintentando…" },
 };
 } // namespace
 

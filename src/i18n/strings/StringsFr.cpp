@@ -517,6 +517,8 @@ constexpr StringEntry kEntries[] = {
     { "log_engine_missing_start",
       "Démarrage impossible : aucun moteur à l’emplacement %@. Installez orvanta_engine ou "
       "indiquez son chemin dans ORVANTA_BIN." },
+    // History database locked by another program
+    { "history_busy", "L'historique est occupé, nouvelle tentative en cours…" },
 };
 } // namespace
 

@@ -504,6 +504,8 @@ constexpr StringEntry kEntries[] = {
     { "log_engine_missing_start",
       "開始できません：%@ にエンジンがありません。orvanta_engine をインストールするか、ORVANTA_BIN "
       "にパスを設定してください。" },
+    // History database locked by another program
+    { "history_busy", "履歴は使用中です。再試行しています…" },
 };
 } // namespace
 

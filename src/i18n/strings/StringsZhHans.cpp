@@ -463,6 +463,8 @@ constexpr StringEntry kEntries[] = {
     { "env_missing_libraries", "缺少的库：%@" },
     { "log_engine_missing_start",
       "无法开始：%@ 处没有引擎。请安装 orvanta_engine，或将 ORVANTA_BIN 设置为其路径。" },
+    // History database locked by another program
+    { "history_busy", "历史记录正忙，正在重试…" },
 };
 } // namespace
 

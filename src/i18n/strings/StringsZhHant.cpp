@@ -465,6 +465,8 @@ constexpr StringEntry kEntries[] = {
     { "env_missing_libraries", "缺少的程式庫：%@" },
     { "log_engine_missing_start",
       "無法開始：%@ 沒有引擎。請安裝 orvanta_engine，或將 ORVANTA_BIN 設為其路徑。" },
+    // History database locked by another program
+    { "history_busy", "歷史記錄忙碌中，正在重試…" },
 };
 } // namespace
 
