@@ -17,7 +17,7 @@ namespace {
 // The first retry comes soon (an engine's write lock is usually short); a
 // database kept locked is asked less and less often.
 constexpr int kFirstRetryMs = 200;
-constexpr int kLongestRetryMs = 5000;
+constexpr int kLongestRetryMs = 2000;
 
 // Runs `work` on the history pool, then `apply(browser, result)` on the main
 // thread if the browser still exists. The worker touches only what `work`
