@@ -400,7 +400,8 @@ void HistoryView::updateEmptyState()
 void HistoryView::updateFooter()
 {
     const bool loading = m_model.isLoadingMore();
-    const bool busy = m_model.isHistoryBusy();
+    // With no rows the empty page already says it is busy.
+    const bool busy = m_model.isHistoryBusy() && !m_model.historyRecords().isEmpty();
     m_footerBusy->setVisible(loading || busy);
     QString text;
     if (busy)
