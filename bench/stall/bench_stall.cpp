@@ -202,6 +202,13 @@ void endlessLine(const QString &home, int seconds)
                 "MiB before, %ld MiB after; still running: %s\n",
                 seconds, meter.longestMs(), meter.gapsOver50Ms(), rssBefore / 1024,
                 peakRssKiB() / 1024, model.isRunning() ? "yes" : "no");
+    qint64 kept = 0;
+    for (const QString &line : model.consoleLogs())
+        kept += line.size();
+    for (const QString &line : model.consoleLogs())
+        std::printf("    | %s\n", qPrintable(line.left(150)));
+    std::printf("    console keeps %lld lines, %lld characters\n",
+                qint64(model.consoleLogs().size()), kept);
 }
 
 } // namespace
