@@ -25,13 +25,14 @@ AppViewModel::AppViewModel(QObject *parent)
     : QObject(parent)
     , m_currentLanguage(LocalizationService::shared().currentLanguage())
     , m_engineService(std::make_unique<EngineService>())
-    , m_historyService(std::make_unique<HistoryService>())
+    , m_history(std::make_unique<HistoryBrowser>(HistoryService()))
+    , m_recipes(std::make_unique<RecipeController>())
 {
     connectForwardedProperties();
     setUpEngine();
     setUpHistory();
     loadConfiguration();
-    loadUserRecipes();
+    m_recipes->loadRecipes();
     updateVolumeInfo();
     checkEnvironment();
     updateStatusLocalized();

@@ -8,10 +8,12 @@
 #pragma once
 
 #include "core/ConfigStore.h"
+#include "history/HistoryBrowser.h"
 #include "history/HistoryTypes.h"
 #include "i18n/AppLanguage.h"
 #include "i18n/FormatArgs.h"
 #include "i18n/LocalizationService.h"
+#include "styles/RecipeController.h"
 #include "styles/StyleProfile.h"
 #include "styles/UserRecipe.h"
 
@@ -32,9 +34,7 @@ class QTimer;
 namespace orvanta {
 
 class EngineService;
-class HistoryService;
 struct BatchEvent;
-struct RecipeImport;
 
 // Every published property of AppViewModel, declared once. Each row
 // generates the Q_PROPERTY, the getter, the setter, the NOTIFY signal
@@ -87,8 +87,8 @@ struct RecipeImport;
     X(Option, double, customPowerHi, setCustomPowerHi, 1.5, "custom_power_hi") \
     X(Option, double, customChromaBoost, setCustomChromaBoost, 0.28, "custom_chroma_boost") \
     X(Option, double, customSkinDamp, setCustomSkinDamp, 0.4, "custom_skin_damp") \
-    X(State, QList<orvanta::UserRecipe>, userRecipes, setUserRecipes, {}, "") \
-    X(State, QUuid, activeRecipeId, setActiveRecipeId, {}, "") \
+    X(Forward, QList<orvanta::UserRecipe>, userRecipes, _, m_recipes, "") \
+    X(Forward, QUuid, activeRecipeId, _, m_recipes, "") \
     /* Presentation flags */ \
     X(Option, bool, isShowingSettings, setIsShowingSettings, false, "") \
     X(Option, bool, isShowingDonateSheet, setIsShowingDonateSheet, false, "") \
@@ -116,17 +116,18 @@ struct RecipeImport;
     X(State, qint64, batchElapsedSeconds, setBatchElapsedSeconds, 0, "") \
     X(State, QStringList, consoleLogs, setConsoleLogs, {}, "") \
     /* History page; search, filter, sort and selection are the user's */ \
-    X(State, orvanta::DashboardStats, historyStats, setHistoryStats, {}, "") \
-    X(State, QList<orvanta::PhotoRecord>, historyRecords, setHistoryRecords, {}, "") \
+    X(Forward, orvanta::DashboardStats, historyStats, _, m_history, "") \
+    X(Forward, QList<orvanta::PhotoRecord>, historyRecords, _, m_history, "") \
     X(Option, QString, historySearchText, setHistorySearchText, {}, "") \
     X(Option, orvanta::HistoryStatusFilter, historyStatusFilter, setHistoryStatusFilter, orvanta::HistoryStatusFilter::All, "") \
     X(Option, orvanta::HistorySortField, historySortField, setHistorySortField, orvanta::HistorySortField::Date, "") \
     X(Option, bool, historySortAscending, setHistorySortAscending, false, "") \
     X(Option, QSet<QString>, selectedRecordIds, setSelectedRecordIds, {}, "") \
     X(Custom, orvanta::ListColumnSet, visibleColumns, setVisibleColumns, orvanta::defaultVisibleColumns(), "visible_columns") \
-    X(State, bool, hasMoreHistory, setHasMoreHistory, true, "") \
-    X(State, bool, isLoadingMore, setIsLoadingMore, false, "") \
-    X(State, qint64, totalFilteredCount, setTotalFilteredCount, 0, "")
+    X(Forward, bool, hasMoreHistory, _, m_history, "") \
+    X(Forward, bool, isLoadingMore, _, m_history, "") \
+    X(Forward, qint64, totalFilteredCount, _, m_history, "") \
+    X(Forward, bool, isHistoryBusy, _, m_history, "")
 
 // What each kind publishes to the meta-object; moc expands these macros.
 #define ORVANTA_QPROPERTY_Option(Type, name, setter) Q_PROPERTY(Type name READ name WRITE setter NOTIFY name##Changed)
@@ -185,14 +186,14 @@ public:
 
     // Searching, filtering and sorting happen in the database query, so the
     // loaded page is already the filtered list.
-    QList<PhotoRecord> filteredHistoryRecords() const { return m_historyRecords; }
+    QList<PhotoRecord> filteredHistoryRecords() const { return m_history->historyRecords(); }
 
     // Style: back to the custom style's defaults, each through its setter.
     void resetCustomParameters();
 
     const ConfigStore &configStore() const { return m_config; }
     EngineService *engineService() const { return m_engineService.get(); }
-    HistoryService *historyService() const { return m_historyService.get(); }
+    const HistoryService *historyService() const { return &m_history->service(); }
 
     // Batch run (engine subsystem).
     void startProcessing();
@@ -267,12 +268,12 @@ private:
     // Per-subsystem wiring (connections, timers), run first in the constructor.
     void setUpEngine();
     void setUpHistory();
+    HistoryQuery currentHistoryQuery() const;
 
     // Relays the <name>Changed signals of the controllers behind Forward rows.
     void connectForwardedProperties();
     void loadConfiguration();
     void saveConfiguration();
-    void loadUserRecipes();
     void requestNotificationPermission();
 
     AppLanguage m_currentLanguage = AppLanguage::System;
@@ -307,16 +308,9 @@ private:
     void setRunStatus(const QString &key, const FormatArgs &args = {});
     void flushRunOutput();
 
-    // History subsystem.
-    std::unique_ptr<HistoryService> m_historyService;
-    // At most one refresh runs at a time; requests made meanwhile collapse
-    // into one more run with the newest search, filter and sort.
-    void startHistoryRefresh();
-    bool m_historyRefreshRunning = false;
-    bool m_historyRefreshPending = false;
-    // Bumped whenever a refresh replaces the list, so that a next page read
-    // for the old list is not appended to the new one.
-    quint64 m_historyListGeneration = 0;
+    // History and recipe subsystems: the controllers behind the Forward rows.
+    std::unique_ptr<HistoryBrowser> m_history;
+    std::unique_ptr<RecipeController> m_recipes;
 };
 
 } // namespace orvanta

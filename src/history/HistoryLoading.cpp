@@ -13,24 +13,35 @@ HistoryQuery makeHistoryQuery(const QString &searchText, HistoryStatusFilter fil
 
 bool HistoryRefreshResult::hasMore() const
 {
-    return firstPage.size() >= kHistoryFirstPageSize && firstPage.size() < matchingCount;
+    return firstPage.size() >= limit && firstPage.size() < matchingCount;
 }
 
-HistoryRefreshResult readHistoryRefresh(const HistoryService &service, const HistoryQuery &query)
+HistoryRefreshResult readHistoryRefresh(const HistoryService &service, const HistoryQuery &query,
+                                        int limit)
 {
     HistoryRefreshResult result;
-    result.stats = service.fetchStats();
-    result.matchingCount = service.fetchCount(query.searchText, query.statusText);
-    result.firstPage = service.fetchRecords(kHistoryFirstPageSize, 0, query.searchText,
-                                            query.statusText, query.sortField, query.sortAscending);
+    result.limit = qMax(limit, kHistoryFirstPageSize);
+    HistoryReadStatus status;
+    result.stats = service.fetchStats(&status);
+    if (!status.busy)
+        result.matchingCount = service.fetchCount(query.searchText, query.statusText, &status);
+    if (!status.busy)
+        result.firstPage = service.fetchRecords(result.limit, 0, query.searchText, query.statusText,
+                                                query.sortField, query.sortAscending, &status);
+    result.busy = status.busy;
     return result;
 }
 
-QList<PhotoRecord> readHistoryNextPage(const HistoryService &service, const HistoryQuery &query,
-                                       int offset)
+HistoryPage readHistoryNextPage(const HistoryService &service, const HistoryQuery &query,
+                                int offset)
 {
-    return service.fetchRecords(kHistoryNextPageSize, offset, query.searchText, query.statusText,
-                                query.sortField, query.sortAscending);
+    HistoryPage page;
+    HistoryReadStatus status;
+    page.rows
+        = service.fetchRecords(kHistoryNextPageSize, offset, query.searchText, query.statusText,
+                               query.sortField, query.sortAscending, &status);
+    page.busy = status.busy;
+    return page;
 }
 
 } // namespace orvanta

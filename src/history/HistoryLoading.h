@@ -28,6 +28,8 @@ struct HistoryQuery
     std::optional<QString> statusText; // "SUCCESS", "FAILED" or none
     QString sortField; // a HistorySortField raw value
     bool sortAscending = false;
+
+    friend bool operator==(const HistoryQuery &, const HistoryQuery &) = default;
 };
 
 HistoryQuery makeHistoryQuery(const QString &searchText, HistoryStatusFilter filter,
@@ -38,14 +40,28 @@ struct HistoryRefreshResult
     DashboardStats stats;
     qint64 matchingCount = 0;
     QList<PhotoRecord> firstPage;
+    int limit = kHistoryFirstPageSize; // how many rows were asked for
+    // Another connection held the database locked: nothing here is the
+    // history's true state.
+    bool busy = false;
 
-    // Another page may be loaded: the first page came back full and more
-    // rows match than it holds.
+    // Another page may be loaded: the rows came back full and more rows
+    // match than they hold.
     bool hasMore() const;
 };
 
-HistoryRefreshResult readHistoryRefresh(const HistoryService &service, const HistoryQuery &query);
-QList<PhotoRecord> readHistoryNextPage(const HistoryService &service, const HistoryQuery &query,
-                                       int offset);
+struct HistoryPage
+{
+    QList<PhotoRecord> rows;
+    bool busy = false;
+};
+
+// Figures, count and the first `limit` rows (at least a first page: a
+// refresh keeps however many rows the user had loaded). Stops at the first
+// read that finds the database locked.
+HistoryRefreshResult readHistoryRefresh(const HistoryService &service, const HistoryQuery &query,
+                                        int limit = kHistoryFirstPageSize);
+HistoryPage readHistoryNextPage(const HistoryService &service, const HistoryQuery &query,
+                                int offset);
 
 } // namespace orvanta

@@ -27,6 +27,25 @@ constexpr qsizetype kMaxDeleteParameters = 999;
 using db::Connection;
 using db::Statement;
 
+// How long a read waits for another connection's lock. Reads run on a pool
+// of two threads, so a long wait would hold up every other history read;
+// the caller retries a busy read later instead of waiting here.
+constexpr int kReadBusyTimeoutMs = 250;
+
+bool isBusyCode(int rc)
+{
+    const int primary = rc & 0xff;
+    return primary == SQLITE_BUSY || primary == SQLITE_LOCKED;
+}
+
+// Records a lock seen by the last call on `db` (a failed prepare) or by `rc`
+// (a step's result).
+void noteBusy(HistoryReadStatus *status, sqlite3 *db, int rc = SQLITE_OK)
+{
+    if (status && (isBusyCode(rc) || (db && isBusyCode(sqlite3_extended_errcode(db)))))
+        status->busy = true;
+}
+
 // Never creates the file: the engine owns the database and its schema. A
 // file we may not write is still read.
 Connection openDatabase(const QString &dbPath, bool allowReadOnly)
@@ -34,12 +53,12 @@ Connection openDatabase(const QString &dbPath, bool allowReadOnly)
     if (dbPath.isEmpty() || !QFileInfo::exists(dbPath))
         return nullptr;
     const QByteArray path = QFile::encodeName(dbPath);
-    if (Connection writable
-        = db::open(path.constData(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_FULLMUTEX))
-        return writable;
-    if (!allowReadOnly)
-        return nullptr;
-    return db::open(path.constData(), SQLITE_OPEN_READONLY | SQLITE_OPEN_FULLMUTEX);
+    Connection db = db::open(path.constData(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_FULLMUTEX);
+    if (!db && allowReadOnly)
+        db = db::open(path.constData(), SQLITE_OPEN_READONLY | SQLITE_OPEN_FULLMUTEX);
+    if (db && allowReadOnly)
+        sqlite3_busy_timeout(db.get(), kReadBusyTimeoutMs);
+    return db;
 }
 
 Statement prepare(sqlite3 *db, const QString &sql)
@@ -228,7 +247,8 @@ HistoryService::HistoryService(QString dbPath)
 QList<PhotoRecord> HistoryService::fetchRecords(int limit, int offset,
                                                 const std::optional<QString> &query,
                                                 const std::optional<QString> &statusFilter,
-                                                const QString &sortField, bool sortAscending) const
+                                                const QString &sortField, bool sortAscending,
+                                                HistoryReadStatus *status) const
 {
     const Connection db = openDatabase(m_dbPath, true);
     if (!db)
@@ -243,8 +263,10 @@ QList<PhotoRecord> HistoryService::fetchRecords(int limit, int offset,
         + filter.clause + u"\nORDER BY "_s + sortColumn(sortField) + u' '
         + (sortAscending ? "ASC"_L1 : "DESC"_L1) + u" NULLS LAST\nLIMIT ? OFFSET ?"_s;
     const Statement statement = prepare(db.get(), sql);
-    if (!statement)
+    if (!statement) {
+        noteBusy(status, db.get());
         return {};
+    }
 
     filter.bind(statement.get());
     const int next = int(filter.parameters.size()) + 1;
@@ -255,15 +277,18 @@ QList<PhotoRecord> HistoryService::fetchRecords(int limit, int offset,
     records.reserve(qMax(0, limit));
     // Any result other than a row ends the page: a step error mid-way
     // returns what was read so far.
-    while (sqlite3_step(statement.get()) == SQLITE_ROW) {
+    int rc = SQLITE_ROW;
+    while ((rc = sqlite3_step(statement.get())) == SQLITE_ROW) {
         if (std::optional<PhotoRecord> record = readRecord(statement.get()))
             records << std::move(*record);
     }
+    noteBusy(status, nullptr, rc);
     return records;
 }
 
 qint64 HistoryService::fetchCount(const std::optional<QString> &query,
-                                  const std::optional<QString> &statusFilter) const
+                                  const std::optional<QString> &statusFilter,
+                                  HistoryReadStatus *status) const
 {
     const Connection db = openDatabase(m_dbPath, true);
     if (!db)
@@ -271,15 +296,19 @@ qint64 HistoryService::fetchCount(const std::optional<QString> &query,
     const Filter filter(query, statusFilter);
     const Statement statement
         = prepare(db.get(), u"SELECT COUNT(*) FROM processed_files "_s + filter.clause);
-    if (!statement)
+    if (!statement) {
+        noteBusy(status, db.get());
         return 0;
+    }
     filter.bind(statement.get());
-    if (sqlite3_step(statement.get()) != SQLITE_ROW)
+    if (const int rc = sqlite3_step(statement.get()); rc != SQLITE_ROW) {
+        noteBusy(status, nullptr, rc);
         return 0;
+    }
     return sqlite3_column_int64(statement.get(), 0);
 }
 
-DashboardStats HistoryService::fetchStats() const
+DashboardStats HistoryService::fetchStats(HistoryReadStatus *status) const
 {
     DashboardStats stats;
     const Connection db = openDatabase(m_dbPath, true);
@@ -292,12 +321,16 @@ DashboardStats HistoryService::fetchStats() const
                   "SUM(CASE WHEN status='FAILED' THEN 1 ELSE 0 END), AVG(CASE WHEN "
                   "status='SUCCESS' THEN duration_sec ELSE NULL END) FROM processed_files"_s)) {
         // SUM and AVG of no rows are NULL, which read as 0.
-        if (sqlite3_step(totals.get()) == SQLITE_ROW) {
+        const int rc = sqlite3_step(totals.get());
+        if (rc == SQLITE_ROW) {
             stats.total = sqlite3_column_int64(totals.get(), 0);
             stats.success = sqlite3_column_int64(totals.get(), 1);
             stats.failed = sqlite3_column_int64(totals.get(), 2);
             stats.avgDurationSec = sqlite3_column_double(totals.get(), 3);
         }
+        noteBusy(status, nullptr, rc);
+    } else {
+        noteBusy(status, db.get());
     }
     if (const Statement latest = prepare(
             db.get(),

@@ -3,7 +3,8 @@
 
 // Read access to the engine's state database (and row deletion). Each call
 // opens and closes its own connection, so a copy of the service may be used
-// from any thread; calls block while the engine holds a write lock.
+// from any thread; a read waits briefly for another connection's lock and
+// then reports the database as busy.
 #pragma once
 
 #include "history/HistoryTypes.h"
@@ -17,6 +18,14 @@
 class QThreadPool;
 
 namespace orvanta {
+
+// What a read could not do besides failing: `busy` when another connection
+// held the database locked past the wait, so the empty answer says nothing
+// about the history and the read is worth repeating.
+struct HistoryReadStatus
+{
+    bool busy = false;
+};
 
 class HistoryService
 {
@@ -43,12 +52,14 @@ public:
                                     const std::optional<QString> &query = std::nullopt,
                                     const std::optional<QString> &statusFilter = std::nullopt,
                                     const QString &sortField = QStringLiteral("date"),
-                                    bool sortAscending = false) const;
+                                    bool sortAscending = false,
+                                    HistoryReadStatus *status = nullptr) const;
     // Number of rows matching the same search and status; 0 on failure.
     qint64 fetchCount(const std::optional<QString> &query = std::nullopt,
-                      const std::optional<QString> &statusFilter = std::nullopt) const;
+                      const std::optional<QString> &statusFilter = std::nullopt,
+                      HistoryReadStatus *status = nullptr) const;
     // Figures for the whole table, ignoring search and filter; defaults on failure.
-    DashboardStats fetchStats() const;
+    DashboardStats fetchStats(HistoryReadStatus *status = nullptr) const;
     // Removes the rows (never any file on disk). Silently does nothing when
     // the database cannot be opened for writing.
     void deleteRecords(const QStringList &fingerprints) const;

@@ -5,8 +5,11 @@
 // and the progress card's texts in every phase of a batch.
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
+#include "db/ProcessedFiles.h"
+#include "db/Sqlite.h"
 #include "engine/BatchEvent.h"
 #include "engine/EngineScenario.h"
+#include "history/HistoryService.h"
 #include "i18n/LocalizationService.h"
 #include "ui/ConsoleLineDelegate.h"
 #include "ui/ConsoleLogModel.h"
@@ -18,12 +21,17 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QStackedWidget>
+
+#include <sqlite3.h>
 
 using namespace orvanta;
 using orvanta::test::EngineScenario;
@@ -386,13 +394,24 @@ void LiveRunTest::cardShowsThePairsFoundDuringTheScan()
 void LiveRunTest::cardTotalsComeFromTheHistoryStatistics()
 {
     TaskProgressCard card(*m_model);
-    DashboardStats stats;
-    stats.total = 10;
-    stats.success = 7;
-    stats.failed = 3;
-    stats.avgDurationSec = 4.26;
-    m_model->setHistoryStats(stats);
-    QCOMPARE(labelText(&card, u"kpiValue0"_s), u"10"_s);
+    // Ten rows as the engine writes them, read back by a refresh.
+    const QString path = HistoryService::defaultDbPath();
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    const auto removeDatabase = qScopeGuard([path] { QFile::remove(path); });
+    {
+        const db::Connection db = db::open(QFile::encodeName(path).constData(),
+                                           SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+        QVERIFY(db && db::createProcessedFiles(db.get()));
+        for (int i = 0; i < 10; ++i) {
+            const QByteArray row = "INSERT INTO processed_files (fingerprint, stem, status, "
+                                   "processed_at, duration_sec) VALUES ('f"
+                + QByteArray::number(i) + "', 's', '" + (i < 7 ? "SUCCESS" : "FAILED")
+                + "', '2026', 4.26)";
+            QVERIFY(db::exec(db.get(), row.constData()));
+        }
+    }
+    m_model->refreshHistory();
+    QTRY_COMPARE(labelText(&card, u"kpiValue0"_s), u"10"_s);
     QCOMPARE(labelText(&card, u"kpiValue1"_s), u"7"_s);
     QCOMPARE(labelText(&card, u"kpiValue2"_s), u"3"_s);
     QCOMPARE(labelText(&card, u"kpiValue3"_s), u"4.3s"_s);

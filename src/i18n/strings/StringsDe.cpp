@@ -526,6 +526,8 @@ constexpr StringEntry kEntries[] = {
     { "inspector_faces_count#one", "%d Gesicht (40 % Hautschutz)" },
     { "history_delete_confirm_title#one", "%d Eintrag aus dem Verlauf löschen?" },
     { "inspector_gainmap_detail#one", "%@ · %.2f bis %.2f LW · %d Kanal" },
+    // History database locked by another program
+    { "history_busy", "Der Verlauf ist gerade gesperrt, neuer Versuch läuft…" },
 };
 } // namespace
 

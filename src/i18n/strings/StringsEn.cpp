@@ -509,6 +509,8 @@ constexpr StringEntry kEntries[] = {
     { "inspector_faces_count#one", "%d face (40% skin damping)" },
     { "history_delete_confirm_title#one", "Delete %d record from the history?" },
     { "inspector_gainmap_detail#one", "%@ · %.2f to %.2f stops · %d channel" },
+    // History database locked by another program
+    { "history_busy", "History is busy, retrying…" },
 };
 } // namespace
 

@@ -532,6 +532,8 @@ constexpr StringEntry kEntries[] = {
     { "batch_selected_count#one", "%d seleccionada" },
     { "history_delete_confirm_title#one", "¿Eliminar %d registro del historial?" },
     { "inspector_gainmap_detail#one", "%@ · %.2f a %.2f pasos · %d canal" },
+    // History database locked by another program
+    { "history_busy", "El historial está ocupado, reintentando…" },
 };
 } // namespace
 

@@ -537,6 +537,8 @@ constexpr StringEntry kEntries[] = {
     { "batch_selected_count#one", "%d sélectionnée" },
     { "history_delete_confirm_title#one", "Supprimer %d entrée de l'historique ?" },
     { "inspector_gainmap_detail#one", "%@ · %.2f à %.2f IL · %d canal" },
+    // History database locked by another program
+    { "history_busy", "L'historique est occupé, nouvelle tentative en cours…" },
 };
 } // namespace
 

@@ -512,6 +512,8 @@ constexpr StringEntry kEntries[] = {
     { "history_row_success", "成功" },
     { "history_row_failed", "失敗" },
     { "inspector_engine_version_unknown", "取得できません（エンジンが見つかりません）" },
+    // History database locked by another program
+    { "history_busy", "履歴は使用中です。再試行しています…" },
 };
 } // namespace
 

@@ -471,6 +471,8 @@ constexpr StringEntry kEntries[] = {
     { "history_row_success", "成功" },
     { "history_row_failed", "失败" },
     { "inspector_engine_version_unknown", "不可用（未找到引擎）" },
+    // History database locked by another program
+    { "history_busy", "历史记录正忙，正在重试…" },
 };
 } // namespace
 

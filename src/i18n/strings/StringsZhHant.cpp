@@ -473,6 +473,8 @@ constexpr StringEntry kEntries[] = {
     { "history_row_success", "成功" },
     { "history_row_failed", "失敗" },
     { "inspector_engine_version_unknown", "無法取得（找不到引擎）" },
+    // History database locked by another program
+    { "history_busy", "歷史記錄忙碌中，正在重試…" },
 };
 } // namespace
 

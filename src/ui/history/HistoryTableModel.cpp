@@ -7,6 +7,9 @@
 #include "i18n/FormatArgs.h"
 #include "media/ProPhotoMetadata.h"
 
+#include <QAbstractItemView>
+#include <QScrollBar>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -170,7 +173,8 @@ void HistoryTableModel::refreshRow(const QString &fingerprint)
 }
 
 // A further page keeps the loaded rows in front: insert only the tail so the
-// view keeps its scroll position. Anything else (a refresh) is a new list.
+// view keeps its scroll position. A refresh is applied row by row; only a
+// list in another order (a new sort) starts over.
 void HistoryTableModel::syncRecords()
 {
     const QList<PhotoRecord> next = m_model.historyRecords();
@@ -185,11 +189,85 @@ void HistoryTableModel::syncRecords()
         endInsertRows();
         return;
     }
-    beginResetModel();
-    m_records = next;
-    m_rowById.clear();
-    reindex(0);
-    endResetModel();
+    Q_EMIT recordsAboutToSync();
+    if (!applyInPlace(next)) {
+        beginResetModel();
+        m_records = next;
+        m_rowById.clear();
+        reindex(0);
+        endResetModel();
+    }
+    Q_EMIT recordsSynced();
+}
+
+bool HistoryTableModel::applyInPlace(const QList<PhotoRecord> &next)
+{
+    QHash<QString, int> nextRow;
+    nextRow.reserve(next.size());
+    for (int i = 0; i < next.size(); ++i)
+        nextRow.insert(next[i].fingerprint, i);
+    int last = -1;
+    for (const PhotoRecord &record : std::as_const(m_records)) {
+        const int row = nextRow.value(record.fingerprint, -1);
+        if (row < 0)
+            continue;
+        if (row < last)
+            return false;
+        last = row;
+    }
+    removeMissing(nextRow);
+    insertAndUpdate(next);
+    return true;
+}
+
+// From the bottom up, one signal per run of adjacent rows.
+void HistoryTableModel::removeMissing(const QHash<QString, int> &nextRow)
+{
+    for (int end = int(m_records.size()) - 1; end >= 0;) {
+        if (nextRow.contains(m_records[end].fingerprint)) {
+            --end;
+            continue;
+        }
+        int first = end;
+        while (first > 0 && !nextRow.contains(m_records[first - 1].fingerprint))
+            --first;
+        beginRemoveRows({}, first, end);
+        for (int i = first; i <= end; ++i)
+            m_rowById.remove(m_records[i].fingerprint);
+        m_records.remove(first, end - first + 1);
+        reindex(first);
+        endRemoveRows();
+        end = first - 1;
+    }
+}
+
+// The rows left are in `next`'s order: walk both, inserting each run of new
+// rows where it belongs and repainting kept rows whose record changed.
+void HistoryTableModel::insertAndUpdate(const QList<PhotoRecord> &next)
+{
+    int row = 0;
+    while (row < next.size()) {
+        if (row < m_records.size() && m_records[row].fingerprint == next[row].fingerprint) {
+            if (!(m_records[row] == next[row])) {
+                m_records[row] = next[row];
+                Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
+            }
+            ++row;
+            continue;
+        }
+        int end = row;
+        while (
+            end + 1 < next.size()
+            && (row >= m_records.size() || next[end + 1].fingerprint != m_records[row].fingerprint))
+            ++end;
+        beginInsertRows({}, row, end);
+        m_records.insert(row, end - row + 1, PhotoRecord());
+        for (int i = row; i <= end; ++i)
+            m_records[i] = next[i];
+        reindex(row);
+        endInsertRows();
+        row = end + 1;
+    }
 }
 
 void HistoryTableModel::syncColumns()
@@ -218,6 +296,38 @@ void HistoryTableModel::reindex(int from)
 {
     for (int i = from; i < m_records.size(); ++i)
         m_rowById.insert(m_records[i].fingerprint, i);
+}
+
+HistoryScrollAnchor::HistoryScrollAnchor(QAbstractItemView *view, HistoryTableModel *model)
+    : QObject(view)
+    , m_view(view)
+    , m_model(model)
+{
+    connect(model, &HistoryTableModel::recordsAboutToSync, this, &HistoryScrollAnchor::remember);
+    connect(model, &HistoryTableModel::recordsSynced, this, &HistoryScrollAnchor::restore);
+}
+
+void HistoryScrollAnchor::remember()
+{
+    m_fingerprint.clear();
+    const QModelIndex top = m_view ? m_view->indexAt(QPoint(0, 0)) : QModelIndex();
+    if (!top.isValid())
+        return;
+    m_fingerprint = m_model->record(top.row()).fingerprint;
+    m_offset = m_view->visualRect(top).top();
+}
+
+void HistoryScrollAnchor::restore()
+{
+    const int row = m_fingerprint.isEmpty() || !m_view ? -1 : m_model->rowOf(m_fingerprint);
+    if (row < 0)
+        return;
+    // Lay the rows out now (the view would do it later), so that the scroll
+    // range already covers rows inserted above.
+    m_view->doItemsLayout();
+    QScrollBar *bar = m_view->verticalScrollBar();
+    const int shift = m_view->visualRect(m_model->index(row, 0)).top() - m_offset;
+    bar->setValue(bar->value() + shift);
 }
 
 } // namespace orvanta

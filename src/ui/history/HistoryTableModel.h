@@ -3,15 +3,21 @@
 
 // The history table's item model: one row per loaded PhotoRecord of the
 // state object, the fixed and the visible optional columns, and paging
-// through canFetchMore/fetchMore into loadMoreHistory. Main thread.
+// through canFetchMore/fetchMore into loadMoreHistory. A new list is applied
+// row by row (removed, inserted, changed, matched by fingerprint), so views
+// keep their place and current row. Main thread.
 #pragma once
 
 #include "history/HistoryTypes.h"
 
 #include <QAbstractTableModel>
 #include <QHash>
+#include <QObject>
+#include <QPointer>
 
 #include <optional>
+
+class QAbstractItemView;
 
 namespace orvanta {
 
@@ -54,8 +60,18 @@ public:
     // Repaints every cell of the record's row (its thumbnail or metadata arrived).
     void refreshRow(const QString &fingerprint);
 
+Q_SIGNALS:
+    // Around applying a new list of records (not a page appended).
+    void recordsAboutToSync();
+    void recordsSynced();
+
 private:
     void syncRecords();
+    // Applies `next` as removals, insertions and changes. False when the rows
+    // both lists hold are in another order (a new sort): not applied.
+    bool applyInPlace(const QList<PhotoRecord> &next);
+    void removeMissing(const QHash<QString, int> &nextRow);
+    void insertAndUpdate(const QList<PhotoRecord> &next);
     void syncColumns();
     void syncSelection();
     void reindex(int from);
@@ -65,6 +81,26 @@ private:
     QList<PhotoRecord> m_records;
     QHash<QString, int> m_rowById;
     QList<HistoryColumn> m_columns;
+};
+
+// Keeps a history table's top visible row where it is when the list is
+// refreshed: rows inserted or removed above it do not move what the user is
+// looking at. Parented to the view.
+class HistoryScrollAnchor : public QObject
+{
+    Q_OBJECT
+
+public:
+    HistoryScrollAnchor(QAbstractItemView *view, HistoryTableModel *model);
+
+private:
+    void remember();
+    void restore();
+
+    QPointer<QAbstractItemView> m_view;
+    HistoryTableModel *m_model;
+    QString m_fingerprint; // of the top visible row; empty when none
+    int m_offset = 0; // its top edge in the viewport (0 or above)
 };
 
 // Text of an optional column that comes from the record itself ("%.2f" peak

@@ -118,6 +118,8 @@ HistoryView::HistoryView(AppViewModel &model, QWidget *parent)
     connect(&m_model, &AppViewModel::historyRecordsChanged, this, &HistoryView::updateFooter);
     connect(&m_model, &AppViewModel::isLoadingMoreChanged, this, &HistoryView::updateFooter);
     connect(&m_model, &AppViewModel::hasMoreHistoryChanged, this, &HistoryView::updateFooter);
+    connect(&m_model, &AppViewModel::isHistoryBusyChanged, this, &HistoryView::updateEmptyState);
+    connect(&m_model, &AppViewModel::isHistoryBusyChanged, this, &HistoryView::updateFooter);
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, [this] {
         applyColumnWidths();
         updateEmptyState();
@@ -140,6 +142,7 @@ QWidget *HistoryView::buildTablePage()
     m_table = new QTableView(this);
     m_table->setObjectName(u"historyTable"_s);
     m_table->setModel(m_tableModel);
+    new HistoryScrollAnchor(m_table, m_tableModel);
     m_table->setItemDelegate(m_delegate);
     m_table->setShowGrid(false);
     m_table->setSelectionMode(QAbstractItemView::NoSelection);
@@ -189,6 +192,8 @@ QWidget *HistoryView::buildTablePage()
     // that did not exist before: ask again. The thumbnail cache makes it cheap.
     connect(m_tableModel, &QAbstractItemModel::modelReset, m_media, &RowMediaStore::clear);
     connect(m_tableModel, &QAbstractItemModel::modelReset, this,
+            &HistoryView::scheduleVisibleRowsCheck);
+    connect(m_tableModel, &HistoryTableModel::recordsSynced, this,
             &HistoryView::scheduleVisibleRowsCheck);
     connect(m_table->verticalScrollBar(), &QScrollBar::valueChanged, this,
             &HistoryView::scheduleVisibleRowsCheck);
@@ -380,23 +385,30 @@ QString HistoryView::footerText() const
     return m_footerLabel->text();
 }
 
-// "No match" when a search or filter is what hides every row; otherwise the
-// history is simply empty.
+// "No match" when a search or filter is what hides every row; "busy" while
+// another program keeps the database locked (nothing is known yet);
+// otherwise the history is simply empty.
 void HistoryView::updateEmptyState()
 {
     const bool empty = m_model.historyRecords().isEmpty();
     const bool filtered = !m_model.historySearchText().isEmpty()
         || m_model.historyStatusFilter() != HistoryStatusFilter::All;
-    m_emptyLabel->setText(m_model.t(filtered ? "filter_no_match" : "history_empty"));
+    m_emptyLabel->setText(m_model.t(m_model.isHistoryBusy() ? "history_busy"
+                                        : filtered          ? "filter_no_match"
+                                                            : "history_empty"));
     m_stack->setCurrentIndex(empty ? 1 : 0);
 }
 
 void HistoryView::updateFooter()
 {
     const bool loading = m_model.isLoadingMore();
-    m_footerBusy->setVisible(loading);
+    // With no rows the empty page already says it is busy.
+    const bool busy = m_model.isHistoryBusy() && !m_model.historyRecords().isEmpty();
+    m_footerBusy->setVisible(loading || busy);
     QString text;
-    if (loading)
+    if (busy)
+        text = m_model.t("history_busy");
+    else if (loading)
         text = m_model.t("history_loading_more");
     else if (!m_model.hasMoreHistory() && !m_model.historyRecords().isEmpty())
         text = m_model.t("history_all_loaded", { qint64(m_model.historyRecords().size()) });

@@ -18,6 +18,7 @@
 #include "ui/history/QuickPreviewWindow.h"
 #include "ui/history/RowMediaStore.h"
 
+#include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFile>
@@ -61,6 +62,7 @@ private Q_SLOTS:
     void cleanup();
 
     void scrollingToTheEndPagesThroughAll500Rows();
+    void aRefreshKeepsTheLoadedRowsThePlaceAndTheSelection();
     void selectAllCountsTheLoadedRowsWhileMorePagesRemain();
     void selectAllWithNothingLoadedStaysEmpty();
     void hidingTheLastVisibleColumnIsRefusedAndStaysChecked();
@@ -71,7 +73,7 @@ private Q_SLOTS:
     void revealPrefersTheDeliveredFile();
     void revealFallsBackToTheJpegWhenTheOutputIsGone();
     void revealWithBothFilesGoneShowsTheMissingDialog();
-    void emptyHistoryAndNoMatchShowDifferentMessages();
+    void emptyBusyAndNoMatchShowDifferentMessages();
     void deleteAsksFirstAndRemovesOnlyOnConfirmation();
     void failedRowsOfferErrorDetailsAndCompareNeedsAnOpener();
     void compareHandsTheRecordAndTheLoadedList();
@@ -148,6 +150,67 @@ void HistoryViewTest::scrollingToTheEndPagesThroughAll500Rows()
     QVERIFY(!view.tableModel()->canFetchMore({}));
     QCOMPARE(view.tableModel()->rowCount(), 500);
     QTRY_COMPARE(view.footerText(), u"All 500 photos loaded"_s);
+}
+
+// A refresh after each finished photo: the rows the user scrolled to stay
+// loaded and in view, a photo added above does not push them down, and the
+// table changes row by row instead of starting over.
+void HistoryViewTest::aRefreshKeepsTheLoadedRowsThePlaceAndTheSelection()
+{
+    auto db = freshDatabase();
+    db->insertNumbered(180);
+    AppViewModel model;
+    HistoryView view(model);
+    showAndWait(view, 80);
+    HistoryTableModel *table = view.tableModel();
+    // Two more pages: every row is loaded, yet a refresh must not cut back to the first page.
+    for (int page = 0; page < 2; ++page) {
+        model.loadMoreHistory();
+        settleHistory();
+    }
+    const int loaded = table->rowCount();
+    QCOMPARE(loaded, 180);
+    QTableView *tableView = view.tableView();
+    tableView->scrollTo(table->index(150, 1), QAbstractItemView::PositionAtTop);
+    const QModelIndex top = tableView->indexAt(QPoint(0, 0));
+    QCOMPARE(top.row(), 150);
+    const QString anchor = table->record(top.row()).fingerprint;
+    const int anchorY = tableView->visualRect(top).top();
+    tableView->setCurrentIndex(top);
+    model.toggleRecordSelection(anchor);
+
+    // Checks every change the table announces (it also asks for more pages,
+    // so it comes after the paging above).
+    QAbstractItemModelTester tester(table, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QSignalSpy inserted(table, &QAbstractItemModel::rowsInserted);
+    QSignalSpy removed(table, &QAbstractItemModel::rowsRemoved);
+    QSignalSpy resets(table, &QAbstractItemModel::modelAboutToBeReset);
+    // The newest photo lands at the top; a row above the view goes away.
+    db->insert({ .fingerprint = u"new"_s, .processedAt = u"2027-01-01T00:00:00"_s });
+    QVERIFY(db->exec(u"DELETE FROM processed_files WHERE fingerprint = 'fp0170'"_s));
+    model.refreshHistory();
+    QTRY_COMPARE(table->rowOf(u"new"_s), 0);
+
+    QCOMPARE(table->rowCount(), loaded);
+    QCOMPARE(model.historyRecords().size(), loaded);
+    QCOMPARE(resets.size(), 0);
+    QCOMPARE(inserted.size(), 1);
+    QCOMPARE(removed.size(), 1); // fp0170
+    const int row = table->rowOf(anchor);
+    QCOMPARE(row, 150);
+    QCOMPARE(tableView->indexAt(QPoint(0, 0)).row(), row);
+    QCOMPARE(tableView->visualRect(table->index(row, 1)).top(), anchorY);
+    QCOMPARE(tableView->currentIndex().row(), row);
+    QVERIFY(table->index(row, 1).data(HistoryTableModel::SelectedRole).toBool());
+
+    // Two new photos above shift the anchor's row, not the view.
+    db->insert({ .fingerprint = u"newer"_s, .processedAt = u"2027-01-02T00:00:00"_s });
+    db->insert({ .fingerprint = u"newest"_s, .processedAt = u"2027-01-03T00:00:00"_s });
+    model.refreshHistory();
+    QTRY_COMPARE(table->rowOf(u"newest"_s), 0);
+    QCOMPARE(tableView->indexAt(QPoint(0, 0)).row(), table->rowOf(anchor));
+    QCOMPARE(tableView->visualRect(table->index(table->rowOf(anchor), 1)).top(), anchorY);
+    QCOMPARE(resets.size(), 0);
 }
 
 void HistoryViewTest::selectAllCountsTheLoadedRowsWhileMorePagesRemain()
@@ -398,7 +461,7 @@ void HistoryViewTest::revealWithBothFilesGoneShowsTheMissingDialog()
     QTRY_COMPARE(view.activeDialogKind(), HistoryView::DialogKind::None);
 }
 
-void HistoryViewTest::emptyHistoryAndNoMatchShowDifferentMessages()
+void HistoryViewTest::emptyBusyAndNoMatchShowDifferentMessages()
 {
     {
         AppViewModel model;
@@ -407,7 +470,28 @@ void HistoryViewTest::emptyHistoryAndNoMatchShowDifferentMessages()
         QVERIFY(view.isShowingEmptyState());
         QCOMPARE(view.emptyStateText(), u"No processing history found"_s);
     }
-    freshDatabase()->insertNumbered(12);
+    auto db = freshDatabase(); // SQLite's default rollback journal
+    db->insertNumbered(12);
+    {
+        // Another program's write lock: the history says it is busy, not
+        // empty, and tries again on its own until the lock is gone.
+        QVERIFY(db->exec(u"BEGIN EXCLUSIVE"_s));
+        AppViewModel model;
+        HistoryView view(model);
+        QTRY_COMPARE_WITH_TIMEOUT(view.emptyStateText(), u"History is busy, retrying…"_s, 20000);
+        QVERIFY(db->exec(u"COMMIT"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(view.tableModel()->rowCount(), 12, 20000);
+        QVERIFY(!view.isShowingEmptyState());
+        // Rows already shown stay while a refresh meets the lock.
+        QVERIFY(db->exec(u"BEGIN EXCLUSIVE"_s));
+        model.refreshHistory();
+        QTRY_VERIFY_WITH_TIMEOUT(model.isHistoryBusy(), 20000);
+        QCOMPARE(view.tableModel()->rowCount(), 12);
+        QCOMPARE(view.footerText(), u"History is busy, retrying…"_s);
+        QVERIFY(db->exec(u"COMMIT"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(!model.isHistoryBusy(), 20000);
+        QVERIFY(view.footerText() != u"History is busy, retrying…"_s);
+    }
     AppViewModel model;
     HistoryView view(model);
     showAndWait(view, 12);
