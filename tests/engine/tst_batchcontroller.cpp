@@ -198,8 +198,10 @@ void TestBatchController::progressFollowsItemEvents()
     QCOMPARE(m.progressFraction(), 1.0);
 
     // Without a total, item events leave the fraction alone.
-    m.setTotalPending(0);
-    m.setProgressFraction(0.5);
+    m.batch()->setStateForTest([](BatchRunState &s) {
+        s.totalPending = 0;
+        s.progressFraction = 0.5;
+    });
     BatchEvent loose = make(u"item_done"_s);
     loose.index = 7;
     m.handleBatchEvent(loose);
@@ -313,7 +315,7 @@ void TestBatchController::stopWatchdogForcesAStuckEngineDown()
         { u"on-sigint ignore"_s, u"on-sigterm ignore"_s, u"print started"_s, u"wait-signal"_s });
     AppViewModel &m = *m_model;
     // Slow the engine's own escalation down so the model's watchdog acts first.
-    m.engineService()->setStopDelays(std::chrono::seconds(30), std::chrono::seconds(30));
+    m.batch()->engineService()->setStopDelays(std::chrono::seconds(30), std::chrono::seconds(30));
     m.startProcessing();
     QTRY_VERIFY(m.consoleLogs().contains(u"started"_s));
     m.stopProcessing();
@@ -383,11 +385,11 @@ void TestBatchController::startWhileRunningDoesNothing()
     AppViewModel &m = *m_model;
     m.startProcessing();
     QTRY_VERIFY(m.consoleLogs().contains(u"started"_s));
-    const qint64 pid = m.engineService()->processId();
+    const qint64 pid = m.batch()->engineService()->processId();
     m.startProcessing();
     QCOMPARE(countLines(m.consoleLogs(), u"🚀 "_s), 1);
-    QCOMPARE(m.engineService()->processId(), pid);
-    m.engineService()->forceKill();
+    QCOMPARE(m.batch()->engineService()->processId(), pid);
+    m.batch()->engineService()->forceKill();
     QTRY_VERIFY(!m.isRunning());
 }
 
@@ -395,11 +397,11 @@ void TestBatchController::elapsedSecondsCountWhileRunning()
 {
     EngineScenario scenario({ u"print started"_s, u"wait-signal"_s });
     AppViewModel &m = *m_model;
-    m.setBatchElapsedSeconds(42);
+    m.batch()->setStateForTest([](BatchRunState &s) { s.batchElapsedSeconds = 42; });
     m.startProcessing();
     QCOMPARE(m.batchElapsedSeconds(), 0);
     QTRY_VERIFY_WITH_TIMEOUT(m.batchElapsedSeconds() >= 2, 10000);
-    m.engineService()->forceKill();
+    m.batch()->engineService()->forceKill();
     QTRY_VERIFY(!m.isRunning());
 }
 

@@ -201,7 +201,7 @@ void SettingsWindowTest::mainWindowOpensItAndDoneClosesIt()
 
 void SettingsWindowTest::openingTakesAFreshMemoryReading()
 {
-    m_model->setRamTotalGB(0.5);
+    m_model->probes()->setStateForTest([&](ProbeState &s) { s.ramTotalGB = 0.5; });
     QScopedPointer<SettingsWindow> window(makeWindow());
     QCOMPARE(m_model->ramTotalGB(), installedMemoryGiB());
     QCOMPARE(window->performanceTab()->ramValue()->text(),
@@ -267,11 +267,12 @@ void SettingsWindowTest::workerPickerWritesTheCountAndShowsHandSetOnes()
 void SettingsWindowTest::refreshReadsTheMemoryAgain()
 {
     QScopedPointer<SettingsWindow> window(makeWindow());
-    m_model->setRamTotalGB(1.0);
+    m_model->probes()->setStateForTest([&](ProbeState &s) { s.ramTotalGB = 1.0; });
     QCOMPARE(window->performanceTab()->ramValue()->text(), u"1.0 GB"_s);
     window->performanceTab()->refreshButton()->click();
     QCOMPARE(m_model->ramTotalGB(), installedMemoryGiB());
-    m_model->setMemoryPressureDesc(u"Elevated (Throttle)"_s);
+    m_model->probes()->setStateForTest(
+        [&](ProbeState &s) { s.memoryPressureDesc = u"Elevated (Throttle)"_s; });
     QCOMPARE(window->performanceTab()->pressureValue()->text(), u"Elevated (Throttle)"_s);
 }
 
@@ -376,10 +377,10 @@ void SettingsWindowTest::browseIsOffWhileABatchRuns()
     QScopedPointer<SettingsWindow> window(makeWindow());
     PathsTab *paths = window->pathsTab();
     QVERIFY(paths->browseSourceButton()->isEnabled());
-    m_model->setIsRunning(true);
+    m_model->batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = true; });
     QVERIFY(!paths->browseSourceButton()->isEnabled());
     QVERIFY(!paths->browseDestButton()->isEnabled());
-    m_model->setIsRunning(false);
+    m_model->batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = false; });
     QVERIFY(paths->browseDestButton()->isEnabled());
 }
 

@@ -167,7 +167,9 @@ void LiveRunTest::consoleKeepsTheNewestThousandRowsWithoutResetting()
     QCOMPARE(rows->resetCount(), 0);
 
     // A rewritten log (not an append) is taken whole.
-    m_model->setConsoleLogs({ u"a"_s, u"b"_s });
+    m_model->batch()->setStateForTest([&](BatchRunState &s) {
+        s.consoleLogs = { u"a"_s, u"b"_s };
+    });
     QCOMPARE(rows->rowCount(), 2);
     QCOMPARE(rows->data(rows->index(1), Qt::DisplayRole).toString(), u"b"_s);
 }
@@ -270,10 +272,12 @@ void LiveRunTest::progressLineShowsRatioPairsOrNothing()
     QFETCH(QString, text);
     AppViewModel &m = *m_model;
     TaskProgressCard card(m);
-    m.setCurrentIndex(index);
-    m.setTotalPending(total);
-    m.setProgressFraction(fraction);
-    m.setScanPairs(pairs);
+    m.batch()->setStateForTest([&](BatchRunState &s) {
+        s.currentIndex = index;
+        s.totalPending = total;
+        s.progressFraction = fraction;
+        s.scanPairs = pairs;
+    });
     QCOMPARE(progressLineText(m), text);
     QCOMPARE(labelText(&card, u"cardProgress"_s), text);
     QCOMPARE(card.findChild<QLabel *>(u"cardProgress"_s)->isVisibleTo(&card), !text.isEmpty());
@@ -306,12 +310,14 @@ void LiveRunTest::timeBadgeFollowsTheRunState()
         return card.findChild<QWidget *>(u"metricTime"_s)->findChildren<QLabel *>().last()->text();
     };
     QCOMPARE(badge(), u"Elapsed: 00:00"_s);
-    m.setCurrentDuration(6.84);
+    m.batch()->setStateForTest([&](BatchRunState &s) { s.currentDuration = 6.84; });
     QCOMPARE(badge(), u"Elapsed: 6.8s"_s); // idle: the last photo's duration
-    m.setIsRunning(true);
-    m.setBatchElapsedSeconds(3725);
+    m.batch()->setStateForTest([&](BatchRunState &s) {
+        s.isRunning = true;
+        s.batchElapsedSeconds = 3725;
+    });
     QCOMPARE(badge(), u"Elapsed: 62:05"_s); // running: the batch clock
-    m.setIsRunning(false);
+    m.batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = false; });
 }
 
 void LiveRunTest::timeLeftAppearsOnceTwoItemsAreDone_data()
@@ -344,17 +350,19 @@ void LiveRunTest::timeLeftAppearsOnceTwoItemsAreDone()
     QFETCH(QString, text);
     AppViewModel &m = *m_model;
     TaskProgressCard card(m);
-    m.setIsRunning(running);
-    m.setTotalPending(total);
-    m.setCurrentIndex(total);
-    m.setProgressFraction(fraction);
-    m.setBatchElapsedSeconds(elapsed);
+    m.batch()->setStateForTest([&](BatchRunState &s) {
+        s.isRunning = running;
+        s.totalPending = total;
+        s.currentIndex = total;
+        s.progressFraction = fraction;
+        s.batchElapsedSeconds = elapsed;
+    });
     QCOMPARE(timeLeftText(m), text);
     auto *estimate = card.findChild<QLabel *>(u"cardEstimate"_s);
     QCOMPARE(estimate->isVisibleTo(&card), !text.isEmpty());
     if (!text.isEmpty())
         QCOMPARE(estimate->text(), text);
-    m.setIsRunning(false);
+    m.batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = false; });
 }
 
 void LiveRunTest::cardBeforeAnyBatchIsIdle()
@@ -363,16 +371,16 @@ void LiveRunTest::cardBeforeAnyBatchIsIdle()
     QCOMPARE(labelText(&card, u"cardTitle"_s), u"Idle"_s);
     QVERIFY(!card.findChild<QLabel *>(u"cardProgress"_s)->isVisibleTo(&card));
     QVERIFY(!card.findChild<QLabel *>(u"cardEstimate"_s)->isVisibleTo(&card));
-    m_model->setIsRunning(true);
+    m_model->batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = true; });
     QCOMPARE(labelText(&card, u"cardTitle"_s), u"Processing Batch"_s);
-    m_model->setIsRunning(false);
+    m_model->batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = false; });
 }
 
 void LiveRunTest::cardShowsThePairsFoundDuringTheScan()
 {
     AppViewModel &m = *m_model;
     TaskProgressCard card(m);
-    m.setIsRunning(true);
+    m.batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = true; });
     BatchEvent scan;
     scan.type = u"scan"_s;
     scan.pairs = 12;
@@ -380,7 +388,7 @@ void LiveRunTest::cardShowsThePairsFoundDuringTheScan()
     m.handleBatchEvent(scan);
     QCOMPARE(m.totalPending(), 0);
     QCOMPARE(labelText(&card, u"cardProgress"_s), u"12 Pairs Found"_s);
-    m.setIsRunning(false);
+    m.batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = false; });
 }
 
 void LiveRunTest::cardTotalsComeFromTheHistoryStatistics()
