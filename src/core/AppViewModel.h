@@ -287,7 +287,11 @@ private:
     // Engine subsystem.
     std::unique_ptr<ProbesController> m_probes;
     std::unique_ptr<BatchController> m_batch;
-    QStringList runHeader() const;
+    QStringList runHeader(const QString &sourceDir) const;
+    // Refreshes the probes; false (with the reason on the status line and
+    // in the console) when a run cannot start now.
+    bool readyToRun();
+    BatchRequest batchRequest(const QString &sourceDir) const;
 
     // History subsystem.
     std::unique_ptr<HistoryService> m_historyService;

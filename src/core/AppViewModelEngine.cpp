@@ -10,6 +10,8 @@
 #include "engine/SystemProbes.h"
 
 #include <QDir>
+#include <QFileInfo>
+#include <QHash>
 
 namespace orvanta {
 
@@ -43,27 +45,31 @@ void AppViewModel::requestNotificationPermission()
     NotificationManager::shared().requestAuthorization();
 }
 
-void AppViewModel::startProcessing()
+bool AppViewModel::readyToRun()
 {
     if (isRunning())
-        return;
+        return false;
     updateVolumeInfo();
     checkEnvironment(); // shown in the header; missing libraries do not block a run
     if (const EnvironmentVerdict engine = checkEngineInstalled(EngineLocatorContext::system());
         !engine.healthy()) {
         setStatus(QString::fromLatin1(engine.key), { engine.detail });
         appendLog(u"❌ "_s + t("log_engine_missing_start", { engine.detail }));
-        return;
+        return false;
     }
     if (!isVolumeSafe()) {
         setStatus(u"status_abnormal"_s, { 1 });
         appendLog(u"❌ "_s + t("log_volume_insufficient", { volumeName() }));
-        return;
+        return false;
     }
+    return true;
+}
 
+BatchRequest AppViewModel::batchRequest(const QString &sourceDir) const
+{
     BatchRequest request;
     EngineRunOptions &o = request.options;
-    o.sourceDir = m_sourceDir;
+    o.sourceDir = sourceDir;
     o.destDir = m_destDir;
     if (!m_targetStem.isEmpty())
         o.stem = m_targetStem;
@@ -84,8 +90,51 @@ void AppViewModel::startProcessing()
     o.namingTemplate = m_exportNamingTemplate;
     o.subfolderRule = m_exportSubfolderRule;
     request.notificationSound = m_notificationSoundEnabled;
-    request.header = runHeader();
-    m_batch->start(request);
+    request.header = runHeader(sourceDir);
+    return request;
+}
+
+void AppViewModel::startProcessing()
+{
+    if (readyToRun())
+        m_batch->start({ batchRequest(m_sourceDir) });
+}
+
+void AppViewModel::reprocessSelectedRecords()
+{
+    if (m_selectedRecordIds.isEmpty())
+        return;
+    // Each photo is converted again from the folder it came from (its
+    // recorded RAW or JPG path), so rows are grouped by folder, one run per
+    // folder, in list order; each stem once per folder.
+    QStringList folders;
+    QHash<QString, QStringList> stemsByFolder;
+    for (const PhotoRecord &record : std::as_const(m_historyRecords)) {
+        if (!m_selectedRecordIds.contains(record.id()) || record.stem.isEmpty())
+            continue;
+        const QString recorded = record.rawPath.value_or(record.jpgPath.value_or(QString()));
+        const QString folder
+            = recorded.isEmpty() ? m_sourceDir : QFileInfo(recorded).absolutePath();
+        QStringList &stems = stemsByFolder[folder];
+        if (stems.isEmpty())
+            folders << folder;
+        if (!stems.contains(record.stem))
+            stems << record.stem;
+    }
+    if (folders.isEmpty() || !readyToRun())
+        return;
+    // The user's batch options (source, single target, force) stay as they
+    // are: the runs carry their own.
+    QList<BatchRequest> runs;
+    for (const QString &folder : std::as_const(folders)) {
+        BatchRequest request = batchRequest(folder);
+        request.options.stem = stemsByFolder.value(folder).join(u',');
+        request.options.force = true;
+        request.options.dryRun = false;
+        request.options.minRating = 0; // chosen by hand: no star filter
+        runs << request;
+    }
+    m_batch->start(runs);
 }
 
 void AppViewModel::stopProcessing()
@@ -93,12 +142,12 @@ void AppViewModel::stopProcessing()
     m_batch->stop();
 }
 
-QStringList AppViewModel::runHeader() const
+QStringList AppViewModel::runHeader(const QString &sourceDir) const
 {
     QStringList lines;
     if (m_dryRunMode)
         lines << u"🔎 "_s + t("log_dry_run_activated");
-    lines << u"🚀 Starting Orvanta Ultra HDR pipeline..."_s << u"   Source: "_s + m_sourceDir
+    lines << u"🚀 Starting Orvanta Ultra HDR pipeline..."_s << u"   Source: "_s + sourceDir
           << u"   Destination: "_s + m_destDir
           << u"   Style Preset: ["_s + displayName(m_selectedProfile) + u"] • "_s
             + subtitle(m_selectedProfile);

@@ -159,10 +159,45 @@ void BatchController::resetForStart()
     DockProgressManager::shared().clearProgress();
 }
 
-void BatchController::start(const BatchRequest &request)
+void BatchController::start(const QList<BatchRequest> &runs)
 {
-    if (m_state.isRunning)
+    if (m_state.isRunning || runs.isEmpty())
         return;
+    m_queue = runs;
+    startNext();
+}
+
+void BatchController::retryFailed()
+{
+    if (m_state.isRunning || m_state.runFailures.isEmpty())
+        return;
+    // One run per folder, in the order the failures came.
+    QList<BatchRequest> runs;
+    for (const FailedPhoto &photo : std::as_const(m_state.runFailures)) {
+        auto run = std::find_if(runs.begin(), runs.end(), [&](const BatchRequest &r) {
+            return r.options.sourceDir == photo.folder;
+        });
+        if (run == runs.end()) {
+            BatchRequest request = m_lastRequest;
+            request.options.sourceDir = photo.folder;
+            request.options.stem = QString();
+            request.options.force = true;
+            request.options.dryRun = false;
+            request.options.minRating = 0;
+            runs << request;
+            run = runs.end() - 1;
+        }
+        QStringList stems = run->options.stem->split(u',', Qt::SkipEmptyParts);
+        if (!photo.stem.isEmpty() && !stems.contains(photo.stem))
+            run->options.stem = (stems << photo.stem).join(u',');
+    }
+    start(runs);
+}
+
+void BatchController::startNext()
+{
+    const BatchRequest request = m_queue.takeFirst();
+    m_lastRequest = request;
     const quint64 generation = ++m_runGeneration;
     m_dryRun = request.options.dryRun;
     m_notificationSound = request.notificationSound;
@@ -218,7 +253,8 @@ void BatchController::recordFailure(const BatchEvent &e)
 {
     ORVANTA_BATCH_PUT(runFailedCount, incremented(m_state.runFailedCount));
     QList<FailedPhoto> failures = m_state.runFailures;
-    failures.append({ m_state.currentStem, e.error.value_or(QString()) });
+    failures.append(
+        { m_state.currentStem, e.error.value_or(QString()), m_lastRequest.options.sourceDir });
     ORVANTA_BATCH_PUT(runFailures, failures);
 }
 
@@ -343,6 +379,10 @@ void BatchController::finishRun(int status, bool crashed)
     }
     Q_EMIT historyTouched();
     Q_EMIT runEnded();
+    if (status != 0 || crashed)
+        m_queue.clear();
+    if (!m_queue.isEmpty())
+        startNext();
 }
 
 // ---- Stop ----
@@ -356,6 +396,7 @@ void BatchController::stop()
         ORVANTA_BATCH_PUT(isPaused, false);
         DockProgressManager::shared().setPaused(false);
     }
+    m_queue.clear();
     ORVANTA_BATCH_PUT(isStopping, true);
     Q_EMIT statusRequested(u"status_cancelling"_s, {});
     appendLog(u"⚠️ Stop requested by user, waiting for in-flight tasks to finish safely..."_s);

@@ -28,6 +28,7 @@ struct FailedPhoto
 {
     QString stem;
     QString reason;
+    QString folder; // the source folder of the run it failed in
     friend bool operator==(const FailedPhoto &, const FailedPhoto &) = default;
 };
 
@@ -85,8 +86,13 @@ public:
     const BatchRunState &state() const { return m_state; }
     EngineService *engineService() const { return m_engine.get(); }
 
-    // Starts a run unless one is running.
-    void start(const BatchRequest &request);
+    // Starts the runs one after the other unless a run is going. A run that
+    // is stopped or ends abnormally drops the rest.
+    void start(const QList<BatchRequest> &runs);
+    // Runs the engine again on exactly the photos that failed in the last
+    // run (or runs of one reprocessing), from their folders, with the same
+    // settings.
+    void retryFailed();
     // Asks the engine to stop; a paused engine is resumed first so it can.
     // An engine that does not end in time is killed.
     void stop();
@@ -121,12 +127,15 @@ private:
     void flushRunOutput();
     void finishRun(int status, bool crashed);
     void resetForStart();
+    void startNext();
     void updateFraction(double numerator);
     void recordFailure(const BatchEvent &event);
 
     BatchRunState m_state;
     std::unique_ptr<EngineService> m_engine;
     QTimer *m_clock = nullptr;
+    QList<BatchRequest> m_queue;
+    BatchRequest m_lastRequest;
     bool m_dryRun = false;
     bool m_scanSeen = false; // the engine reported what it found
     bool m_notificationSound = true;

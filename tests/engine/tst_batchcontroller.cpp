@@ -12,6 +12,8 @@
 #include "engine/EngineService.h"
 #include "engine/FakeDesktopServer.h"
 #include "engine/NotificationManager.h"
+#include "history/HistoryService.h"
+#include "history/HistoryTestDatabase.h"
 #include "i18n/LocalizationService.h"
 
 #include <QGuiApplication>
@@ -68,6 +70,7 @@ private Q_SLOTS:
     void startWhileRunningDoesNothing();
     void elapsedSecondsCountWhileRunning();
     void modelGoneDuringARunLeavesNoEngineBehind();
+    void reprocessRunsEachFolderAndRetryOnlyTheFailed();
 
 private:
     std::unique_ptr<FakeDesktop> m_desktop;
@@ -419,6 +422,85 @@ void TestBatchController::modelGoneDuringARunLeavesNoEngineBehind()
     m_model.reset();
     QCOMPARE(::kill(pid, 0), -1);
     QCOMPARE(errno, ESRCH);
+}
+
+void TestBatchController::reprocessRunsEachFolderAndRetryOnlyTheFailed()
+{
+    // Rows from two shoots in other folders than the current source; one
+    // row has no recorded paths and comes from the current source.
+    const QString shootA = m_folders.filePath(u"shootA"_s);
+    const QString shootB = m_folders.filePath(u"shootB"_s);
+    QDir().mkpath(QFileInfo(HistoryService::defaultDbPath()).absolutePath());
+    {
+        TestDatabase db(HistoryService::defaultDbPath());
+        db.insert({ .fingerprint = u"rp-a1"_s,
+                    .stem = u"A1"_s,
+                    .processedAt = u"5"_s,
+                    .rawPath = shootA + u"/A1.ARW"_s });
+        db.insert({ .fingerprint = u"rp-b1"_s,
+                    .stem = u"B1"_s,
+                    .processedAt = u"4"_s,
+                    .jpgPath = shootB + u"/B1.JPG"_s });
+        db.insert({ .fingerprint = u"rp-a2"_s,
+                    .stem = u"A2"_s,
+                    .processedAt = u"3"_s,
+                    .rawPath = shootA + u"/A2.ARW"_s });
+        db.insert({ .fingerprint = u"rp-a2old"_s,
+                    .stem = u"A2"_s,
+                    .processedAt = u"2"_s,
+                    .rawPath = shootA + u"/A2.ARW"_s });
+        db.insert({ .fingerprint = u"rp-x"_s, .stem = u"X"_s, .processedAt = u"1"_s });
+    }
+    // Each run fails its second photo and delivers nothing.
+    EngineScenario scenario({
+        eventLine(R"({"type":"scan","pairs":2,"pending":2})"),
+        eventLine(R"({"type":"item_start","stem":"A2","index":2,"total":2})"),
+        eventLine(R"({"type":"item_failed","stem":"A2","error":"unreadable raw"})"),
+        eventLine(R"({"type":"batch_done","success":0,"failed":1})"),
+    });
+    AppViewModel &m = *m_model;
+    const QString source = m.sourceDir();
+    m.refreshHistory();
+    QTRY_VERIFY(std::count_if(m.historyRecords().cbegin(), m.historyRecords().cend(),
+                              [](const PhotoRecord &r) { return r.id().startsWith(u"rp-"_s); })
+                == 5);
+    for (const QString &id : { u"rp-a1"_s, u"rp-b1"_s, u"rp-a2"_s, u"rp-a2old"_s, u"rp-x"_s })
+        m.toggleRecordSelection(id);
+
+    m.reprocessSelectedRecords();
+    QTRY_COMPARE_WITH_TIMEOUT(scenario.starts().size(), 3, 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(!m.isRunning(), 20000);
+    QList<QStringList> runs;
+    for (const auto &start : scenario.starts())
+        runs << start.arguments;
+    auto value = [](const QStringList &args, const QString &flag) {
+        return args.value(args.indexOf(flag) + 1);
+    };
+    // One run per folder, in list order, each stem once, forced.
+    QCOMPARE(value(runs[0], u"-s"_s), shootA);
+    QCOMPARE(value(runs[0], u"--stem"_s), u"A1,A2"_s);
+    QCOMPARE(value(runs[1], u"-s"_s), shootB);
+    QCOMPARE(value(runs[1], u"--stem"_s), u"B1"_s);
+    QCOMPARE(value(runs[2], u"-s"_s), source);
+    QCOMPARE(value(runs[2], u"--stem"_s), u"X"_s);
+    for (const QStringList &args : runs)
+        QVERIFY(args.contains(u"-f"_s));
+    // The user's batch options are as they were.
+    QCOMPARE(m.sourceDir(), source);
+    QVERIFY(m.targetStem().isEmpty());
+    QVERIFY(!m.forceReprocess());
+
+    // The last run's failure, with the engine's reason; a retry runs
+    // exactly that photo again from the folder it failed in.
+    QCOMPARE(m.batch()->runFailures(),
+             (QList<FailedPhoto> { { u"A2"_s, u"unreadable raw"_s, source } }));
+    m.batch()->retryFailed();
+    QTRY_COMPARE_WITH_TIMEOUT(scenario.starts().size(), 4, 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(!m.isRunning(), 20000);
+    const QStringList retry = scenario.starts().last().arguments;
+    QCOMPARE(value(retry, u"-s"_s), source);
+    QCOMPARE(value(retry, u"--stem"_s), u"A2"_s);
+    QVERIFY(retry.contains(u"-f"_s));
 }
 
 ORVANTA_TEST_GUI_MAIN(TestBatchController)
