@@ -71,6 +71,7 @@ private Q_SLOTS:
     void elapsedSecondsCountWhileRunning();
     void modelGoneDuringARunLeavesNoEngineBehind();
     void reprocessRunsEachFolderAndRetryOnlyTheFailed();
+    void pauseSuspendsTheEngineKeepsItsPhotoAndStopStillWorks();
 
 private:
     std::unique_ptr<FakeDesktop> m_desktop;
@@ -501,6 +502,62 @@ void TestBatchController::reprocessRunsEachFolderAndRetryOnlyTheFailed()
     QCOMPARE(value(retry, u"-s"_s), source);
     QCOMPARE(value(retry, u"--stem"_s), u"A2"_s);
     QVERIFY(retry.contains(u"-f"_s));
+}
+
+namespace {
+// The state letter of /proc/PID/stat: 'T' while stopped by a signal.
+char processState(qint64 pid)
+{
+    QFile stat(u"/proc/%1/stat"_s.arg(pid));
+    if (!stat.open(QIODevice::ReadOnly))
+        return '?';
+    const QByteArray text = stat.readAll();
+    const qsizetype paren = text.lastIndexOf(')');
+    return paren > 0 && paren + 2 < text.size() ? text.at(paren + 2) : '?';
+}
+} // namespace
+
+void TestBatchController::pauseSuspendsTheEngineKeepsItsPhotoAndStopStillWorks()
+{
+    const QString go = m_folders.filePath(u"go"_s);
+    QFile::remove(go);
+    EngineScenario scenario({
+        u"on-sigint exit130"_s,
+        eventLine(R"({"type":"scan","pairs":2,"pending":2})"),
+        eventLine(R"({"type":"item_start","stem":"P1","index":1,"total":2})"),
+        u"wait-file "_s + go,
+        eventLine(R"({"type":"item_done","stem":"P1","index":1,"total":2,"duration":1.0})"),
+        eventLine(R"({"type":"item_start","stem":"P2","index":2,"total":2})"),
+        u"wait-signal"_s,
+    });
+    AppViewModel &m = *m_model;
+    m.startProcessing();
+    QTRY_COMPARE_WITH_TIMEOUT(m.currentStem(), u"P1"_s, 20000);
+    const qint64 pid = m.batch()->engineService()->processId();
+
+    m.setBatchPaused(true);
+    QVERIFY(m.isPaused());
+    QCOMPARE(m.statusMessage(), u"Paused at [1 / 2]"_s);
+    QTRY_COMPARE(processState(pid), 'T');
+    // The elapsed clock stands still while paused.
+    auto *clock = m.batch()->findChild<QTimer *>();
+    QVERIFY(clock && !clock->isActive());
+    QFile(go).open(QIODevice::WriteOnly);
+
+    m.setBatchPaused(false);
+    QVERIFY(!m.isPaused());
+    QVERIFY(clock->isActive());
+    // The photo in flight carries on where it was.
+    QTRY_COMPARE_WITH_TIMEOUT(m.currentStem(), u"P2"_s, 20000);
+    QCOMPARE(m.batch()->runSuccessCount(), 1);
+
+    // Paused again, Stop resumes the engine first so it can end normally.
+    m.setBatchPaused(true);
+    QTRY_COMPARE(processState(pid), 'T');
+    m.stopProcessing();
+    QVERIFY(!m.isPaused());
+    QTRY_VERIFY_WITH_TIMEOUT(!m.isRunning(), 20000);
+    QCOMPARE(m.statusMessage(), u"Cancelled by user"_s);
 }
 
 ORVANTA_TEST_GUI_MAIN(TestBatchController)

@@ -11,6 +11,7 @@
 #include "ui/ConsoleLineDelegate.h"
 #include "ui/ConsoleLogModel.h"
 #include "ui/ConsoleLogView.h"
+#include "ui/FailureListDialog.h"
 #include "ui/ProgressText.h"
 #include "ui/QuitGuard.h"
 #include "ui/TaskProgressCard.h"
@@ -24,6 +25,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStackedWidget>
+#include <QTreeWidget>
 
 using namespace orvanta;
 using orvanta::test::EngineScenario;
@@ -76,6 +78,7 @@ private Q_SLOTS:
     void timeLeftAppearsOnceTwoItemsAreDone();
     void cardBeforeAnyBatchIsIdle();
     void cardShowsThePairsFoundDuringTheScan();
+    void failuresAreOfferedAfterTheBatchWithTheirReasons();
     void cardTotalsComeFromTheHistoryStatistics();
     void badgesFormAGridWhenOneRowDoesNotFit();
 
@@ -373,7 +376,44 @@ void LiveRunTest::cardBeforeAnyBatchIsIdle()
     QVERIFY(!card.findChild<QLabel *>(u"cardEstimate"_s)->isVisibleTo(&card));
     m_model->batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = true; });
     QCOMPARE(labelText(&card, u"cardTitle"_s), u"Processing Batch"_s);
-    m_model->batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = false; });
+    m_model->batch()->setStateForTest([&](BatchRunState &s) { s.isPaused = true; });
+    QCOMPARE(labelText(&card, u"cardTitle"_s), u"Paused"_s);
+    m_model->batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = s.isPaused = false; });
+}
+
+void LiveRunTest::failuresAreOfferedAfterTheBatchWithTheirReasons()
+{
+    AppViewModel &m = *m_model;
+    TaskProgressCard card(m);
+    auto *row = card.findChild<QWidget *>(u"cardFailures"_s);
+    QVERIFY(!row->isVisibleTo(&card));
+    const QList<FailedPhoto> failures { { u"IMG_7"_s, u"unreadable raw"_s, u"/shoot"_s },
+                                        { u"IMG_9"_s, QString(), u"/shoot"_s } };
+    m.batch()->setStateForTest([&](BatchRunState &s) {
+        s.isRunning = true;
+        s.runFailedCount = 2;
+        s.runFailures = failures;
+    });
+    QVERIFY(!row->isVisibleTo(&card)); // not while the batch still runs
+    m.batch()->setStateForTest([](BatchRunState &s) { s.isRunning = false; });
+    QVERIFY(row->isVisibleTo(&card));
+    QCOMPARE(labelText(&card, u"cardFailureCount"_s), u"2 failed"_s);
+
+    FailureListDialog dialog(m);
+    QStringList revealed;
+    dialog.setRevealer([&](const QString &path) { revealed << path; });
+    QTreeWidget *list = dialog.list();
+    QCOMPARE(list->topLevelItemCount(), 2);
+    QCOMPARE(list->topLevelItem(0)->text(1), u"unreadable raw"_s);
+    // Without a reason from the engine, the list says so instead of a blank.
+    QCOMPARE(list->topLevelItem(1)->text(1), u"The engine gave no reason"_s);
+    list->setCurrentItem(list->topLevelItem(1));
+    dialog.findChild<QPushButton *>(u"failureReveal"_s)->click();
+    QCOMPARE(revealed, QStringList { u"/shoot"_s });
+    m.batch()->setStateForTest([](BatchRunState &s) {
+        s.runFailedCount = 0;
+        s.runFailures.clear();
+    });
 }
 
 void LiveRunTest::cardShowsThePairsFoundDuringTheScan()
