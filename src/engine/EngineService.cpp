@@ -234,7 +234,9 @@ bool EngineService::setSuspended(bool suspended)
 {
     if (!isRunning() || m_current->group <= 0)
         return false;
-    return ::kill(-m_current->group, suspended ? SIGSTOP : SIGCONT) == 0;
+    // SIGTSTP rather than SIGSTOP: the engine notes the moment before it
+    // stops, so the pause is left out of the photo's recorded duration.
+    return ::kill(-m_current->group, suspended ? SIGTSTP : SIGCONT) == 0;
 }
 
 void EngineService::forceKill()

@@ -61,7 +61,7 @@ public:
     // SIGINT now; SIGTERM after the first delay and a kill after the second,
     // each only if the same run is still going. Returns at once.
     void stop();
-    // Suspends (SIGSTOP) or resumes (SIGCONT) the engine's whole process
+    // Suspends (SIGTSTP) or resumes (SIGCONT) the engine's whole process
     // group, so helpers it started pause with it. Returns false when no run
     // is going. stop() resumes a suspended engine first.
     bool setSuspended(bool suspended);
