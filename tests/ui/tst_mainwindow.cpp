@@ -428,9 +428,11 @@ void MainWindowTest::japaneseTextsHaveEveryGlyphInTheInterfaceFont()
 void MainWindowTest::footerAndHeaderShowStorageAndEnvironment()
 {
     AppViewModel &m = *m_model;
-    m.probes()->setStateForTest([&](ProbeState &s) { s.volumeName = u"Photos"_s; });
-    m.probes()->setStateForTest([&](ProbeState &s) { s.volumeFreeGB = 123.456; });
-    m.probes()->setStateForTest([&](ProbeState &s) { s.isVolumeSafe = true; });
+    m.probes()->setStateForTest([](ProbeState &s) {
+        s.volumeName = u"Photos"_s;
+        s.volumeFreeGB = 123.456;
+        s.isVolumeSafe = true;
+    });
     QCOMPARE(m_window->footerStorage()->text(), u"Photos Mounted & Healthy (123.5 GB free)"_s);
     m.probes()->setStateForTest([&](ProbeState &s) { s.isVolumeSafe = false; });
     QCOMPARE(m_window->footerStorage()->text(),
@@ -439,8 +441,10 @@ void MainWindowTest::footerAndHeaderShowStorageAndEnvironment()
     const auto *env = m_window->header()->environmentLabel();
     m.probes()->setStateForTest([&](ProbeState &s) { s.isEnvironmentHealthy = true; });
     QCOMPARE(env->text(), u"Environment Ready"_s);
-    m.probes()->setStateForTest([&](ProbeState &s) { s.missingDependencyMessage = QString(); });
-    m.probes()->setStateForTest([&](ProbeState &s) { s.isEnvironmentHealthy = false; });
+    m.probes()->setStateForTest([](ProbeState &s) {
+        s.missingDependencyMessage = QString();
+        s.isEnvironmentHealthy = false;
+    });
     QCOMPARE(env->text(), u"Missing Dependencies"_s);
     // The header names the problem itself, not only that there is one.
     m.probes()->setStateForTest([&](ProbeState &s) {
