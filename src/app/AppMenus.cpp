@@ -31,6 +31,8 @@ const char *titleKey(Command command)
         return "menu_start_pipeline";
     case Command::StopPipeline:
         return "menu_stop_pipeline";
+    case Command::PausePipeline:
+        return "menu_pause_pipeline";
     case Command::RefreshHistory:
         return "menu_refresh_history";
     case Command::OpenDonateView:
@@ -74,6 +76,7 @@ AppMenus::AppMenus(AppViewModel &model, QMainWindow &window, Updater *updater)
     m_pipelineMenu = bar->addMenu(QString());
     addCommand(m_pipelineMenu, Command::StartBatchPipeline, QKeySequence(Qt::CTRL | Qt::Key_R));
     addCommand(m_pipelineMenu, Command::StopPipeline, QKeySequence(Qt::CTRL | Qt::Key_Period));
+    addCommand(m_pipelineMenu, Command::PausePipeline, QKeySequence(Qt::CTRL | Qt::Key_P));
     m_pipelineMenu->addSeparator();
     addCommand(m_pipelineMenu, Command::RefreshHistory,
                QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_H));

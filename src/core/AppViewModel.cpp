@@ -3,7 +3,6 @@
 
 #include "core/AppViewModel.h"
 
-#include "engine/EngineService.h"
 #include "history/HistoryService.h"
 #include "i18n/LocalizationService.h"
 
@@ -24,7 +23,8 @@ const QString kDefaultDestDir = u"/Volumes/MacExternal/mac_photos_sync"_s;
 AppViewModel::AppViewModel(QObject *parent)
     : QObject(parent)
     , m_currentLanguage(LocalizationService::shared().currentLanguage())
-    , m_engineService(std::make_unique<EngineService>())
+    , m_probes(std::make_unique<ProbesController>())
+    , m_batch(std::make_unique<BatchController>())
     , m_history(std::make_unique<HistoryBrowser>(HistoryService()))
     , m_recipes(std::make_unique<RecipeController>())
 {

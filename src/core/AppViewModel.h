@@ -8,6 +8,8 @@
 #pragma once
 
 #include "core/ConfigStore.h"
+#include "engine/BatchController.h"
+#include "engine/ProbesController.h"
 #include "history/HistoryBrowser.h"
 #include "history/HistoryTypes.h"
 #include "i18n/AppLanguage.h"
@@ -29,12 +31,7 @@
 #include <memory>
 #include <type_traits>
 
-class QTimer;
-
 namespace orvanta {
-
-class EngineService;
-struct BatchEvent;
 
 // Every published property of AppViewModel, declared once. Each row
 // generates the Q_PROPERTY, the getter, the setter, the NOTIFY signal
@@ -67,13 +64,13 @@ struct BatchEvent;
     X(Option, QString, exportNamingTemplate, setExportNamingTemplate, QStringLiteral("{original}_hdr"), "export_naming_template") \
     X(Option, QString, exportSubfolderRule, setExportSubfolderRule, QStringLiteral("none"), "export_subfolder_rule") \
     /* Storage probe */ \
-    X(State, QString, volumeName, setVolumeName, QStringLiteral("Local Disk"), "") \
-    X(State, double, volumeFreeGB, setVolumeFreeGB, 0, "") \
-    X(State, bool, volumeIsExternal, setVolumeIsExternal, false, "") \
-    X(State, bool, isVolumeSafe, setIsVolumeSafe, true, "") \
+    X(Forward, QString, volumeName, _, m_probes, "") \
+    X(Forward, double, volumeFreeGB, _, m_probes, "") \
+    X(Forward, bool, volumeIsExternal, _, m_probes, "") \
+    X(Forward, bool, isVolumeSafe, _, m_probes, "") \
     /* Environment probe */ \
-    X(State, bool, isEnvironmentHealthy, setIsEnvironmentHealthy, true, "") \
-    X(State, QString, missingDependencyMessage, setMissingDependencyMessage, {}, "") \
+    X(Forward, bool, isEnvironmentHealthy, _, m_probes, "") \
+    X(Forward, QString, missingDependencyMessage, _, m_probes, "") \
     /* Workers and safety options */ \
     X(Option, qint64, selectedWorkers, setSelectedWorkers, 0, "workers") \
     X(Option, bool, memoryThrottleEnabled, setMemoryThrottleEnabled, true, "memory_throttle") \
@@ -95,26 +92,27 @@ struct BatchEvent;
     X(Option, qint64, selectedTab, setSelectedTab, 0, "") \
     X(Option, bool, isConsoleDrawerExpanded, setIsConsoleDrawerExpanded, false, "") \
     /* Memory probe */ \
-    X(State, double, ramTotalGB, setRamTotalGB, 16.0, "") \
-    X(State, QString, memoryPressureDesc, setMemoryPressureDesc, orvanta::t("pressure_normal"), "") \
+    X(Forward, double, ramTotalGB, _, m_probes, "") \
+    X(Forward, QString, memoryPressureDesc, _, m_probes, "") \
     /* Batch run */ \
-    X(State, bool, isRunning, setIsRunning, false, "") \
-    X(State, bool, isStopping, setIsStopping, false, "") \
+    X(Forward, bool, isRunning, _, m_batch, "") \
+    X(Forward, bool, isStopping, _, m_batch, "") \
+    X(Forward, bool, isPaused, _, m_batch, "") \
     X(State, QString, statusMessage, setStatusMessage, {}, "") \
-    X(State, qint64, scanPairs, setScanPairs, 0, "") \
-    X(State, qint64, scanOrphans, setScanOrphans, 0, "") \
-    X(State, qint64, scanSkipped, setScanSkipped, 0, "") \
-    X(State, qint64, scanPending, setScanPending, 0, "") \
-    X(State, qint64, currentIndex, setCurrentIndex, 0, "") \
-    X(State, qint64, totalPending, setTotalPending, 0, "") \
-    X(State, QString, currentStem, setCurrentStem, {}, "") \
-    X(State, qint64, currentFaces, setCurrentFaces, 0, "") \
-    X(State, double, currentPeakStops, setCurrentPeakStops, 0, "") \
-    X(State, double, currentBayerClip, setCurrentBayerClip, 0, "") \
-    X(State, double, currentDuration, setCurrentDuration, 0, "") \
-    X(State, double, progressFraction, setProgressFraction, 0, "") \
-    X(State, qint64, batchElapsedSeconds, setBatchElapsedSeconds, 0, "") \
-    X(State, QStringList, consoleLogs, setConsoleLogs, {}, "") \
+    X(Forward, qint64, scanPairs, _, m_batch, "") \
+    X(Forward, qint64, scanOrphans, _, m_batch, "") \
+    X(Forward, qint64, scanSkipped, _, m_batch, "") \
+    X(Forward, qint64, scanPending, _, m_batch, "") \
+    X(Forward, qint64, currentIndex, _, m_batch, "") \
+    X(Forward, qint64, totalPending, _, m_batch, "") \
+    X(Forward, QString, currentStem, _, m_batch, "") \
+    X(Forward, qint64, currentFaces, _, m_batch, "") \
+    X(Forward, double, currentPeakStops, _, m_batch, "") \
+    X(Forward, double, currentBayerClip, _, m_batch, "") \
+    X(Forward, double, currentDuration, _, m_batch, "") \
+    X(Forward, double, progressFraction, _, m_batch, "") \
+    X(Forward, qint64, batchElapsedSeconds, _, m_batch, "") \
+    X(Forward, QStringList, consoleLogs, _, m_batch, "") \
     /* History page; search, filter, sort and selection are the user's */ \
     X(Forward, orvanta::DashboardStats, historyStats, _, m_history, "") \
     X(Forward, QList<orvanta::PhotoRecord>, historyRecords, _, m_history, "") \
@@ -192,20 +190,22 @@ public:
     void resetCustomParameters();
 
     const ConfigStore &configStore() const { return m_config; }
-    EngineService *engineService() const { return m_engineService.get(); }
+    BatchController *batch() const { return m_batch.get(); }
+    ProbesController *probes() const { return m_probes.get(); }
     const HistoryService *historyService() const { return &m_history->service(); }
 
-    // Batch run (engine subsystem).
+    // Batch run (engine subsystem): forwards to batch().
     void startProcessing();
     void stopProcessing();
-    void handleBatchEvent(const BatchEvent &event);
-    void appendLog(const QString &line);
-    void clearLogs();
+    void setBatchPaused(bool paused) { m_batch->setPaused(paused); }
+    void handleBatchEvent(const BatchEvent &event) { m_batch->handleBatchEvent(event); }
+    void appendLog(const QString &line) { m_batch->appendLog(line); }
+    void clearLogs() { m_batch->clearLogs(); }
 
-    // Probes (engine subsystem).
-    void checkEnvironment();
+    // Probes (engine subsystem): forwards to probes().
+    void checkEnvironment() { m_probes->checkEnvironment(); }
     void updateVolumeInfo();
-    void updateMemoryProbe();
+    void updateMemoryProbe() { m_probes->updateMemoryProbe(); }
 
     // History (history subsystem).
     void refreshHistory();
@@ -285,28 +285,13 @@ private:
     ConfigStore m_config;
 
     // Engine subsystem.
-    qint64 m_currentRunSuccessCount = 0;
-    qint64 m_currentRunFailedCount = 0;
-    QTimer *m_batchTimer = nullptr;
-    std::unique_ptr<EngineService> m_engineService;
-    // Bumped by every start, so a stop watchdog left from an earlier run
-    // never ends a later one.
-    quint64 m_runGeneration = 0;
-    // Engine lines are appended at once and announced once per read.
-    bool m_consoleDirty = false;
-    void appendEngineLog(const QString &line);
-    void flushConsole();
-    void writeRunHeader();
-    void finishRun(int status, bool crashed);
-    void stopBatchTimer();
-    // While the records of one read are applied, the status line is rendered
-    // once, for the last of them, when the read has been handled.
-    bool m_deferRunStatus = false;
-    bool m_hasPendingStatus = false;
-    QString m_pendingStatusKey;
-    FormatArgs m_pendingStatusArgs;
-    void setRunStatus(const QString &key, const FormatArgs &args = {});
-    void flushRunOutput();
+    std::unique_ptr<ProbesController> m_probes;
+    std::unique_ptr<BatchController> m_batch;
+    QStringList runHeader(const QString &sourceDir) const;
+    // Refreshes the probes; false (with the reason on the status line and
+    // in the console) when a run cannot start now.
+    bool readyToRun();
+    BatchRequest batchRequest(const QString &sourceDir) const;
 
     // History and recipe subsystems: the controllers behind the Forward rows.
     std::unique_ptr<HistoryBrowser> m_history;

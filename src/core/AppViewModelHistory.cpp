@@ -81,27 +81,4 @@ void AppViewModel::deleteSelectedRecords()
     m_history->deleteRecords(m_selectedRecordIds.values());
 }
 
-// Sends the selected photos back through the engine, forced, restricted to
-// their stems. Selected rows that are not loaded are not sent.
-void AppViewModel::reprocessSelectedRecords()
-{
-    if (m_selectedRecordIds.isEmpty())
-        return;
-    QStringList stems; // each stem once, in list order
-    QSet<QString> seen;
-    for (const PhotoRecord &record : m_history->historyRecords()) {
-        if (!m_selectedRecordIds.contains(record.id()) || seen.contains(record.stem))
-            continue;
-        seen.insert(record.stem);
-        stems << record.stem;
-    }
-    const QString joined = stems.join(u',');
-    if (joined.isEmpty())
-        return;
-    // Both stay set after the run, visible in the batch options.
-    setTargetStem(joined);
-    setForceReprocess(true);
-    startProcessing();
-}
-
 } // namespace orvanta

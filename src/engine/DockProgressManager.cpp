@@ -91,6 +91,18 @@ void DockProgressManager::clearBadge()
     post([this] { applyClearBadge(); });
 }
 
+void DockProgressManager::setPaused(bool paused)
+{
+    post([this, paused] {
+        if (m_paused == paused)
+            return;
+        m_paused = paused;
+        m_drawnFillWidth = -1; // redraw in the other colour
+        if (m_overlayProgress)
+            applyProgress(*m_overlayProgress);
+    });
+}
+
 void DockProgressManager::applyProgress(double fraction)
 {
     if (!(fraction > 0.0 && fraction < 1.0))
@@ -110,8 +122,9 @@ void DockProgressManager::applyProgress(double fraction)
     if (app && !m_savedIcon)
         m_savedIcon = QGuiApplication::windowIcon();
     const QIcon base = m_savedIcon.value_or(QIcon());
-    const QColor accent
-        = app ? QGuiApplication::palette().color(QPalette::Highlight) : QColor(0x0a, 0x84, 0xff);
+    const QColor accent = m_paused ? QColor(0x8e, 0x8e, 0x93)
+        : app                      ? QGuiApplication::palette().color(QPalette::Highlight)
+                                   : QColor(0x0a, 0x84, 0xff);
     const QImage baseImage = app && !base.isNull() ? base.pixmap(kOverlaySize).toImage() : QImage();
     m_overlayImage = renderDockOverlay(baseImage, fraction, accent, kOverlaySize);
     setWindowIcon(m_overlayImage);
@@ -140,6 +153,7 @@ void DockProgressManager::applyClearProgress()
     const bool hadOverlay = m_overlayProgress.has_value();
     m_overlayProgress.reset();
     m_drawnFillWidth = -1;
+    m_paused = false;
     m_overlayImage = QImage();
     if (m_savedIcon) {
         QGuiApplication::setWindowIcon(*m_savedIcon);

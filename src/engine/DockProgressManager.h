@@ -32,6 +32,10 @@ public:
     void finishWithBadge(qint64 count);
     void clearProgress();
     void clearBadge();
+    // A paused batch keeps its bar, drawn grey in the window icon. (The
+    // launcher entry protocol has no paused state; docks keep the bar.)
+    void setPaused(bool paused);
+    bool isPaused() const { return m_paused; }
 
     // What is shown now: the overlay's progress (nothing when no overlay is
     // installed) and the badge (nothing when none).
@@ -57,6 +61,7 @@ private:
     std::optional<qint64> m_badge;
     QImage m_overlayImage;
     int m_drawnFillWidth = -1;
+    bool m_paused = false;
     std::optional<QIcon> m_savedIcon; // the icon before the overlay went in
     // The value a queued progress update will show; newer values replace it
     // until the update runs.

@@ -76,8 +76,10 @@ EngineService::~EngineService()
             p->waitForFinished(2000);
             continue;
         }
-        if (run->group > 0)
+        if (run->group > 0) {
+            ::kill(-run->group, SIGCONT); // a paused engine could not hear the request
             ::kill(run->group, SIGINT);
+        }
         p->setParent(nullptr);
     }
 }
@@ -151,7 +153,7 @@ void EngineService::launchFailed(Run *run, const QString &reason)
     if (!wasAttached)
         return;
     if (callbacks.onLogLine)
-        callbacks.onLogLine(u"❌ "_s + t("log_engine_start_failed") + u": "_s + reason);
+        callbacks.onLogLine(u"❌ "_s + t("log_engine_start_failed", { reason }));
     if (callbacks.onFinished)
         callbacks.onFinished({ 1, false });
 }
@@ -210,6 +212,8 @@ void EngineService::stop()
     }
     const pid_t pid = pid_t(run->process->processId());
     run->stopping = true;
+    if (run->group > 0)
+        ::kill(-run->group, SIGCONT); // a paused engine could not hear the request
     ::kill(pid, SIGINT);
 
     // Each step checks that the same run is still the current one and still
@@ -224,6 +228,15 @@ void EngineService::stop()
                 forceKill();
         });
     });
+}
+
+bool EngineService::setSuspended(bool suspended)
+{
+    if (!isRunning() || m_current->group <= 0)
+        return false;
+    // SIGTSTP rather than SIGSTOP: the engine notes the moment before it
+    // stops, so the pause is left out of the photo's recorded duration.
+    return ::kill(-m_current->group, suspended ? SIGTSTP : SIGCONT) == 0;
 }
 
 void EngineService::forceKill()

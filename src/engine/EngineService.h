@@ -61,6 +61,11 @@ public:
     // SIGINT now; SIGTERM after the first delay and a kill after the second,
     // each only if the same run is still going. Returns at once.
     void stop();
+    // Suspends (SIGTSTP) or resumes (SIGCONT) the engine's whole process
+    // group, so helpers it started pause with it. Returns false when no run
+    // is going. stop() resumes a suspended engine first.
+    bool setSuspended(bool suspended);
+
     // Kills the engine and its process group at once and stops delivering
     // its output; onFinished still follows when the process is reaped.
     void forceKill();

@@ -55,8 +55,13 @@ DesktopNotification NotificationManager::batchCompletion(qint64 successCount, qi
     n.appName = u"Orvanta"_s;
     n.appIcon = appId(); // the installed theme icon
     n.summary = t("notif_batch_completed_title");
-    n.body = failedCount != 0 ? t("notif_batch_failed_body", { successCount, failedCount })
-                              : t("notif_batch_success_body", { successCount, durationSec });
+    // A run that found nothing to do says so rather than "delivered 0".
+    if (failedCount != 0)
+        n.body = t("notif_batch_failed_body", { successCount, failedCount });
+    else if (successCount == 0)
+        n.body = t("status_nothing_to_do");
+    else
+        n.body = t("notif_batch_success_body", { successCount, durationSec });
     if (withFolder) {
         // "default" is a click on the notification itself.
         const QString label = t("notif_action_open_folder");

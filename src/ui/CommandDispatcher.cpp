@@ -14,6 +14,7 @@ constexpr std::pair<Command, QStringView> kNames[] = {
     { Command::SelectDestFolder, u"SelectDestFolder" },
     { Command::StartBatchPipeline, u"StartBatchPipeline" },
     { Command::StopPipeline, u"StopPipeline" },
+    { Command::PausePipeline, u"PausePipeline" },
     { Command::RefreshHistory, u"RefreshHistory" },
     { Command::OpenDonateView, u"OpenDonateView" },
 };

@@ -18,6 +18,7 @@ enum class Command {
     SelectDestFolder, // "SelectDestFolder"
     StartBatchPipeline, // "StartBatchPipeline"
     StopPipeline, // "StopPipeline"
+    PausePipeline, // "PausePipeline": pauses a running batch or resumes a paused one
     RefreshHistory, // "RefreshHistory"
     OpenDonateView, // "OpenDonateView"
 };

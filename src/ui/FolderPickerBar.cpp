@@ -73,8 +73,15 @@ FolderPickerBar::FolderPickerBar(AppViewModel &model, AppViewModel::FolderChoose
     m_run->setCursor(Qt::PointingHandCursor);
     m_run->setIconSize(QSize(14, 14));
     m_run->setMinimumHeight(36);
+    // Beside Stop while a batch runs.
+    m_pause = new QPushButton(this);
+    m_pause->setObjectName(u"pauseButton"_s);
+    m_pause->setCursor(Qt::PointingHandCursor);
+    m_pause->setIconSize(QSize(14, 14));
+    m_pause->setMinimumHeight(36);
     auto *runRow = new QHBoxLayout;
     runRow->addStretch(1);
+    runRow->addWidget(m_pause);
     runRow->addWidget(m_run);
 
     auto *layout = new QVBoxLayout(this);
@@ -90,6 +97,8 @@ FolderPickerBar::FolderPickerBar(AppViewModel &model, AppViewModel::FolderChoose
     connect(m_source, &FolderField::urlsDropped, this,
             [this](const QList<QUrl> &urls) { m_model.handleDroppedURLs(urls); });
     connect(m_run, &QPushButton::clicked, this, &FolderPickerBar::onRunClicked);
+    connect(m_pause, &QPushButton::clicked, this,
+            [this] { m_model.setBatchPaused(!m_model.isPaused()); });
 
     connect(m_profile, &QComboBox::activated, this, [this](int index) {
         m_model.setSelectedProfile(allStyleProfiles().value(index, StyleProfile::Default));
@@ -107,7 +116,8 @@ FolderPickerBar::FolderPickerBar(AppViewModel &model, AppViewModel::FolderChoose
            &AppViewModel::forceReprocessChanged, &AppViewModel::dryRunModeChanged,
            &AppViewModel::minRatingChanged, &AppViewModel::targetStemChanged })
         connect(&m_model, signal, this, &FolderPickerBar::syncFromModel);
-    for (auto signal : { &AppViewModel::isRunningChanged, &AppViewModel::isStoppingChanged })
+    for (auto signal : { &AppViewModel::isRunningChanged, &AppViewModel::isStoppingChanged,
+                         &AppViewModel::isPausedChanged })
         connect(&m_model, signal, this, &FolderPickerBar::updateRunButton);
     connect(&m_model, &AppViewModel::wholeObjectChanged, this, &FolderPickerBar::retranslate);
 
@@ -262,6 +272,13 @@ void FolderPickerBar::updateRunButton()
         m_run->setToolTip(m_model.t("btn_stop") + u" (Ctrl+.)"_s);
         m_run->setEnabled(!stopping);
     }
+    const bool paused = m_model.isPaused();
+    m_pause->setVisible(running);
+    m_pause->setEnabled(running && !stopping);
+    m_pause->setText(theme::literal(m_model.t(paused ? "btn_resume" : "btn_pause")));
+    m_pause->setIcon(icons::pixmap(paused ? u"play.fill"_s : u"pause.fill"_s, theme::kTextPrimary,
+                                   14, devicePixelRatioF()));
+    m_pause->setToolTip(m_model.t(paused ? "btn_resume" : "btn_pause") + u" (Ctrl+P)"_s);
 }
 
 void FolderPickerBar::onRunClicked()

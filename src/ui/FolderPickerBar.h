@@ -30,6 +30,7 @@ public:
     FolderField *sourceField() const { return m_source; }
     FolderField *destField() const { return m_dest; }
     QPushButton *runButton() const { return m_run; }
+    QPushButton *pauseButton() const { return m_pause; }
 
 private:
     QWidget *buildStyleColumn();
@@ -56,6 +57,7 @@ private:
     QLabel *m_stemLabel = nullptr;
     QLineEdit *m_stem = nullptr;
     QPushButton *m_run = nullptr;
+    QPushButton *m_pause = nullptr;
     QWidget *m_settingsArea = nullptr;
 };
 

@@ -299,6 +299,9 @@ void MainWindow::perform(Command command)
         if (m_model.isRunning())
             m_model.stopProcessing();
         break;
+    case Command::PausePipeline:
+        m_model.setBatchPaused(!m_model.isPaused());
+        break;
     case Command::RefreshHistory:
         m_model.refreshHistory();
         break;

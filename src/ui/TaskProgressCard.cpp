@@ -4,6 +4,7 @@
 #include "ui/TaskProgressCard.h"
 
 #include "core/AppViewModel.h"
+#include "ui/FailureListDialog.h"
 #include "ui/Icons.h"
 #include "ui/ProgressText.h"
 #include "ui/Theme.h"
@@ -13,6 +14,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace orvanta {
@@ -160,6 +162,7 @@ TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
     layout->addLayout(header);
     layout->addLayout(progressRow);
     layout->addWidget(m_bar);
+    layout->addWidget(buildFailureRow());
     layout->addSpacing(2);
     layout->addLayout(m_badges);
     layout->addSpacing(4);
@@ -175,8 +178,9 @@ TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
            &AppViewModel::currentFacesChanged, &AppViewModel::currentPeakStopsChanged,
            &AppViewModel::currentBayerClipChanged, &AppViewModel::currentDurationChanged,
            &AppViewModel::batchElapsedSecondsChanged, &AppViewModel::historyStatsChanged,
-           &AppViewModel::wholeObjectChanged })
+           &AppViewModel::isPausedChanged, &AppViewModel::wholeObjectChanged })
         connect(&m_model, signal, this, update);
+    connect(m_model.batch(), &BatchController::runFailedCountChanged, this, update);
     refresh();
 }
 
@@ -218,6 +222,31 @@ void TaskProgressCard::resizeEvent(QResizeEvent *event)
     fitBadges();
 }
 
+QWidget *TaskProgressCard::buildFailureRow()
+{
+    m_failureRow = new QWidget(this);
+    m_failureRow->setObjectName(u"cardFailures"_s);
+    m_failureCount = label(m_failureRow, QString());
+    m_failureCount->setObjectName(u"cardFailureCount"_s);
+    QPalette pal = m_failureCount->palette();
+    pal.setColor(QPalette::WindowText, theme::kRed);
+    m_failureCount->setPalette(pal);
+    m_showFailures = new QPushButton(m_failureRow);
+    m_showFailures->setObjectName(u"cardShowFailures"_s);
+    m_showFailures->setCursor(Qt::PointingHandCursor);
+    connect(m_showFailures, &QPushButton::clicked, this, [this] {
+        auto *dialog = new FailureListDialog(m_model, window());
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->open();
+    });
+    auto *row = new QHBoxLayout(m_failureRow);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(m_failureCount);
+    row->addStretch(1);
+    row->addWidget(m_showFailures);
+    return m_failureRow;
+}
+
 QWidget *TaskProgressCard::buildTotalsRow()
 {
     auto *row = new QWidget(this);
@@ -247,8 +276,18 @@ void TaskProgressCard::refresh()
     const AppViewModel &m = m_model;
     QColor idle = theme::kTextSecondary;
     idle.setAlphaF(0.5f);
-    static_cast<StatusDot *>(m_dot)->setColor(m.isRunning() ? theme::kGreen : idle);
-    m_title->setText(m.t(m.isRunning() ? "card_processing" : "card_idle"));
+    const bool paused = m.isRunning() && m.isPaused();
+    static_cast<StatusDot *>(m_dot)->setColor(paused              ? theme::kOrange
+                                                  : m.isRunning() ? theme::kGreen
+                                                                  : idle);
+    m_title->setText(m.t(paused ? "card_paused" : m.isRunning() ? "card_processing" : "card_idle"));
+
+    // Failures are offered once the batch is over.
+    const qint64 failed = m.batch()->runFailedCount();
+    const bool showFailures = !m.isRunning() && failed > 0 && !m.batch()->runFailures().isEmpty();
+    m_failureRow->setVisible(showFailures);
+    m_failureCount->setText(m.t("card_failed_count", { failed }));
+    m_showFailures->setText(theme::literal(m.t("btn_show_failures")));
     m_stem->setText(m.currentStem());
 
     const QString line = progressLineText(m);

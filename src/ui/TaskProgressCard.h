@@ -3,7 +3,8 @@
 
 // The live-run card: a status dot and title, the photo in work, the progress
 // line and bar, the last photo's four measurements, the time left, and the
-// history totals. Reads the model only; triggers nothing. Main thread.
+// history totals; after a batch with failures, how many and a button that
+// lists them. Reads the model; opens only the failure list. Main thread.
 #pragma once
 
 #include <QColor>
@@ -12,6 +13,7 @@
 class QGridLayout;
 class QLabel;
 class QProgressBar;
+class QPushButton;
 
 namespace orvanta {
 
@@ -52,6 +54,7 @@ protected:
 private:
     static constexpr int kBadgeSpacing = 10;
     QWidget *buildTotalsRow();
+    QWidget *buildFailureRow();
     void arrangeBadges(int columns);
     void fitBadges();
 
@@ -62,6 +65,9 @@ private:
     QLabel *m_progressLine = nullptr;
     QProgressBar *m_bar = nullptr;
     QLabel *m_estimate = nullptr;
+    QWidget *m_failureRow = nullptr;
+    QLabel *m_failureCount = nullptr;
+    QPushButton *m_showFailures = nullptr;
     MetricBadge *m_faces = nullptr;
     MetricBadge *m_peak = nullptr;
     MetricBadge *m_clip = nullptr;

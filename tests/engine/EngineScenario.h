@@ -40,34 +40,63 @@ public:
 
     // What the engine recorded: its arguments and its environment.
     bool hasRecord() const { return QFile::exists(recordPath()); }
-    QStringList arguments() const { return recorded(QStringLiteral("arg")); }
+    // What one start of the engine received.
+    struct Start
+    {
+        qint64 pid = 0;
+        qint64 pgid = 0;
+        QStringList arguments;
+        QStringList environment;
+    };
+    // Every start in order, normally leaving out the environment's doctor probe.
+    QList<Start> starts(bool withDoctor = false) const
+    {
+        QFile file(recordPath());
+        QList<Start> out;
+        if (!file.open(QIODevice::ReadOnly))
+            return out;
+        for (const QByteArray &line : file.readAll().split('\n')) {
+            const qsizetype tab = line.indexOf('\t');
+            const QByteArray kind = line.left(tab);
+            const QString value = QString::fromUtf8(line.mid(tab + 1));
+            if (kind == "pid")
+                out.append(Start { value.toLongLong() });
+            else if (out.isEmpty())
+                continue;
+            else if (kind == "pgid")
+                out.last().pgid = value.toLongLong();
+            else if (kind == "arg")
+                out.last().arguments << value;
+            else if (kind == "env")
+                out.last().environment << value;
+        }
+        if (!withDoctor)
+            out.removeIf(
+                [](const Start &s) { return s.arguments.value(0) == QStringLiteral("doctor"); });
+        return out;
+    }
+    // The latest start.
+    QStringList arguments() const { return starts().value(starts().size() - 1).arguments; }
     QHash<QString, QString> environment() const
     {
         QHash<QString, QString> env;
-        for (const QString &entry : recorded(QStringLiteral("env"))) {
+        for (const QString &entry : starts().value(starts().size() - 1).environment) {
             const qsizetype eq = entry.indexOf(u'=');
             env.insert(entry.left(eq), entry.mid(eq + 1));
         }
         return env;
     }
-    qint64 pid() const { return recorded(QStringLiteral("pid")).value(0).toLongLong(); }
-    qint64 pgid() const { return recorded(QStringLiteral("pgid")).value(0).toLongLong(); }
+    // The latest batch start, or the latest doctor probe when there was none.
+    Start latest() const
+    {
+        const QList<Start> all = starts(!hasBatchStart());
+        return all.value(all.size() - 1);
+    }
+    bool hasBatchStart() const { return !starts().isEmpty(); }
+    qint64 pid() const { return latest().pid; }
+    qint64 pgid() const { return latest().pgid; }
 
 private:
-    QStringList recorded(const QString &kind) const
-    {
-        QFile file(recordPath());
-        QStringList out;
-        if (!file.open(QIODevice::ReadOnly))
-            return out;
-        for (const QByteArray &line : file.readAll().split('\n')) {
-            const qsizetype tab = line.indexOf('\t');
-            if (tab > 0 && line.left(tab) == kind.toUtf8())
-                out << QString::fromUtf8(line.mid(tab + 1));
-        }
-        return out;
-    }
-
     QTemporaryDir m_dir;
 };
 

@@ -7,7 +7,7 @@
 // a real pipeline_state.db, and how it reacts to SIGINT and SIGTERM.
 //
 // It reads the scenario named by ORVANTA_TEST_SCENARIO and, when
-// ORVANTA_TEST_RECORD is set, writes there the command line and environment
+// ORVANTA_TEST_RECORD is set, appends there the command line and environment
 // it received. One command per line:
 //   print TEXT        TEXT and a newline          write TEXT   TEXT alone
 //   stderr TEXT       TEXT and a newline on the error stream
@@ -184,7 +184,7 @@ void record(int argc, char **argv)
     const char *path = std::getenv("ORVANTA_TEST_RECORD");
     if (!path)
         return;
-    std::ofstream out(path);
+    std::ofstream out(path, std::ios::app); // one block per start, each opening with its pid
     out << "pid\t" << ::getpid() << "\npgid\t" << ::getpgid(0) << '\n';
     for (int i = 1; i < argc; ++i)
         out << "arg\t" << argv[i] << '\n';

@@ -12,6 +12,8 @@
 #include "engine/EngineService.h"
 #include "engine/FakeDesktopServer.h"
 #include "engine/NotificationManager.h"
+#include "history/HistoryService.h"
+#include "history/HistoryTestDatabase.h"
 #include "i18n/LocalizationService.h"
 
 #include <QGuiApplication>
@@ -68,6 +70,8 @@ private Q_SLOTS:
     void startWhileRunningDoesNothing();
     void elapsedSecondsCountWhileRunning();
     void modelGoneDuringARunLeavesNoEngineBehind();
+    void reprocessRunsEachFolderAndRetryOnlyTheFailed();
+    void pauseSuspendsTheEngineKeepsItsPhotoAndStopStillWorks();
 
 private:
     std::unique_ptr<FakeDesktop> m_desktop;
@@ -198,8 +202,10 @@ void TestBatchController::progressFollowsItemEvents()
     QCOMPARE(m.progressFraction(), 1.0);
 
     // Without a total, item events leave the fraction alone.
-    m.setTotalPending(0);
-    m.setProgressFraction(0.5);
+    m.batch()->setStateForTest([](BatchRunState &s) {
+        s.totalPending = 0;
+        s.progressFraction = 0.5;
+    });
     BatchEvent loose = make(u"item_done"_s);
     loose.index = 7;
     m.handleBatchEvent(loose);
@@ -313,7 +319,7 @@ void TestBatchController::stopWatchdogForcesAStuckEngineDown()
         { u"on-sigint ignore"_s, u"on-sigterm ignore"_s, u"print started"_s, u"wait-signal"_s });
     AppViewModel &m = *m_model;
     // Slow the engine's own escalation down so the model's watchdog acts first.
-    m.engineService()->setStopDelays(std::chrono::seconds(30), std::chrono::seconds(30));
+    m.batch()->engineService()->setStopDelays(std::chrono::seconds(30), std::chrono::seconds(30));
     m.startProcessing();
     QTRY_VERIFY(m.consoleLogs().contains(u"started"_s));
     m.stopProcessing();
@@ -383,11 +389,11 @@ void TestBatchController::startWhileRunningDoesNothing()
     AppViewModel &m = *m_model;
     m.startProcessing();
     QTRY_VERIFY(m.consoleLogs().contains(u"started"_s));
-    const qint64 pid = m.engineService()->processId();
+    const qint64 pid = m.batch()->engineService()->processId();
     m.startProcessing();
     QCOMPARE(countLines(m.consoleLogs(), u"🚀 "_s), 1);
-    QCOMPARE(m.engineService()->processId(), pid);
-    m.engineService()->forceKill();
+    QCOMPARE(m.batch()->engineService()->processId(), pid);
+    m.batch()->engineService()->forceKill();
     QTRY_VERIFY(!m.isRunning());
 }
 
@@ -395,11 +401,11 @@ void TestBatchController::elapsedSecondsCountWhileRunning()
 {
     EngineScenario scenario({ u"print started"_s, u"wait-signal"_s });
     AppViewModel &m = *m_model;
-    m.setBatchElapsedSeconds(42);
+    m.batch()->setStateForTest([](BatchRunState &s) { s.batchElapsedSeconds = 42; });
     m.startProcessing();
     QCOMPARE(m.batchElapsedSeconds(), 0);
     QTRY_VERIFY_WITH_TIMEOUT(m.batchElapsedSeconds() >= 2, 10000);
-    m.engineService()->forceKill();
+    m.batch()->engineService()->forceKill();
     QTRY_VERIFY(!m.isRunning());
 }
 
@@ -417,6 +423,141 @@ void TestBatchController::modelGoneDuringARunLeavesNoEngineBehind()
     m_model.reset();
     QCOMPARE(::kill(pid, 0), -1);
     QCOMPARE(errno, ESRCH);
+}
+
+void TestBatchController::reprocessRunsEachFolderAndRetryOnlyTheFailed()
+{
+    // Rows from two shoots in other folders than the current source; one
+    // row has no recorded paths and comes from the current source.
+    const QString shootA = m_folders.filePath(u"shootA"_s);
+    const QString shootB = m_folders.filePath(u"shootB"_s);
+    QDir().mkpath(QFileInfo(HistoryService::defaultDbPath()).absolutePath());
+    {
+        TestDatabase db(HistoryService::defaultDbPath());
+        db.insert({ .fingerprint = u"rp-a1"_s,
+                    .stem = u"A1"_s,
+                    .processedAt = u"5"_s,
+                    .rawPath = shootA + u"/A1.ARW"_s });
+        db.insert({ .fingerprint = u"rp-b1"_s,
+                    .stem = u"B1"_s,
+                    .processedAt = u"4"_s,
+                    .jpgPath = shootB + u"/B1.JPG"_s });
+        db.insert({ .fingerprint = u"rp-a2"_s,
+                    .stem = u"A2"_s,
+                    .processedAt = u"3"_s,
+                    .rawPath = shootA + u"/A2.ARW"_s });
+        db.insert({ .fingerprint = u"rp-a2old"_s,
+                    .stem = u"A2"_s,
+                    .processedAt = u"2"_s,
+                    .rawPath = shootA + u"/A2.ARW"_s });
+        db.insert({ .fingerprint = u"rp-x"_s, .stem = u"X"_s, .processedAt = u"1"_s });
+    }
+    // Each run fails its second photo and delivers nothing.
+    EngineScenario scenario({
+        eventLine(R"({"type":"scan","pairs":2,"pending":2})"),
+        eventLine(R"({"type":"item_start","stem":"A2","index":2,"total":2})"),
+        eventLine(R"({"type":"item_failed","stem":"A2","error":"unreadable raw"})"),
+        eventLine(R"({"type":"batch_done","success":0,"failed":1})"),
+    });
+    AppViewModel &m = *m_model;
+    const QString source = m.sourceDir();
+    m.refreshHistory();
+    QTRY_VERIFY(std::count_if(m.historyRecords().cbegin(), m.historyRecords().cend(),
+                              [](const PhotoRecord &r) { return r.id().startsWith(u"rp-"_s); })
+                == 5);
+    for (const QString &id : { u"rp-a1"_s, u"rp-b1"_s, u"rp-a2"_s, u"rp-a2old"_s, u"rp-x"_s })
+        m.toggleRecordSelection(id);
+
+    m.reprocessSelectedRecords();
+    QTRY_COMPARE_WITH_TIMEOUT(scenario.starts().size(), 3, 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(!m.isRunning(), 20000);
+    QList<QStringList> runs;
+    for (const auto &start : scenario.starts())
+        runs << start.arguments;
+    auto value = [](const QStringList &args, const QString &flag) {
+        return args.value(args.indexOf(flag) + 1);
+    };
+    // One run per folder, in list order, each stem once, forced.
+    QCOMPARE(value(runs[0], u"-s"_s), shootA);
+    QCOMPARE(value(runs[0], u"--stem"_s), u"A1,A2"_s);
+    QCOMPARE(value(runs[1], u"-s"_s), shootB);
+    QCOMPARE(value(runs[1], u"--stem"_s), u"B1"_s);
+    QCOMPARE(value(runs[2], u"-s"_s), source);
+    QCOMPARE(value(runs[2], u"--stem"_s), u"X"_s);
+    for (const QStringList &args : runs)
+        QVERIFY(args.contains(u"-f"_s));
+    // The user's batch options are as they were.
+    QCOMPARE(m.sourceDir(), source);
+    QVERIFY(m.targetStem().isEmpty());
+    QVERIFY(!m.forceReprocess());
+
+    // The last run's failure, with the engine's reason; a retry runs
+    // exactly that photo again from the folder it failed in.
+    QCOMPARE(m.batch()->runFailures(),
+             (QList<FailedPhoto> { { u"A2"_s, u"unreadable raw"_s, source } }));
+    m.batch()->retryFailed();
+    QTRY_COMPARE_WITH_TIMEOUT(scenario.starts().size(), 4, 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(!m.isRunning(), 20000);
+    const QStringList retry = scenario.starts().last().arguments;
+    QCOMPARE(value(retry, u"-s"_s), source);
+    QCOMPARE(value(retry, u"--stem"_s), u"A2"_s);
+    QVERIFY(retry.contains(u"-f"_s));
+}
+
+namespace {
+// The state letter of /proc/PID/stat: 'T' while stopped by a signal.
+char processState(qint64 pid)
+{
+    QFile stat(u"/proc/%1/stat"_s.arg(pid));
+    if (!stat.open(QIODevice::ReadOnly))
+        return '?';
+    const QByteArray text = stat.readAll();
+    const qsizetype paren = text.lastIndexOf(')');
+    return paren > 0 && paren + 2 < text.size() ? text.at(paren + 2) : '?';
+}
+} // namespace
+
+void TestBatchController::pauseSuspendsTheEngineKeepsItsPhotoAndStopStillWorks()
+{
+    const QString go = m_folders.filePath(u"go"_s);
+    QFile::remove(go);
+    EngineScenario scenario({
+        u"on-sigint exit130"_s,
+        eventLine(R"({"type":"scan","pairs":2,"pending":2})"),
+        eventLine(R"({"type":"item_start","stem":"P1","index":1,"total":2})"),
+        u"wait-file "_s + go,
+        eventLine(R"({"type":"item_done","stem":"P1","index":1,"total":2,"duration":1.0})"),
+        eventLine(R"({"type":"item_start","stem":"P2","index":2,"total":2})"),
+        u"wait-signal"_s,
+    });
+    AppViewModel &m = *m_model;
+    m.startProcessing();
+    QTRY_COMPARE_WITH_TIMEOUT(m.currentStem(), u"P1"_s, 20000);
+    const qint64 pid = m.batch()->engineService()->processId();
+
+    m.setBatchPaused(true);
+    QVERIFY(m.isPaused());
+    QCOMPARE(m.statusMessage(), u"Paused at [1 / 2]"_s);
+    QTRY_COMPARE(processState(pid), 'T');
+    // The elapsed clock stands still while paused.
+    auto *clock = m.batch()->findChild<QTimer *>();
+    QVERIFY(clock && !clock->isActive());
+    QFile(go).open(QIODevice::WriteOnly);
+
+    m.setBatchPaused(false);
+    QVERIFY(!m.isPaused());
+    QVERIFY(clock->isActive());
+    // The photo in flight carries on where it was.
+    QTRY_COMPARE_WITH_TIMEOUT(m.currentStem(), u"P2"_s, 20000);
+    QCOMPARE(m.batch()->runSuccessCount(), 1);
+
+    // Paused again, Stop resumes the engine first so it can end normally.
+    m.setBatchPaused(true);
+    QTRY_COMPARE(processState(pid), 'T');
+    m.stopProcessing();
+    QVERIFY(!m.isPaused());
+    QTRY_VERIFY_WITH_TIMEOUT(!m.isRunning(), 20000);
+    QCOMPARE(m.statusMessage(), u"Cancelled by user"_s);
 }
 
 ORVANTA_TEST_GUI_MAIN(TestBatchController)

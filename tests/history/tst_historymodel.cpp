@@ -44,7 +44,6 @@ private Q_SLOTS:
     void deletingRemovesTheSelectedRowsAndClearsTheSelection();
     void deletingWithNothingSelectedTouchesNothing();
     void deletingClearsTheSelectionEvenWithoutADatabase();
-    void reprocessSendsEachSelectedLoadedStemOnceForced();
     void reprocessWithNothingLoadedSelectedDoesNothing();
     void columnVisibilityTogglesButTheLastColumnStays();
 
@@ -382,57 +381,6 @@ void HistoryModelTest::deletingClearsTheSelectionEvenWithoutADatabase()
     settle();
     QVERIFY(model.selectedRecordIds().isEmpty());
     QVERIFY(!QFileInfo::exists(m_dbPath));
-}
-
-void HistoryModelTest::reprocessSendsEachSelectedLoadedStemOnceForced()
-{
-    {
-        auto db = makeDatabase();
-        db->insert({ .fingerprint = u"a"_s, .stem = u"DSC_1"_s, .processedAt = u"4"_s });
-        db->insert({ .fingerprint = u"b"_s, .stem = u"DSC_1"_s, .processedAt = u"3"_s });
-        db->insert({ .fingerprint = u"c"_s, .stem = u"DSC_2"_s, .processedAt = u"2"_s });
-        db->insert({ .fingerprint = u"d"_s, .stem = u"DSC_3"_s, .processedAt = u"1"_s });
-    }
-    // An engine that writes down its arguments and succeeds. The state
-    // object also runs it once as "doctor" when it starts; that probe may
-    // finish after the batch on a busy machine, so it must not write.
-    QTemporaryDir engineDir;
-    const QString engine = engineDir.filePath(u"orvanta_engine"_s);
-    {
-        QFile script(engine);
-        QVERIFY(script.open(QIODevice::WriteOnly));
-        script.write("#!/bin/sh\n[ \"$1\" = doctor ] && exit 0\n"
-                     "printf '%s\\n' \"$@\" > \"$0.args\"\n");
-        script.setPermissions(script.permissions() | QFile::ExeOwner);
-    }
-    qputenv("ORVANTA_BIN", QFile::encodeName(engine));
-    const auto unsetEngine = qScopeGuard([] { qunsetenv("ORVANTA_BIN"); });
-
-    AppViewModel model;
-    settle();
-    model.setForceReprocess(false);
-    for (const QString &id : { u"a"_s, u"b"_s, u"c"_s, u"not-loaded"_s })
-        model.toggleRecordSelection(id);
-
-    model.reprocessSelectedRecords();
-
-    QVERIFY(model.isRunning());
-    QStringList stems = model.targetStem().split(u',');
-    std::sort(stems.begin(), stems.end());
-    QCOMPARE(stems, (QStringList { u"DSC_1"_s, u"DSC_2"_s }));
-    QVERIFY(model.forceReprocess());
-    QTRY_VERIFY_WITH_TIMEOUT(!model.isRunning(), 20000);
-
-    QFile recorded(engine + u".args"_s);
-    QVERIFY(recorded.open(QIODevice::ReadOnly));
-    const QStringList arguments = QString::fromUtf8(recorded.readAll()).split(u'\n');
-    const qsizetype stem = arguments.indexOf(u"--stem"_s);
-    QVERIFY(stem > 0);
-    QCOMPARE(arguments.value(stem + 1), model.targetStem());
-    QVERIFY(arguments.contains(u"-f"_s));
-    // Both stay set after the run.
-    QVERIFY(model.forceReprocess());
-    QCOMPARE(model.targetStem().size(), 11);
 }
 
 void HistoryModelTest::reprocessWithNothingLoadedSelectedDoesNothing()

@@ -132,16 +132,17 @@ private Q_SLOTS:
 
     void openingAndRefreshTakeAFreshMemoryReading()
     {
-        m_model->setRamTotalGB(0.5);
+        m_model->probes()->setStateForTest([&](ProbeState &s) { s.ramTotalGB = 0.5; });
         QScopedPointer<SettingsWindow> window(makeWindow());
         QCOMPARE(m_model->ramTotalGB(), installedMemoryGiB());
         QCOMPARE(window->performanceTab()->ramValue()->text(),
                  QString::number(installedMemoryGiB(), 'f', 1) + u" GB"_s);
-        m_model->setRamTotalGB(1.0);
+        m_model->probes()->setStateForTest([&](ProbeState &s) { s.ramTotalGB = 1.0; });
         QCOMPARE(window->performanceTab()->ramValue()->text(), u"1.0 GB"_s);
         window->performanceTab()->refreshButton()->click();
         QCOMPARE(m_model->ramTotalGB(), installedMemoryGiB());
-        m_model->setMemoryPressureDesc(u"Elevated (Throttle)"_s);
+        m_model->probes()->setStateForTest(
+            [&](ProbeState &s) { s.memoryPressureDesc = u"Elevated (Throttle)"_s; });
         QCOMPARE(window->performanceTab()->pressureValue()->text(), u"Elevated (Throttle)"_s);
     }
 
@@ -288,10 +289,10 @@ private Q_SLOTS:
         QScopedPointer<SettingsWindow> window(makeWindow());
         PathsTab *paths = window->pathsTab();
         QVERIFY(paths->browseSourceButton()->isEnabled());
-        m_model->setIsRunning(true);
+        m_model->batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = true; });
         QVERIFY(!paths->browseSourceButton()->isEnabled());
         QVERIFY(!paths->browseDestButton()->isEnabled());
-        m_model->setIsRunning(false);
+        m_model->batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = false; });
         QVERIFY(paths->browseDestButton()->isEnabled());
     }
 

@@ -14,6 +14,7 @@
 #include "ui/ConsoleLineDelegate.h"
 #include "ui/ConsoleLogModel.h"
 #include "ui/ConsoleLogView.h"
+#include "ui/FailureListDialog.h"
 #include "ui/ProgressText.h"
 #include "ui/QuitGuard.h"
 #include "ui/TaskProgressCard.h"
@@ -30,6 +31,7 @@
 #include <QScopeGuard>
 #include <QScrollBar>
 #include <QStackedWidget>
+#include <QTreeWidget>
 
 #include <sqlite3.h>
 
@@ -84,6 +86,7 @@ private Q_SLOTS:
     void timeLeftAppearsOnceTwoItemsAreDone();
     void cardBeforeAnyBatchIsIdle();
     void cardShowsThePairsFoundDuringTheScan();
+    void failuresAreOfferedAfterTheBatchWithTheirReasons();
     void cardTotalsComeFromTheHistoryStatistics();
     void badgesFormAGridWhenOneRowDoesNotFit();
 
@@ -175,7 +178,9 @@ void LiveRunTest::consoleKeepsTheNewestThousandRowsWithoutResetting()
     QCOMPARE(rows->resetCount(), 0);
 
     // A rewritten log (not an append) is taken whole.
-    m_model->setConsoleLogs({ u"a"_s, u"b"_s });
+    m_model->batch()->setStateForTest([&](BatchRunState &s) {
+        s.consoleLogs = { u"a"_s, u"b"_s };
+    });
     QCOMPARE(rows->rowCount(), 2);
     QCOMPARE(rows->data(rows->index(1), Qt::DisplayRole).toString(), u"b"_s);
 }
@@ -278,10 +283,12 @@ void LiveRunTest::progressLineShowsRatioPairsOrNothing()
     QFETCH(QString, text);
     AppViewModel &m = *m_model;
     TaskProgressCard card(m);
-    m.setCurrentIndex(index);
-    m.setTotalPending(total);
-    m.setProgressFraction(fraction);
-    m.setScanPairs(pairs);
+    m.batch()->setStateForTest([&](BatchRunState &s) {
+        s.currentIndex = index;
+        s.totalPending = total;
+        s.progressFraction = fraction;
+        s.scanPairs = pairs;
+    });
     QCOMPARE(progressLineText(m), text);
     QCOMPARE(labelText(&card, u"cardProgress"_s), text);
     QCOMPARE(card.findChild<QLabel *>(u"cardProgress"_s)->isVisibleTo(&card), !text.isEmpty());
@@ -314,12 +321,14 @@ void LiveRunTest::timeBadgeFollowsTheRunState()
         return card.findChild<QWidget *>(u"metricTime"_s)->findChildren<QLabel *>().last()->text();
     };
     QCOMPARE(badge(), u"Elapsed: 00:00"_s);
-    m.setCurrentDuration(6.84);
+    m.batch()->setStateForTest([&](BatchRunState &s) { s.currentDuration = 6.84; });
     QCOMPARE(badge(), u"Elapsed: 6.8s"_s); // idle: the last photo's duration
-    m.setIsRunning(true);
-    m.setBatchElapsedSeconds(3725);
+    m.batch()->setStateForTest([&](BatchRunState &s) {
+        s.isRunning = true;
+        s.batchElapsedSeconds = 3725;
+    });
     QCOMPARE(badge(), u"Elapsed: 62:05"_s); // running: the batch clock
-    m.setIsRunning(false);
+    m.batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = false; });
 }
 
 void LiveRunTest::timeLeftAppearsOnceTwoItemsAreDone_data()
@@ -352,17 +361,19 @@ void LiveRunTest::timeLeftAppearsOnceTwoItemsAreDone()
     QFETCH(QString, text);
     AppViewModel &m = *m_model;
     TaskProgressCard card(m);
-    m.setIsRunning(running);
-    m.setTotalPending(total);
-    m.setCurrentIndex(total);
-    m.setProgressFraction(fraction);
-    m.setBatchElapsedSeconds(elapsed);
+    m.batch()->setStateForTest([&](BatchRunState &s) {
+        s.isRunning = running;
+        s.totalPending = total;
+        s.currentIndex = total;
+        s.progressFraction = fraction;
+        s.batchElapsedSeconds = elapsed;
+    });
     QCOMPARE(timeLeftText(m), text);
     auto *estimate = card.findChild<QLabel *>(u"cardEstimate"_s);
     QCOMPARE(estimate->isVisibleTo(&card), !text.isEmpty());
     if (!text.isEmpty())
         QCOMPARE(estimate->text(), text);
-    m.setIsRunning(false);
+    m.batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = false; });
 }
 
 void LiveRunTest::cardBeforeAnyBatchIsIdle()
@@ -371,16 +382,53 @@ void LiveRunTest::cardBeforeAnyBatchIsIdle()
     QCOMPARE(labelText(&card, u"cardTitle"_s), u"Idle"_s);
     QVERIFY(!card.findChild<QLabel *>(u"cardProgress"_s)->isVisibleTo(&card));
     QVERIFY(!card.findChild<QLabel *>(u"cardEstimate"_s)->isVisibleTo(&card));
-    m_model->setIsRunning(true);
+    m_model->batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = true; });
     QCOMPARE(labelText(&card, u"cardTitle"_s), u"Processing Batch"_s);
-    m_model->setIsRunning(false);
+    m_model->batch()->setStateForTest([&](BatchRunState &s) { s.isPaused = true; });
+    QCOMPARE(labelText(&card, u"cardTitle"_s), u"Paused"_s);
+    m_model->batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = s.isPaused = false; });
+}
+
+void LiveRunTest::failuresAreOfferedAfterTheBatchWithTheirReasons()
+{
+    AppViewModel &m = *m_model;
+    TaskProgressCard card(m);
+    auto *row = card.findChild<QWidget *>(u"cardFailures"_s);
+    QVERIFY(!row->isVisibleTo(&card));
+    const QList<FailedPhoto> failures { { u"IMG_7"_s, u"unreadable raw"_s, u"/shoot"_s },
+                                        { u"IMG_9"_s, QString(), u"/shoot"_s } };
+    m.batch()->setStateForTest([&](BatchRunState &s) {
+        s.isRunning = true;
+        s.runFailedCount = 2;
+        s.runFailures = failures;
+    });
+    QVERIFY(!row->isVisibleTo(&card)); // not while the batch still runs
+    m.batch()->setStateForTest([](BatchRunState &s) { s.isRunning = false; });
+    QVERIFY(row->isVisibleTo(&card));
+    QCOMPARE(labelText(&card, u"cardFailureCount"_s), u"2 failed"_s);
+
+    FailureListDialog dialog(m);
+    QStringList revealed;
+    dialog.setRevealer([&](const QString &path) { revealed << path; });
+    QTreeWidget *list = dialog.list();
+    QCOMPARE(list->topLevelItemCount(), 2);
+    QCOMPARE(list->topLevelItem(0)->text(1), u"unreadable raw"_s);
+    // Without a reason from the engine, the list says so instead of a blank.
+    QCOMPARE(list->topLevelItem(1)->text(1), u"The engine gave no reason"_s);
+    list->setCurrentItem(list->topLevelItem(1));
+    dialog.findChild<QPushButton *>(u"failureReveal"_s)->click();
+    QCOMPARE(revealed, QStringList { u"/shoot"_s });
+    m.batch()->setStateForTest([](BatchRunState &s) {
+        s.runFailedCount = 0;
+        s.runFailures.clear();
+    });
 }
 
 void LiveRunTest::cardShowsThePairsFoundDuringTheScan()
 {
     AppViewModel &m = *m_model;
     TaskProgressCard card(m);
-    m.setIsRunning(true);
+    m.batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = true; });
     BatchEvent scan;
     scan.type = u"scan"_s;
     scan.pairs = 12;
@@ -388,7 +436,7 @@ void LiveRunTest::cardShowsThePairsFoundDuringTheScan()
     m.handleBatchEvent(scan);
     QCOMPARE(m.totalPending(), 0);
     QCOMPARE(labelText(&card, u"cardProgress"_s), u"12 Pairs Found"_s);
-    m.setIsRunning(false);
+    m.batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = false; });
 }
 
 void LiveRunTest::cardTotalsComeFromTheHistoryStatistics()

@@ -213,14 +213,14 @@ void MainWindowTest::dropOnTheWindowAppliesTheRules()
 void MainWindowTest::dropDuringARunChangesNothing()
 {
     AppViewModel &m = *m_model;
-    m.setIsRunning(true);
+    m.batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = true; });
     const QString before = m.sourceDir();
     dropOn(m_window, { QUrl::fromLocalFile(path(u"Lofoten"_s)) });
     dropOn(m_window->folderBar()->sourceField(), { QUrl::fromLocalFile(path(u"shots/A.JPG"_s)) });
     QCOMPARE(m.sourceDir(), before);
     QVERIFY(m.targetStem().isEmpty());
     QVERIFY(m.consoleLogs().isEmpty());
-    m.setIsRunning(false);
+    m.batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = false; });
 }
 
 void MainWindowTest::overlayShowsOnlyWhileFilesAreDraggedOverTheWindow()
@@ -293,10 +293,11 @@ void MainWindowTest::cancelledFolderPanelChangesNothing()
     QCOMPARE(m_model->destDir(), path(u"out"_s));
     QVERIFY(m_model->consoleLogs().isEmpty());
 
-    m_model->setIsRunning(true); // no panel at all during a run
+    m_model->batch()->setStateForTest(
+        [&](BatchRunState &s) { s.isRunning = true; }); // no panel at all during a run
     m_window->perform(Command::SelectSourceFolder);
     QCOMPARE(asked, 2);
-    m_model->setIsRunning(false);
+    m_model->batch()->setStateForTest([&](BatchRunState &s) { s.isRunning = false; });
 }
 
 void MainWindowTest::runButtonFollowsARealBatchThroughStartStopAndEnd()
@@ -440,22 +441,28 @@ void MainWindowTest::japaneseTextsHaveEveryGlyphInTheInterfaceFont()
 void MainWindowTest::footerAndHeaderShowStorageAndEnvironment()
 {
     AppViewModel &m = *m_model;
-    m.setVolumeName(u"Photos"_s);
-    m.setVolumeFreeGB(123.456);
-    m.setIsVolumeSafe(true);
+    m.probes()->setStateForTest([](ProbeState &s) {
+        s.volumeName = u"Photos"_s;
+        s.volumeFreeGB = 123.456;
+        s.isVolumeSafe = true;
+    });
     QCOMPARE(m_window->footerStorage()->text(), u"Photos Mounted & Healthy (123.5 GB free)"_s);
-    m.setIsVolumeSafe(false);
+    m.probes()->setStateForTest([&](ProbeState &s) { s.isVolumeSafe = false; });
     QCOMPARE(m_window->footerStorage()->text(),
              u"Target storage volume has insufficient space or is unavailable: [Photos]"_s);
 
     const auto *env = m_window->header()->environmentLabel();
-    m.setIsEnvironmentHealthy(true);
+    m.probes()->setStateForTest([&](ProbeState &s) { s.isEnvironmentHealthy = true; });
     QCOMPARE(env->text(), u"Environment Ready"_s);
-    m.setMissingDependencyMessage(QString());
-    m.setIsEnvironmentHealthy(false);
+    m.probes()->setStateForTest([](ProbeState &s) {
+        s.missingDependencyMessage = QString();
+        s.isEnvironmentHealthy = false;
+    });
     QCOMPARE(env->text(), u"Missing Dependencies"_s);
     // The header names the problem itself, not only that there is one.
-    m.setMissingDependencyMessage(u"Engine not found: /usr/bin/orvanta_engine"_s);
+    m.probes()->setStateForTest([&](ProbeState &s) {
+        s.missingDependencyMessage = u"Engine not found: /usr/bin/orvanta_engine"_s;
+    });
     QCOMPARE(env->text(), u"Engine not found: /usr/bin/orvanta_engine"_s);
     QCOMPARE(env->parentWidget()->toolTip(), u"Engine not found: /usr/bin/orvanta_engine"_s);
     QCOMPARE(m_window->header()->settingsButton()->toolTip(), u"Preferences (Ctrl+,)"_s);

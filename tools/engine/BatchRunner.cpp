@@ -7,6 +7,7 @@
 #include "GreyPng.h"
 #include "HdrRenderer.h"
 #include "OutputNaming.h"
+#include "PauseClock.h"
 #include "SystemLoad.h"
 #include "media/ExivAdapter.h"
 
@@ -318,6 +319,7 @@ void BatchRunner::processPair(const PhotoPair &pair, int index)
     const int total = int(m_pending.size());
     QElapsedTimer timer;
     timer.start();
+    const std::int64_t pausedBefore = pausedNanoseconds();
     m_log.event(u"item_start"_s,
                 { { u"stem"_s, pair.stem }, { u"index"_s, index }, { u"total"_s, total } });
     m_log.line(u"🚀 [%1/%2] %3"_s.arg(index).arg(total).arg(pair.stem));
@@ -333,7 +335,9 @@ void BatchRunner::processPair(const PhotoPair &pair, int index)
         delivery.error = rendered.error;
     if (delivery.abandoned)
         return; // terminating: the file is gone and nothing is recorded
-    const double seconds = timer.elapsed() / 1000.0;
+    // A pause of the batch is not the photo's working time.
+    const double seconds
+        = double(timer.nsecsElapsed() - (pausedNanoseconds() - pausedBefore)) / 1e9;
     const double dbSeconds = record(pair, rendered, delivery, seconds);
     report(pair, rendered, delivery, { index, total, seconds, dbSeconds });
 }

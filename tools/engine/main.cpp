@@ -8,6 +8,7 @@
 #include "EngineOptions.h"
 #include "EventLog.h"
 #include "FolderWatcher.h"
+#include "PauseClock.h"
 #include "media/ExivAdapter.h"
 
 #include <QCoreApplication>
@@ -38,6 +39,9 @@ void installSignalHandlers()
     sigemptyset(&action.sa_mask);
     sigaction(SIGINT, &action, nullptr);
     sigaction(SIGTERM, &action, nullptr);
+    // The application pauses a batch with SIGTSTP; the time stopped is left
+    // out of the photos' durations.
+    installPauseClock();
     // Should the application go away mid-batch, the batch still finishes
     // and is recorded; writes to the closed pipe just fail.
     std::signal(SIGPIPE, SIG_IGN);

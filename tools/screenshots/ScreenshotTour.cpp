@@ -169,7 +169,7 @@ int main(int argc, char *argv[])
             qWarning("the test engine did not reach item 6");
             return 1;
         }
-        model.setBatchElapsedSeconds(41);
+        model.batch()->setStateForTest([&](BatchRunState &s) { s.batchElapsedSeconds = 41; });
     } else if (state == u"overlay") {
         QMimeData mime;
         mime.setUrls({ QUrl::fromLocalFile(source) });

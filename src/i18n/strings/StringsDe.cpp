@@ -361,7 +361,7 @@ constexpr StringEntry kEntries[] = {
       "Ziellaufwerk hat nicht genügend freien Speicher oder ist nicht verfügbar: [%@]" },
     { "log_dry_run_activated",
       "Modo de simulación activado: escaneo rápido sin escritura en disco." },
-    { "log_engine_start_failed", "Verarbeitungs-Engine konnte nicht gestartet werden" },
+    { "log_engine_start_failed", "Verarbeitungs-Engine konnte nicht gestartet werden: %@" },
 
     // tags
     { "tag_rating", "Bewertung" },
@@ -528,6 +528,24 @@ constexpr StringEntry kEntries[] = {
     { "inspector_gainmap_detail#one", "%@ · %.2f bis %.2f LW · %d Kanal" },
     // History database locked by another program
     { "history_busy", "Der Verlauf ist gerade gesperrt, neuer Versuch läuft…" },
+    // Batch: pause, nothing to do, failure list
+    { "status_nothing_to_do", "Nichts zu verarbeiten: Keine passenden RAW+JPG-Paare gefunden" },
+    { "status_paused", "Angehalten bei [%d / %d]" },
+    { "status_resumed", "Fortgesetzt bei [%d / %d]" },
+    { "btn_pause", "Pause" },
+    { "btn_resume", "Fortsetzen" },
+    { "menu_pause_pipeline", "Stapel anhalten oder fortsetzen" },
+    { "card_paused", "Angehalten" },
+    { "card_failed_count", "%d fehlgeschlagen" },
+    { "btn_show_failures", "Fehler anzeigen" },
+    { "failures_title", "Fehlgeschlagene Fotos" },
+    { "failures_summary", "Im letzten Stapel nicht ausgeliefert: %d" },
+    { "failures_column_photo", "Foto" },
+    { "failures_column_reason", "Grund" },
+    { "failures_no_reason", "Die Engine hat keinen Grund genannt" },
+    { "failures_reveal", "Im Dateimanager zeigen" },
+    { "failures_retry", "Fehlgeschlagene erneut versuchen" },
+    { "failures_close", "Schließen" },
 };
 } // namespace
 

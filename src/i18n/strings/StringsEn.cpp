@@ -347,7 +347,7 @@ constexpr StringEntry kEntries[] = {
       "Target storage volume has insufficient space or is unavailable: [%@]" },
     { "log_dry_run_activated",
       "Modo de simulación activado: escaneo rápido sin escritura en disco." },
-    { "log_engine_start_failed", "Failed to start processing engine" },
+    { "log_engine_start_failed", "Failed to start processing engine: %@" },
 
     // tags
     { "tag_rating", "Rating" },
@@ -511,6 +511,24 @@ constexpr StringEntry kEntries[] = {
     { "inspector_gainmap_detail#one", "%@ · %.2f to %.2f stops · %d channel" },
     // History database locked by another program
     { "history_busy", "History is busy, retrying…" },
+    // Batch: pause, nothing to do, failure list
+    { "status_nothing_to_do", "Nothing to process: no matching RAW+JPG pairs were found" },
+    { "status_paused", "Paused at [%d / %d]" },
+    { "status_resumed", "Resumed at [%d / %d]" },
+    { "btn_pause", "Pause" },
+    { "btn_resume", "Resume" },
+    { "menu_pause_pipeline", "Pause or Resume Batch" },
+    { "card_paused", "Paused" },
+    { "card_failed_count", "%d failed" },
+    { "btn_show_failures", "Show Failures" },
+    { "failures_title", "Photos That Failed" },
+    { "failures_summary", "Not delivered in the last batch: %d" },
+    { "failures_column_photo", "Photo" },
+    { "failures_column_reason", "Reason" },
+    { "failures_no_reason", "The engine gave no reason" },
+    { "failures_reveal", "Show in Files" },
+    { "failures_retry", "Retry Failed" },
+    { "failures_close", "Close" },
 };
 } // namespace
 

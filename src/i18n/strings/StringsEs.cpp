@@ -361,7 +361,7 @@ constexpr StringEntry kEntries[] = {
       "[%@]" },
     { "log_dry_run_activated",
       "Modo de simulación activado: escaneo rápido sin escritura en disco." },
-    { "log_engine_start_failed", "No se pudo iniciar el motor de procesamiento" },
+    { "log_engine_start_failed", "No se pudo iniciar el motor de procesamiento: %@" },
 
     // tags
     { "tag_rating", "Valoración" },
@@ -534,6 +534,24 @@ constexpr StringEntry kEntries[] = {
     { "inspector_gainmap_detail#one", "%@ · %.2f a %.2f pasos · %d canal" },
     // History database locked by another program
     { "history_busy", "El historial está ocupado, reintentando…" },
+    // Batch: pause, nothing to do, failure list
+    { "status_nothing_to_do", "Nada que procesar: no se encontraron pares RAW+JPG coincidentes" },
+    { "status_paused", "En pausa en [%d / %d]" },
+    { "status_resumed", "Reanudado en [%d / %d]" },
+    { "btn_pause", "Pausa" },
+    { "btn_resume", "Reanudar" },
+    { "menu_pause_pipeline", "Pausar o reanudar el lote" },
+    { "card_paused", "En pausa" },
+    { "card_failed_count", "%d fallidas" },
+    { "btn_show_failures", "Ver fallos" },
+    { "failures_title", "Fotos fallidas" },
+    { "failures_summary", "No entregadas en el último lote: %d" },
+    { "failures_column_photo", "Foto" },
+    { "failures_column_reason", "Motivo" },
+    { "failures_no_reason", "El motor no indicó ningún motivo" },
+    { "failures_reveal", "Mostrar en Archivos" },
+    { "failures_retry", "Reintentar fallidas" },
+    { "failures_close", "Cerrar" },
 };
 } // namespace
 

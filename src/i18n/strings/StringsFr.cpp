@@ -365,7 +365,7 @@ constexpr StringEntry kEntries[] = {
       "Le volume de stockage cible manque d'espace ou est indisponible : [%@]" },
     { "log_dry_run_activated",
       "Modo de simulación activado: escaneo rápido sin escritura en disco." },
-    { "log_engine_start_failed", "Impossible de démarrer le moteur de traitement" },
+    { "log_engine_start_failed", "Impossible de démarrer le moteur de traitement : %@" },
 
     // tags
     { "tag_rating", "Note" },
@@ -539,6 +539,24 @@ constexpr StringEntry kEntries[] = {
     { "inspector_gainmap_detail#one", "%@ · %.2f à %.2f IL · %d canal" },
     // History database locked by another program
     { "history_busy", "L'historique est occupé, nouvelle tentative en cours…" },
+    // Batch: pause, nothing to do, failure list
+    { "status_nothing_to_do", "Rien à traiter : aucune paire RAW+JPG correspondante trouvée" },
+    { "status_paused", "En pause à [%d / %d]" },
+    { "status_resumed", "Reprise à [%d / %d]" },
+    { "btn_pause", "Pause" },
+    { "btn_resume", "Reprendre" },
+    { "menu_pause_pipeline", "Suspendre ou reprendre le lot" },
+    { "card_paused", "En pause" },
+    { "card_failed_count", "%d en échec" },
+    { "btn_show_failures", "Voir les échecs" },
+    { "failures_title", "Photos en échec" },
+    { "failures_summary", "Non livrées lors du dernier lot : %d" },
+    { "failures_column_photo", "Photo" },
+    { "failures_column_reason", "Motif" },
+    { "failures_no_reason", "Le moteur n’a indiqué aucun motif" },
+    { "failures_reveal", "Afficher dans Fichiers" },
+    { "failures_retry", "Réessayer les échecs" },
+    { "failures_close", "Fermer" },
 };
 } // namespace
 

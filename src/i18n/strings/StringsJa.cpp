@@ -356,7 +356,7 @@ constexpr StringEntry kEntries[] = {
       "保存先ボリュームの空き容量が不足しているか、利用できません：[%@]" },
     { "log_dry_run_activated",
       "Modo de simulación activado: escaneo rápido sin escritura en disco." },
-    { "log_engine_start_failed", "処理エンジンを起動できませんでした" },
+    { "log_engine_start_failed", "処理エンジンを起動できませんでした：%@" },
 
     // tags
     { "tag_rating", "レーティング" },
@@ -514,6 +514,24 @@ constexpr StringEntry kEntries[] = {
     { "inspector_engine_version_unknown", "取得できません（エンジンが見つかりません）" },
     // History database locked by another program
     { "history_busy", "履歴は使用中です。再試行しています…" },
+    // Batch: pause, nothing to do, failure list
+    { "status_nothing_to_do", "処理対象なし：該当する RAW+JPG ペアが見つかりません" },
+    { "status_paused", "一時停止中 [%d / %d]" },
+    { "status_resumed", "再開 [%d / %d]" },
+    { "btn_pause", "一時停止" },
+    { "btn_resume", "再開" },
+    { "menu_pause_pipeline", "バッチを一時停止／再開" },
+    { "card_paused", "一時停止中" },
+    { "card_failed_count", "%d 件失敗" },
+    { "btn_show_failures", "失敗を表示" },
+    { "failures_title", "失敗した写真" },
+    { "failures_summary", "前回のバッチで書き出せなかった写真：%d" },
+    { "failures_column_photo", "写真" },
+    { "failures_column_reason", "理由" },
+    { "failures_no_reason", "エンジンから理由が返されませんでした" },
+    { "failures_reveal", "ファイルで表示" },
+    { "failures_retry", "失敗分を再試行" },
+    { "failures_close", "閉じる" },
 };
 } // namespace
 

@@ -328,7 +328,7 @@ constexpr StringEntry kEntries[] = {
     { "log_volume_insufficient", "目标存储卷空间不足或不可用：[%@]" },
     { "log_dry_run_activated",
       "Modo de simulación activado: escaneo rápido sin escritura en disco." },
-    { "log_engine_start_failed", "处理引擎启动失败" },
+    { "log_engine_start_failed", "处理引擎启动失败：%@" },
 
     // tags
     { "tag_rating", "评级" },
@@ -473,6 +473,24 @@ constexpr StringEntry kEntries[] = {
     { "inspector_engine_version_unknown", "不可用（未找到引擎）" },
     // History database locked by another program
     { "history_busy", "历史记录正忙，正在重试…" },
+    // Batch: pause, nothing to do, failure list
+    { "status_nothing_to_do", "无需处理：未找到匹配的 RAW+JPG 配对" },
+    { "status_paused", "已暂停于 [%d / %d]" },
+    { "status_resumed", "已继续于 [%d / %d]" },
+    { "btn_pause", "暂停" },
+    { "btn_resume", "继续" },
+    { "menu_pause_pipeline", "暂停或继续批处理" },
+    { "card_paused", "已暂停" },
+    { "card_failed_count", "%d 张失败" },
+    { "btn_show_failures", "查看失败项" },
+    { "failures_title", "失败的照片" },
+    { "failures_summary", "上一批次未交付：%d" },
+    { "failures_column_photo", "照片" },
+    { "failures_column_reason", "原因" },
+    { "failures_no_reason", "引擎未给出原因" },
+    { "failures_reveal", "在文件管理器中显示" },
+    { "failures_retry", "重试失败项" },
+    { "failures_close", "关闭" },
 };
 } // namespace
 

@@ -330,7 +330,7 @@ constexpr StringEntry kEntries[] = {
     { "log_volume_insufficient", "目標儲存磁碟區空間不足或無法使用：[%@]" },
     { "log_dry_run_activated",
       "Modo de simulación activado: escaneo rápido sin escritura en disco." },
-    { "log_engine_start_failed", "無法啟動處理引擎" },
+    { "log_engine_start_failed", "無法啟動處理引擎：%@" },
 
     // tags
     { "tag_rating", "評等" },
@@ -475,6 +475,24 @@ constexpr StringEntry kEntries[] = {
     { "inspector_engine_version_unknown", "無法取得（找不到引擎）" },
     // History database locked by another program
     { "history_busy", "歷史記錄忙碌中，正在重試…" },
+    // Batch: pause, nothing to do, failure list
+    { "status_nothing_to_do", "無需處理：未找到相符的 RAW+JPG 配對" },
+    { "status_paused", "已暫停於 [%d / %d]" },
+    { "status_resumed", "已繼續於 [%d / %d]" },
+    { "btn_pause", "暫停" },
+    { "btn_resume", "繼續" },
+    { "menu_pause_pipeline", "暫停或繼續批次處理" },
+    { "card_paused", "已暫停" },
+    { "card_failed_count", "%d 張失敗" },
+    { "btn_show_failures", "檢視失敗項目" },
+    { "failures_title", "失敗的照片" },
+    { "failures_summary", "上一批次未交付：%d" },
+    { "failures_column_photo", "照片" },
+    { "failures_column_reason", "原因" },
+    { "failures_no_reason", "引擎未提供原因" },
+    { "failures_reveal", "在檔案管理員中顯示" },
+    { "failures_retry", "重試失敗項目" },
+    { "failures_close", "關閉" },
 };
 } // namespace
 
