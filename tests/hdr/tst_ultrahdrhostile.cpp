@@ -164,20 +164,6 @@ private slots:
         QCOMPARE(result.layout.locatedBy, GainMapLocator::Scan);
         QCOMPARE(result.layout.imagesAfterPrimary, 2);
     }
-    void plainJpegDecodesToItsSdrPicture()
-    {
-        const QByteArray plain = encodeSdr(makeSdr(20, 10));
-        const UltraHdrDecodeResult result = decodeUltraHdr(plain);
-        QVERIFY(result.error.isEmpty());
-        QVERIFY(!result.gainMapApplied);
-        QVERIFY(!result.layout.isUltraHdr());
-        QCOMPARE(result.image.size(), QSize(20, 10));
-        // Mid-grey 8-bit values come back as their linear light.
-        QImage grey(4, 4, QImage::Format_RGB888);
-        grey.fill(QColor(188, 188, 188));
-        const UltraHdrDecodeResult g = decodeUltraHdr(encodeSdr(grey, 100));
-        QVERIFY(qAbs(pixel(g.image, 1, 1, 0) - srgbToLinear(188 / 255.0f)) < 0.01f);
-    }
     void bytesThatAreNoJpegFailClearly()
     {
         for (const QByteArray &bytes :
