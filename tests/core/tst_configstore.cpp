@@ -20,41 +20,148 @@ class ConfigStoreTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init()
+    {
+        m_home = QDir::homePath();
+        QDir(m_home + QStringLiteral("/.config")).removeRecursively();
+    }
 
     void primaryFileWinsOverLegacyFiles();
-    void firstLegacyFileIsCopiedAndKept_data();
+    void firstLegacyFileIsCopiedAndKept_data()
+    {
+        QTest::addColumn<QStringList>("present");
+        QTest::addColumn<QString>("expectedSource");
+        QTest::newRow("dravik only")
+            << QStringList { QStringLiteral("dravik") } << QStringLiteral("dravik");
+        QTest::newRow("pemvira before tarne")
+            << QStringList { QStringLiteral("tarne"), QStringLiteral("pemvira") }
+            << QStringLiteral("pemvira");
+        QTest::newRow("dravik before tarne")
+            << QStringList { QStringLiteral("tarne"), QStringLiteral("dravik") }
+            << QStringLiteral("dravik");
+    }
     void firstLegacyFileIsCopiedAndKept();
-    void noFileAnywhereGivesThePrimaryPathWithoutCreatingIt();
+    void noFileAnywhereGivesThePrimaryPathWithoutCreatingIt()
+    {
+        ConfigStore store;
+        QCOMPARE(store.configPath(), m_home + QStringLiteral("/.config/orvanta/config.json"));
+        QVERIFY(!QFileInfo::exists(store.configPath()));
+        QCOMPARE(store.read(), std::nullopt);
+    }
     void unreadableOrNonObjectFilesReadAsAbsent_data();
-    void unreadableOrNonObjectFilesReadAsAbsent();
-    void writesInTheSharedLayout();
+    void unreadableOrNonObjectFilesReadAsAbsent()
+    {
+        QFETCH(QByteArray, bytes);
+        put(QStringLiteral("/.config/orvanta/config.json"), bytes);
+        QCOMPARE(ConfigStore().read(), std::nullopt);
+    }
+    void writesInTheSharedLayout()
+    {
+        QJsonObject object;
+        object.insert(QStringLiteral("source_dir"), QStringLiteral("/media/me/Card/DCIM"));
+        object.insert(QStringLiteral("workers"), 0);
+        object.insert(QStringLiteral("custom_mid_target"), 0.55);
+        object.insert(QStringLiteral("memory_throttle"), true);
+        object.insert(QStringLiteral("visible_columns"),
+                      QJsonArray { QStringLiteral("faces"), QStringLiteral("peak_stops") });
+
+        const QByteArray expected = "{\n"
+                                    "  \"custom_mid_target\" : 0.55,\n"
+                                    "  \"memory_throttle\" : true,\n"
+                                    "  \"source_dir\" : \"/media/me/Card/DCIM\",\n"
+                                    "  \"visible_columns\" : [\n"
+                                    "    \"faces\",\n"
+                                    "    \"peak_stops\"\n"
+                                    "  ],\n"
+                                    "  \"workers\" : 0\n"
+                                    "}\n";
+        QCOMPARE(prettyJson(object), expected);
+    }
     void writeRoundTripsEveryKindOfValue();
     void aFullDiskNeverCutsTheFile();
     void anUnreadableFileIsKeptBeforeItIsReplaced();
-    void largeFileWritesLoseNothing();
-    void conversionsTakeOnlyLosslessValues_data();
-    void conversionsTakeOnlyLosslessValues();
+    void largeFileWritesLoseNothing()
+    {
+        // Over the synchronous size: the caller gets on at once, a read sees the
+        // newest object, and the file ends up with every key.
+        const QString blob(ConfigStore::kSynchronousWriteBytes, u'b');
+        put(QStringLiteral("/.config/orvanta/config.json"),
+            QJsonDocument(QJsonObject { { QStringLiteral("blob"), blob } }).toJson());
+        ConfigStore store;
+        QJsonObject object = *store.read();
+        for (int i = 1; i <= 3; ++i) {
+            object.insert(QStringLiteral("workers"), i);
+            QVERIFY(store.write(object));
+            QCOMPARE(store.read()->value(QStringLiteral("workers")).toInt(), i);
+        }
+        store.flush();
+        const std::optional<QJsonObject> onDisk = ConfigStore().read();
+        QVERIFY(onDisk);
+        QCOMPARE(onDisk->value(QStringLiteral("workers")).toInt(), 3);
+        QCOMPARE(onDisk->value(QStringLiteral("blob")).toString(), blob);
+    }
+    void conversionsTakeOnlyLosslessValues_data()
+    {
+        QTest::addColumn<QByteArray>("json");
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QVariant>("expected"); // invalid QVariant: rejected
+
+        auto row = [](const char *name, const char *json, const char *kind, QVariant expected) {
+            QTest::newRow(name) << QByteArray(json) << QString::fromLatin1(kind) << expected;
+        };
+        row("integer", "4", "whole", QVariant(qint64(4)));
+        row("whole real", "4.0", "whole", QVariant(qint64(4)));
+        row("fraction for integer", "4.5", "whole", QVariant());
+        row("string for integer", "\"4\"", "whole", QVariant());
+        row("bool for integer", "true", "whole", QVariant());
+        row("too large for integer", "1e30", "whole", QVariant());
+        row("true", "true", "bool", QVariant(true));
+        row("one is true", "1", "bool", QVariant(true));
+        row("zero is false", "0", "bool", QVariant(false));
+        row("two is not a bool", "2", "bool", QVariant());
+        row("string for bool", "\"true\"", "bool", QVariant());
+        row("real", "0.35", "real", QVariant(0.35));
+        row("integer for real", "2", "real", QVariant(2.0));
+        row("string for real", "\"0.5\"", "real", QVariant());
+        row("null for real", "null", "real", QVariant());
+        row("string", "\"none\"", "string", QVariant(QStringLiteral("none")));
+        row("number for string", "12", "string", QVariant());
+    }
+    void conversionsTakeOnlyLosslessValues()
+    {
+        QFETCH(QByteArray, json);
+        QFETCH(QString, kind);
+        QFETCH(QVariant, expected);
+        const QJsonValue value
+            = QJsonDocument::fromJson("{\"v\":" + json + "}").object().value(u"v");
+
+        QVariant actual;
+        if (kind == u"whole") {
+            if (auto v = ConfigStore::toWholeNumber(value))
+                actual = *v;
+        } else if (kind == u"bool") {
+            if (auto v = ConfigStore::toBoolean(value))
+                actual = *v;
+        } else if (kind == u"real") {
+            if (auto v = ConfigStore::toReal(value))
+                actual = *v;
+        } else if (auto v = ConfigStore::toString(value)) {
+            actual = *v;
+        }
+        QCOMPARE(actual, expected);
+    }
 
 private:
-    void put(const QString &relative, const QByteArray &bytes);
+    void put(const QString &relative, const QByteArray &bytes)
+    {
+        const QString path = m_home + relative;
+        QDir().mkpath(QFileInfo(path).absolutePath());
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
     QString m_home;
 };
-
-void ConfigStoreTest::init()
-{
-    m_home = QDir::homePath();
-    QDir(m_home + QStringLiteral("/.config")).removeRecursively();
-}
-
-void ConfigStoreTest::put(const QString &relative, const QByteArray &bytes)
-{
-    const QString path = m_home + relative;
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
 
 void ConfigStoreTest::primaryFileWinsOverLegacyFiles()
 {
@@ -63,20 +170,6 @@ void ConfigStoreTest::primaryFileWinsOverLegacyFiles()
     ConfigStore store;
     QCOMPARE(store.configPath(), m_home + QStringLiteral("/.config/orvanta/config.json"));
     QCOMPARE(store.read()->value(QStringLiteral("who")).toString(), QStringLiteral("primary"));
-}
-
-void ConfigStoreTest::firstLegacyFileIsCopiedAndKept_data()
-{
-    QTest::addColumn<QStringList>("present");
-    QTest::addColumn<QString>("expectedSource");
-    QTest::newRow("dravik only") << QStringList { QStringLiteral("dravik") }
-                                 << QStringLiteral("dravik");
-    QTest::newRow("pemvira before tarne")
-        << QStringList { QStringLiteral("tarne"), QStringLiteral("pemvira") }
-        << QStringLiteral("pemvira");
-    QTest::newRow("dravik before tarne")
-        << QStringList { QStringLiteral("tarne"), QStringLiteral("dravik") }
-        << QStringLiteral("dravik");
 }
 
 void ConfigStoreTest::firstLegacyFileIsCopiedAndKept()
@@ -96,14 +189,6 @@ void ConfigStoreTest::firstLegacyFileIsCopiedAndKept()
         QVERIFY(QFileInfo::exists(m_home + QStringLiteral("/.config/%1/config.json").arg(name)));
 }
 
-void ConfigStoreTest::noFileAnywhereGivesThePrimaryPathWithoutCreatingIt()
-{
-    ConfigStore store;
-    QCOMPARE(store.configPath(), m_home + QStringLiteral("/.config/orvanta/config.json"));
-    QVERIFY(!QFileInfo::exists(store.configPath()));
-    QCOMPARE(store.read(), std::nullopt);
-}
-
 void ConfigStoreTest::unreadableOrNonObjectFilesReadAsAbsent_data()
 {
     QTest::addColumn<QByteArray>("bytes");
@@ -112,36 +197,6 @@ void ConfigStoreTest::unreadableOrNonObjectFilesReadAsAbsent_data()
     QTest::newRow("empty") << QByteArray();
     QTest::newRow("binary") << QByteArray("\xff\xd8\xff\xe0\x00\x10JFIF", 10);
     QTest::newRow("string") << QByteArray(R"("just text")");
-}
-
-void ConfigStoreTest::unreadableOrNonObjectFilesReadAsAbsent()
-{
-    QFETCH(QByteArray, bytes);
-    put(QStringLiteral("/.config/orvanta/config.json"), bytes);
-    QCOMPARE(ConfigStore().read(), std::nullopt);
-}
-
-void ConfigStoreTest::writesInTheSharedLayout()
-{
-    QJsonObject object;
-    object.insert(QStringLiteral("source_dir"), QStringLiteral("/media/me/Card/DCIM"));
-    object.insert(QStringLiteral("workers"), 0);
-    object.insert(QStringLiteral("custom_mid_target"), 0.55);
-    object.insert(QStringLiteral("memory_throttle"), true);
-    object.insert(QStringLiteral("visible_columns"),
-                  QJsonArray { QStringLiteral("faces"), QStringLiteral("peak_stops") });
-
-    const QByteArray expected = "{\n"
-                                "  \"custom_mid_target\" : 0.55,\n"
-                                "  \"memory_throttle\" : true,\n"
-                                "  \"source_dir\" : \"/media/me/Card/DCIM\",\n"
-                                "  \"visible_columns\" : [\n"
-                                "    \"faces\",\n"
-                                "    \"peak_stops\"\n"
-                                "  ],\n"
-                                "  \"workers\" : 0\n"
-                                "}\n";
-    QCOMPARE(prettyJson(object), expected);
 }
 
 void ConfigStoreTest::writeRoundTripsEveryKindOfValue()
@@ -212,78 +267,6 @@ void ConfigStoreTest::anUnreadableFileIsKeptBeforeItIsReplaced()
     QCOMPARE(copy.readAll(), cut);
     QVERIFY(store.write({ { QStringLiteral("workers"), 1 } }));
     QVERIFY(QFile::exists(kept.first())); // replacing the file leaves the copy alone
-}
-
-void ConfigStoreTest::largeFileWritesLoseNothing()
-{
-    // Over the synchronous size: the caller gets on at once, a read sees the
-    // newest object, and the file ends up with every key.
-    const QString blob(ConfigStore::kSynchronousWriteBytes, u'b');
-    put(QStringLiteral("/.config/orvanta/config.json"),
-        QJsonDocument(QJsonObject { { QStringLiteral("blob"), blob } }).toJson());
-    ConfigStore store;
-    QJsonObject object = *store.read();
-    for (int i = 1; i <= 3; ++i) {
-        object.insert(QStringLiteral("workers"), i);
-        QVERIFY(store.write(object));
-        QCOMPARE(store.read()->value(QStringLiteral("workers")).toInt(), i);
-    }
-    store.flush();
-    const std::optional<QJsonObject> onDisk = ConfigStore().read();
-    QVERIFY(onDisk);
-    QCOMPARE(onDisk->value(QStringLiteral("workers")).toInt(), 3);
-    QCOMPARE(onDisk->value(QStringLiteral("blob")).toString(), blob);
-}
-
-void ConfigStoreTest::conversionsTakeOnlyLosslessValues_data()
-{
-    QTest::addColumn<QByteArray>("json");
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QVariant>("expected"); // invalid QVariant: rejected
-
-    auto row = [](const char *name, const char *json, const char *kind, QVariant expected) {
-        QTest::newRow(name) << QByteArray(json) << QString::fromLatin1(kind) << expected;
-    };
-    row("integer", "4", "whole", QVariant(qint64(4)));
-    row("whole real", "4.0", "whole", QVariant(qint64(4)));
-    row("fraction for integer", "4.5", "whole", QVariant());
-    row("string for integer", "\"4\"", "whole", QVariant());
-    row("bool for integer", "true", "whole", QVariant());
-    row("too large for integer", "1e30", "whole", QVariant());
-    row("true", "true", "bool", QVariant(true));
-    row("one is true", "1", "bool", QVariant(true));
-    row("zero is false", "0", "bool", QVariant(false));
-    row("two is not a bool", "2", "bool", QVariant());
-    row("string for bool", "\"true\"", "bool", QVariant());
-    row("real", "0.35", "real", QVariant(0.35));
-    row("integer for real", "2", "real", QVariant(2.0));
-    row("string for real", "\"0.5\"", "real", QVariant());
-    row("null for real", "null", "real", QVariant());
-    row("string", "\"none\"", "string", QVariant(QStringLiteral("none")));
-    row("number for string", "12", "string", QVariant());
-}
-
-void ConfigStoreTest::conversionsTakeOnlyLosslessValues()
-{
-    QFETCH(QByteArray, json);
-    QFETCH(QString, kind);
-    QFETCH(QVariant, expected);
-    const QJsonValue value = QJsonDocument::fromJson("{\"v\":" + json + "}").object().value(u"v");
-
-    QVariant actual;
-    if (kind == u"whole") {
-        if (auto v = ConfigStore::toWholeNumber(value))
-            actual = *v;
-    } else if (kind == u"bool") {
-        if (auto v = ConfigStore::toBoolean(value))
-            actual = *v;
-    } else if (kind == u"real") {
-        if (auto v = ConfigStore::toReal(value))
-            actual = *v;
-    } else if (auto v = ConfigStore::toString(value)) {
-        actual = *v;
-    }
-    QCOMPARE(actual, expected);
 }
 
 ORVANTA_TEST_GUILESS_MAIN(ConfigStoreTest)

@@ -475,8 +475,6 @@ private slots:
         QTest::addColumn<QString>("naming");
         QTest::addColumn<QString>("rule");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("default") << u"default"_s << u"{original}_hdr"_s << u"none"_s
-                                 << u"P1_hdr.jpg"_s;
         QTest::newRow("by date") << u"default"_s << u"{date}_{camera}"_s << u"by_date"_s
                                  << u"2024-05-06/2024-05-06_Synthetic.jpg"_s;
         QTest::newRow("by rating") << u"default"_s << u"{stem}-{rating}.jpeg"_s << u"by_rating"_s

@@ -361,20 +361,18 @@ private:
     {
         m_server->set("/appcast.xml", { 200, signedFeed(feed(releases), m_keys) });
     }
-    UpdateCheckResult runCheck(Updater &updater);
+    UpdateCheckResult runCheck(Updater &updater)
+    {
+        QSignalSpy finished(&updater, &Updater::checkFinished);
+        updater.checkForUpdates();
+        if (!finished.wait(15000) || finished.isEmpty())
+            return { UpdateCheckResult::Outcome::Failed, {}, u"<no result>"_s };
+        return finished.first().first().value<UpdateCheckResult>();
+    }
 
     KeyPair m_keys;
     std::unique_ptr<LoopbackServer> m_server;
 };
-
-UpdateCheckResult UpdaterTest::runCheck(Updater &updater)
-{
-    QSignalSpy finished(&updater, &Updater::checkFinished);
-    updater.checkForUpdates();
-    if (!finished.wait(15000) || finished.isEmpty())
-        return { UpdateCheckResult::Outcome::Failed, {}, u"<no result>"_s };
-    return finished.first().first().value<UpdateCheckResult>();
-}
 
 ORVANTA_TEST_GUILESS_MAIN(UpdaterTest)
 #include "tst_updater.moc"

@@ -458,10 +458,28 @@ private Q_SLOTS:
     }
 
 private:
-    void press(QPointF point);
-    void drag(QPointF point);
-    void release(QPointF point);
-    void pinch(double magnification);
+    void press(QPointF point)
+    {
+        QTest::mousePress(m_viewer.get(), Qt::LeftButton, {}, point.toPoint());
+    }
+    void drag(QPointF point)
+    {
+        QMouseEvent move(QEvent::MouseMove, point, m_viewer->mapToGlobal(point), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QApplication::sendEvent(m_viewer.get(), &move);
+    }
+    void release(QPointF point)
+    {
+        QTest::mouseRelease(m_viewer.get(), Qt::LeftButton, {}, point.toPoint());
+    }
+    void pinch(double magnification)
+    {
+        const QPointF centre(200, 150);
+        QNativeGestureEvent event(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(),
+                                  2, centre, centre, m_viewer->mapToGlobal(centre), magnification,
+                                  {});
+        QApplication::sendEvent(m_viewer.get(), &event);
+    }
     QImage frame()
     {
         return m_viewer->surface()->renderLinear(m_viewer->size() * m_viewer->devicePixelRatioF());
@@ -470,31 +488,6 @@ private:
     std::unique_ptr<EdrViewer> m_viewer;
     QList<double> m_splitReports;
 };
-
-void TestEdrViewerWidget::press(QPointF point)
-{
-    QTest::mousePress(m_viewer.get(), Qt::LeftButton, {}, point.toPoint());
-}
-
-void TestEdrViewerWidget::drag(QPointF point)
-{
-    QMouseEvent move(QEvent::MouseMove, point, m_viewer->mapToGlobal(point), Qt::NoButton,
-                     Qt::LeftButton, {});
-    QApplication::sendEvent(m_viewer.get(), &move);
-}
-
-void TestEdrViewerWidget::release(QPointF point)
-{
-    QTest::mouseRelease(m_viewer.get(), Qt::LeftButton, {}, point.toPoint());
-}
-
-void TestEdrViewerWidget::pinch(double magnification)
-{
-    const QPointF centre(200, 150);
-    QNativeGestureEvent event(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
-                              centre, centre, m_viewer->mapToGlobal(centre), magnification, {});
-    QApplication::sendEvent(m_viewer.get(), &event);
-}
 
 ORVANTA_TEST_WIDGETS_MAIN(TestEdrViewerWidget)
 #include "tst_edrviewerwidget.moc"
