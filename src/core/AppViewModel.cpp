@@ -67,6 +67,12 @@ void AppViewModel::setStatus(const QString &key, const FormatArgs &args)
     setStatusMessage(t(key, args));
 }
 
+QString AppViewModel::volumeDisplayName() const
+{
+    const QString name = volumeName();
+    return name.isEmpty() ? t("volume_local_disk") : name;
+}
+
 void AppViewModel::updateStatusLocalized()
 {
     setStatusMessage(t(m_currentStatusKey, m_currentStatusArgs));

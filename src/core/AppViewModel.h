@@ -180,6 +180,10 @@ public:
     void setStatus(const QString &key, const FormatArgs &args = {});
     void updateStatusLocalized();
     QString currentStatusKey() const { return m_currentStatusKey; }
+
+    // The destination's volume as the user reads it: its mount name, or "the
+    // local disk" in the current language.
+    QString volumeDisplayName() const;
     FormatArgs currentStatusArgs() const { return m_currentStatusArgs; }
 
     // Searching, filtering and sorting happen in the database query, so the

@@ -59,7 +59,7 @@ bool AppViewModel::readyToRun()
     }
     if (!isVolumeSafe()) {
         setStatus(u"status_abnormal"_s, { 1 });
-        appendLog(u"❌ "_s + t("log_volume_insufficient", { volumeName() }));
+        appendLog(u"❌ "_s + t("log_volume_insufficient", { volumeDisplayName() }));
         return false;
     }
     return true;
@@ -161,7 +161,7 @@ QStringList AppViewModel::runHeader(const QString &sourceDir) const
         : u"Auto (Adaptive)"_s;
     lines << u"   Workers: "_s + workers + u" • Throttle: "_s
             + (m_memoryThrottleEnabled ? u"ON"_s : u"OFF"_s);
-    lines << u"   Target Volume: ["_s + volumeName() + u"] ("_s
+    lines << u"   Target Volume: ["_s + volumeDisplayName() + u"] ("_s
             + QString::number(volumeFreeGB(), 'f', 1) + u" GB free)"_s;
     return lines;
 }

@@ -15,7 +15,7 @@ namespace orvanta {
 
 // clang-format off
 #define ORVANTA_PROBE_STATE(X) \
-    X(QString, volumeName, QStringLiteral("Local Disk")) \
+    X(QString, volumeName, QString()) \
     X(double, volumeFreeGB, 0) \
     X(bool, volumeIsExternal, false) \
     X(bool, isVolumeSafe, true) \

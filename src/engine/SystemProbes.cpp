@@ -18,7 +18,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kLocalDiskName = u"Local Disk"_s;
+// A volume that is not a mount of its own has no name here: the views call it
+// the local disk in the user's language.
+const QString kLocalDiskName;
 constexpr double kBytesPerGiB = 1073741824.0;
 constexpr double kMinimumFreeGiB = 0.5;
 

@@ -447,8 +447,9 @@ void MainWindow::updateFooter()
         icons::pixmap(safe ? u"externaldrive.fill"_s : u"exclamationmark.triangle.fill"_s,
                       safe ? theme::kGreen : theme::kRed, 14, devicePixelRatioF()));
     m_footerStorage->setText(
-        safe ? m_model.t("footer_storage_safe", { m_model.volumeName(), m_model.volumeFreeGB() })
-             : m_model.t("log_volume_insufficient", { m_model.volumeName() }));
+        safe ? m_model.t("footer_storage_safe",
+                         { m_model.volumeDisplayName(), m_model.volumeFreeGB() })
+             : m_model.t("log_volume_insufficient", { m_model.volumeDisplayName() }));
     QPalette pal = m_footerStorage->palette();
     pal.setColor(QPalette::WindowText, safe ? theme::kTextSecondary : theme::kRed);
     m_footerStorage->setPalette(pal);

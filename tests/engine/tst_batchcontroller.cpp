@@ -133,7 +133,7 @@ void TestBatchController::fullBatchDrivesProgressConsoleDockAndNotification()
     QVERIFY(m.isRunning());
     // The header names the free space as the batch starts; it is measured
     // again at the end, and other programs may write to the disk meanwhile.
-    const QString volume = u"   Target Volume: ["_s + m.volumeName() + u"] ("_s
+    const QString volume = u"   Target Volume: ["_s + m.volumeDisplayName() + u"] ("_s
         + QString::number(m.volumeFreeGB(), 'f', 1) + u" GB free)"_s;
     QTRY_VERIFY_WITH_TIMEOUT(!m.isRunning(), 20000);
 

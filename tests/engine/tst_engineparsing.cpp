@@ -439,10 +439,10 @@ void TestEngineParsing::volumeIdentityFollowsMountFolders_data()
     QTest::newRow("run media") << u"/run/media/ana/CARD/DCIM"_s << u"CARD"_s << true;
     QTest::newRow("mnt") << u"/mnt/nas/out"_s << u"nas"_s << true;
     QTest::newRow("Volumes") << u"/Volumes/Photos/Out/2024"_s << u"Photos"_s << true;
-    QTest::newRow("Volumes alone") << u"/Volumes/"_s << u"Local Disk"_s << false;
-    QTest::newRow("media without a volume") << u"/media/ana"_s << u"Local Disk"_s << false;
-    QTest::newRow("home") << u"/home/ana/Pictures/UltraHDR"_s << u"Local Disk"_s << false;
-    QTest::newRow("look-alike") << u"/home/media/ana/x"_s << u"Local Disk"_s << false;
+    QTest::newRow("Volumes alone") << u"/Volumes/"_s << QString() << false;
+    QTest::newRow("media without a volume") << u"/media/ana"_s << QString() << false;
+    QTest::newRow("home") << u"/home/ana/Pictures/UltraHDR"_s << QString() << false;
+    QTest::newRow("look-alike") << u"/home/media/ana/x"_s << QString() << false;
 }
 
 void TestEngineParsing::volumeIdentityFollowsMountFolders()
@@ -463,7 +463,7 @@ void TestEngineParsing::missingDestinationIsMeasuredOnItsAncestor()
     QCOMPARE(nearestExistingAncestor(u"/no-such-root-folder/x"_s), u"/"_s);
     const VolumeInfo info = probeVolume(dir.path() + u"/not/yet"_s, QString());
     QVERIFY(info.freeGiB > 0.0);
-    QCOMPARE(info.name, u"Local Disk"_s);
+    QVERIFY(info.name.isEmpty()); // the views name it in the user's language
     QCOMPARE(freeGibibytesAt(u"/no-such-root-folder"_s), 0.0);
 }
 

@@ -546,6 +546,8 @@ constexpr StringEntry kEntries[] = {
     { "failures_reveal", "Im Dateimanager zeigen" },
     { "failures_retry", "Fehlgeschlagene erneut versuchen" },
     { "failures_close", "Schließen" },
+    // Name of a destination that is not a volume of its own
+    { "volume_local_disk", "Lokaler Datenträger" },
 };
 } // namespace
 

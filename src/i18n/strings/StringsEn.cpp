@@ -529,6 +529,8 @@ constexpr StringEntry kEntries[] = {
     { "failures_reveal", "Show in Files" },
     { "failures_retry", "Retry Failed" },
     { "failures_close", "Close" },
+    // Name of a destination that is not a volume of its own
+    { "volume_local_disk", "Local Disk" },
 };
 } // namespace
 

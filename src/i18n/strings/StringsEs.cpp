@@ -552,6 +552,8 @@ constexpr StringEntry kEntries[] = {
     { "failures_reveal", "Mostrar en Archivos" },
     { "failures_retry", "Reintentar fallidas" },
     { "failures_close", "Cerrar" },
+    // Name of a destination that is not a volume of its own
+    { "volume_local_disk", "Disco local" },
 };
 } // namespace
 

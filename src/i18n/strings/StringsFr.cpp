@@ -557,6 +557,8 @@ constexpr StringEntry kEntries[] = {
     { "failures_reveal", "Afficher dans Fichiers" },
     { "failures_retry", "Réessayer les échecs" },
     { "failures_close", "Fermer" },
+    // Name of a destination that is not a volume of its own
+    { "volume_local_disk", "Disque local" },
 };
 } // namespace
 

@@ -532,6 +532,8 @@ constexpr StringEntry kEntries[] = {
     { "failures_reveal", "ファイルで表示" },
     { "failures_retry", "失敗分を再試行" },
     { "failures_close", "閉じる" },
+    // Name of a destination that is not a volume of its own
+    { "volume_local_disk", "ローカルディスク" },
 };
 } // namespace
 

@@ -491,6 +491,8 @@ constexpr StringEntry kEntries[] = {
     { "failures_reveal", "在文件管理器中显示" },
     { "failures_retry", "重试失败项" },
     { "failures_close", "关闭" },
+    // Name of a destination that is not a volume of its own
+    { "volume_local_disk", "本地磁盘" },
 };
 } // namespace
 

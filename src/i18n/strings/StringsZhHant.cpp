@@ -493,6 +493,8 @@ constexpr StringEntry kEntries[] = {
     { "failures_reveal", "在檔案管理員中顯示" },
     { "failures_retry", "重試失敗項目" },
     { "failures_close", "關閉" },
+    // Name of a destination that is not a volume of its own
+    { "volume_local_disk", "本機磁碟" },
 };
 } // namespace
 
