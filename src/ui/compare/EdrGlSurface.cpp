@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <thread>
 
 namespace orvanta {
 
@@ -227,19 +228,26 @@ void EdrGlSurface::initializeGL()
     m_vao->create();
 }
 
-void EdrGlSurface::uploadTexture(unsigned &texture, const QImage &image)
+void EdrGlSurface::uploadLevel(int level, const QImage &image)
+{
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
+    glPixelStorei(GL_UNPACK_ROW_LENGTH, int(image.bytesPerLine() / 8));
+    glTexImage2D(GL_TEXTURE_2D, level, GL_RGBA16F, image.width(), image.height(), 0, GL_RGBA,
+                 GL_HALF_FLOAT, image.constBits());
+    glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
+}
+
+void EdrGlSurface::uploadTexture(unsigned &texture, const QImage &image,
+                                 const std::vector<QImage> &levels)
 {
     if (!texture)
         glGenTextures(1, &texture);
     glBindTexture(GL_TEXTURE_2D, texture);
-    glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
-    glPixelStorei(GL_UNPACK_ROW_LENGTH, int(image.bytesPerLine() / 8));
-    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA16F, image.width(), image.height(), 0, GL_RGBA,
-                 GL_HALF_FLOAT, image.constBits());
-    glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
+    uploadLevel(0, image);
+    for (std::size_t i = 0; i < levels.size(); ++i)
+        uploadLevel(int(i) + 1, levels[i]);
     // Zoomed-out views read the nearest reduced level (bilinear within it), so a
     // frame never filters the whole picture and costs two texel reads at most.
-    glGenerateMipmap(GL_TEXTURE_2D);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_NEAREST);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
@@ -253,8 +261,13 @@ void EdrGlSurface::uploadPending()
     m_pendingUpload = false;
     if (m_pendingSdr.isNull() || m_pendingHdr.isNull())
         return;
-    uploadTexture(m_sdrTexture, m_pendingSdr);
-    uploadTexture(m_hdrTexture, m_pendingHdr);
+    // The reduced levels of one picture are computed on a second thread while
+    // this one computes the other's; both are joined before this returns.
+    std::vector<QImage> sdrLevels;
+    std::thread reducing([&] { sdrLevels = edr::reducedLevels(m_pendingSdr); });
+    uploadTexture(m_hdrTexture, m_pendingHdr, edr::reducedLevels(m_pendingHdr));
+    reducing.join();
+    uploadTexture(m_sdrTexture, m_pendingSdr, sdrLevels);
     m_sdrSize = m_pendingSdr.size();
     m_hdrSize = m_pendingHdr.size();
     m_hasTextures = true;

@@ -18,6 +18,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QOpenGLFramebufferObject;
 class QOpenGLShaderProgram;
@@ -78,7 +79,8 @@ protected:
 
 private:
     void uploadPending();
-    void uploadTexture(unsigned &texture, const QImage &image);
+    void uploadLevel(int level, const QImage &image);
+    void uploadTexture(unsigned &texture, const QImage &image, const std::vector<QImage> &levels);
     // toLayer: the picture without stripes, sRGB-encoded, which stripes go in alpha.
     void drawFrame(const EdrFrameState &state, QSizeF drawable, bool toLayer);
     void drawRegions(const EdrFrameState &state, QSizeF drawable, const QList<QRect> &regions,
