@@ -232,17 +232,22 @@ void EdrGlSurface::uploadLevel(int level, const QImage &image)
 {
     glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
     glPixelStorei(GL_UNPACK_ROW_LENGTH, int(image.bytesPerLine() / 8));
-    glTexImage2D(GL_TEXTURE_2D, level, GL_RGBA16F, image.width(), image.height(), 0, GL_RGBA,
-                 GL_HALF_FLOAT, image.constBits());
+    glTexSubImage2D(GL_TEXTURE_2D, level, 0, 0, image.width(), image.height(), GL_RGBA,
+                    GL_HALF_FLOAT, image.constBits());
     glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
 }
 
 void EdrGlSurface::uploadTexture(unsigned &texture, const QImage &image,
                                  const std::vector<QImage> &levels)
 {
-    if (!texture)
-        glGenTextures(1, &texture);
+    // Storage for every level at once: levels given one by one would make the
+    // driver allocate and then copy the whole chain again before the first draw.
+    if (texture)
+        glDeleteTextures(1, &texture); // storage of a fixed size cannot be resized
+    glGenTextures(1, &texture);
     glBindTexture(GL_TEXTURE_2D, texture);
+    glTexStorage2D(GL_TEXTURE_2D, GLsizei(levels.size()) + 1, GL_RGBA16F, image.width(),
+                   image.height());
     uploadLevel(0, image);
     for (std::size_t i = 0; i < levels.size(); ++i)
         uploadLevel(int(i) + 1, levels[i]);
