@@ -3,6 +3,8 @@
 
 #include "hdr/EdrKernels.h"
 
+#include <QFloat16>
+
 #include <algorithm>
 
 namespace orvanta::edr {
@@ -43,6 +45,48 @@ Rgba shadowZebraFilter(Rgba display, Rgba hdrReference, int x, int y, float thre
         return display;
     const int phase = ((x - y) % 16 + 16) % 16;
     return phase < 8 ? Rgba { 0.1f, 0.45f, 1.0f, 1.0f } : Rgba { 0.06f, 0.06f, 0.06f, 1.0f };
+}
+
+namespace {
+
+QImage halved(const QImage &in)
+{
+    const int inWidth = in.width(), inHeight = in.height();
+    const int width = std::max(1, inWidth / 2), height = std::max(1, inHeight / 2);
+    QImage out(width, height, QImage::Format_RGBA16FPx4);
+    std::vector<float> upper(std::size_t(inWidth) * 4), lower(upper.size());
+    std::vector<float> row(std::size_t(width) * 4);
+    for (int y = 0; y < height; ++y) {
+        qFloatFromFloat16(upper.data(), reinterpret_cast<const qfloat16 *>(in.constScanLine(2 * y)),
+                          qsizetype(upper.size()));
+        qFloatFromFloat16(
+            lower.data(),
+            reinterpret_cast<const qfloat16 *>(in.constScanLine(std::min(2 * y + 1, inHeight - 1))),
+            qsizetype(lower.size()));
+        for (int x = 0; x < width; ++x) {
+            const std::size_t left = std::size_t(2 * x) * 4;
+            const std::size_t right = std::size_t(std::min(2 * x + 1, inWidth - 1)) * 4;
+            for (std::size_t c = 0; c < 4; ++c)
+                row[std::size_t(x) * 4 + c] = 0.25f
+                    * (upper[left + c] + upper[right + c] + lower[left + c] + lower[right + c]);
+        }
+        qFloatToFloat16(reinterpret_cast<qfloat16 *>(out.scanLine(y)), row.data(),
+                        qsizetype(row.size()));
+    }
+    return out;
+}
+
+} // namespace
+
+std::vector<QImage> reducedLevels(const QImage &picture)
+{
+    std::vector<QImage> levels;
+    const QImage *previous = &picture;
+    while (previous->width() > 1 || previous->height() > 1) {
+        levels.push_back(halved(*previous));
+        previous = &levels.back();
+    }
+    return levels;
 }
 
 QString filmicRollOffGlsl()

@@ -7,7 +7,10 @@
 // renderer runs (also here) are checked against these. Pure; any thread.
 #pragma once
 
+#include <QImage>
 #include <QString>
+
+#include <vector>
 
 namespace orvanta::edr {
 
@@ -30,6 +33,12 @@ Rgba zebraFilter(Rgba display, Rgba hdrReference, int x, int y, float threshold,
 // 8 pixels wide, where the HDR reference's luminance lies below `threshold`.
 Rgba shadowZebraFilter(Rgba display, Rgba hdrReference, int x, int y, float threshold,
                        float enabled);
+
+// The mipmap levels 1, 2, ... down to 1x1 of an RGBA16FPx4 picture, each half
+// the size of the one before (rounded down, at least 1, as OpenGL sizes them),
+// every pixel the mean of the 2x2 block it covers (an odd last row or column
+// is left out). Computed here because software OpenGL builds them slowly.
+std::vector<QImage> reducedLevels(const QImage &picture);
 
 // GLSL ES 3.0 / GLSL 3.30 function bodies with the same arithmetic.
 QString filmicRollOffGlsl();

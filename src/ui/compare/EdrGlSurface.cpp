@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <thread>
 
 namespace orvanta {
 
@@ -50,11 +51,20 @@ uniform float filmicGain;
 uniform int encodeSrgb;
 uniform float sdrLod;        // mipmap level, fixed per frame: the scale is the same everywhere
 uniform float hdrLod;
+uniform int toLayer;         // 1: sRGB picture without stripes, stripe kind in alpha
 out vec4 fragColor;
 
 vec3 srgbEncode(vec3 c) {
     c = clamp(c, 0.0, 1.0);
     return mix(c * 12.92, 1.055 * pow(c, vec3(1.0 / 2.4)) - 0.055, step(vec3(0.0031308), c));
+}
+
+// 2: shadow stripes (they cover the highlight ones), 1: highlight stripes, 0: none.
+float hdrStripeKind(vec4 hdr) {
+    vec4 probe = vec4(-1.0);
+    if (shadowZebraFilter(probe, hdr, ivec2(0), shadowThreshold, shadowOn) != probe)
+        return 2.0;
+    return zebraFilter(probe, hdr, ivec2(0), zebraThreshold, zebraOn) != probe ? 1.0 : 0.0;
 }
 
 void main() {
@@ -74,14 +84,56 @@ void main() {
             picture = textureLod(sdrTexture, tc, sdrLod);
         else
             picture = filmicOn > 0.5 ? filmicRollOff(vec4(hdr.rgb * filmicGain, hdr.a)) : hdr;
+        if (toLayer != 0) {
+            float kind = hdrStripeKind(hdr);
+            color = vec4(picture.rgb * picture.a + color.rgb * (1.0 - picture.a), 1.0);
+            fragColor = vec4(srgbEncode(color.rgb), kind / 255.0);
+            return;
+        }
         ivec2 pixel = ivec2(floor(p));
         picture = zebraFilter(picture, hdr, pixel, zebraThreshold, zebraOn);
         picture = shadowZebraFilter(picture, hdr, pixel, shadowThreshold, shadowOn);
         color = vec4(picture.rgb * picture.a + color.rgb * (1.0 - picture.a), 1.0);
     }
+    if (toLayer != 0) {
+        fragColor = vec4(srgbEncode(color.rgb), 0.0);
+        return;
+    }
     if (mode == 0 && p.x >= splitX - 1.0 && p.x < splitX + 1.0)
         color = vec4(vec3(0.95) + color.rgb * 0.05, 1.0);
     fragColor = encodeSrgb != 0 ? vec4(srgbEncode(color.rgb), 1.0) : color;
+}
+)"_s;
+    return source;
+}
+
+// Puts the cached picture layer on screen, adding the stripes where its alpha
+// says so: the stripes follow the screen, the layer follows the picture.
+QString composeShader()
+{
+    QString source = u"#version 330 core\n"_s;
+    source += edr::zebraFilterGlsl();
+    source += edr::shadowZebraFilterGlsl();
+    source += uR"(
+uniform sampler2D layer;
+out vec4 fragColor;
+
+vec3 srgbEncode(vec3 c) {
+    c = clamp(c, 0.0, 1.0);
+    return mix(c * 12.92, 1.055 * pow(c, vec3(1.0 / 2.4)) - 0.055, step(vec3(0.0031308), c));
+}
+
+void main() {
+    ivec2 pixel = ivec2(floor(gl_FragCoord.xy));
+    vec4 stored = texelFetch(layer, pixel, 0);
+    int kind = int(stored.a * 255.0 + 0.5);
+    vec4 color = vec4(stored.rgb, 1.0);
+    // The kernels decide the stripe colour; a reference past any threshold asks for it.
+    if (kind == 1)
+        color = vec4(srgbEncode(zebraFilter(color, vec4(1.0), pixel, 0.0, 1.0).rgb), 1.0);
+    else if (kind == 2)
+        color = vec4(srgbEncode(shadowZebraFilter(color, vec4(0.0), pixel, 1.0, 1.0).rgb), 1.0);
+    fragColor = color;
 }
 )"_s;
     return source;
@@ -132,7 +184,9 @@ void EdrGlSurface::releaseGl()
     m_hasTextures = false;
     m_shown.reset();
     m_scratch.reset();
+    m_layer.reset();
     m_vao.reset();
+    m_composeProgram.reset();
     m_program.reset();
 }
 
@@ -161,24 +215,44 @@ void EdrGlSurface::initializeGL()
         qWarning("EDR viewer: shader build failed: %s", qPrintable(program->log()));
         return;
     }
+    auto compose = std::make_unique<QOpenGLShaderProgram>();
+    if (!compose->addShaderFromSourceCode(QOpenGLShader::Vertex, kVertexShader)
+        || !compose->addShaderFromSourceCode(QOpenGLShader::Fragment, composeShader())
+        || !compose->link()) {
+        qWarning("EDR viewer: shader build failed: %s", qPrintable(compose->log()));
+        return;
+    }
     m_program = std::move(program);
+    m_composeProgram = std::move(compose);
     m_vao = std::make_unique<QOpenGLVertexArrayObject>();
     m_vao->create();
 }
 
-void EdrGlSurface::uploadTexture(unsigned &texture, const QImage &image)
+void EdrGlSurface::uploadLevel(int level, const QImage &image)
 {
-    if (!texture)
-        glGenTextures(1, &texture);
-    glBindTexture(GL_TEXTURE_2D, texture);
     glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
     glPixelStorei(GL_UNPACK_ROW_LENGTH, int(image.bytesPerLine() / 8));
-    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA16F, image.width(), image.height(), 0, GL_RGBA,
-                 GL_HALF_FLOAT, image.constBits());
+    glTexSubImage2D(GL_TEXTURE_2D, level, 0, 0, image.width(), image.height(), GL_RGBA,
+                    GL_HALF_FLOAT, image.constBits());
     glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
+}
+
+void EdrGlSurface::uploadTexture(unsigned &texture, const QImage &image,
+                                 const std::vector<QImage> &levels)
+{
+    // Storage for every level at once: levels given one by one would make the
+    // driver allocate and then copy the whole chain again before the first draw.
+    if (texture)
+        glDeleteTextures(1, &texture); // storage of a fixed size cannot be resized
+    glGenTextures(1, &texture);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    glTexStorage2D(GL_TEXTURE_2D, GLsizei(levels.size()) + 1, GL_RGBA16F, image.width(),
+                   image.height());
+    uploadLevel(0, image);
+    for (std::size_t i = 0; i < levels.size(); ++i)
+        uploadLevel(int(i) + 1, levels[i]);
     // Zoomed-out views read the nearest reduced level (bilinear within it), so a
     // frame never filters the whole picture and costs two texel reads at most.
-    glGenerateMipmap(GL_TEXTURE_2D);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_NEAREST);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
@@ -192,8 +266,13 @@ void EdrGlSurface::uploadPending()
     m_pendingUpload = false;
     if (m_pendingSdr.isNull() || m_pendingHdr.isNull())
         return;
-    uploadTexture(m_sdrTexture, m_pendingSdr);
-    uploadTexture(m_hdrTexture, m_pendingHdr);
+    // The reduced levels of one picture are computed on a second thread while
+    // this one computes the other's; both are joined before this returns.
+    std::vector<QImage> sdrLevels;
+    std::thread reducing([&] { sdrLevels = edr::reducedLevels(m_pendingSdr); });
+    uploadTexture(m_hdrTexture, m_pendingHdr, edr::reducedLevels(m_pendingHdr));
+    reducing.join();
+    uploadTexture(m_sdrTexture, m_pendingSdr, sdrLevels);
     m_sdrSize = m_pendingSdr.size();
     m_hdrSize = m_pendingHdr.size();
     m_hasTextures = true;
@@ -209,6 +288,23 @@ void EdrGlSurface::resizeGL(int, int)
     m_shown.reset(); // a new framebuffer holds nothing yet
 }
 
+namespace {
+
+// The columns from a to b, widened to cover the divider's two pixels either side.
+QRect dividerColumns(double a, double b, int height)
+{
+    const int from = int(std::floor(std::min(a, b))) - 2;
+    return QRect(from, 0, int(std::ceil(std::max(a, b))) + 2 - from, height);
+}
+
+} // namespace
+
+bool EdrGlSurface::usesLayer(const EdrFrameState &state) const
+{
+    return m_hasTextures && !state.placement.isEmpty() && state.encodeSrgb
+        && (state.zebra || state.shadowZebra);
+}
+
 void EdrGlSurface::paintGL()
 {
     if (!m_program)
@@ -218,17 +314,25 @@ void EdrGlSurface::paintGL()
     uploadPending();
     const QSizeF drawable = QSizeF(size()) * devicePixelRatioF();
     const EdrFrameState state = m_source(drawable);
+    // With stripes on, the picture is drawn into a layer that pans like the
+    // picture, and a cheap pass adds the stripes, which stay put on screen.
+    const bool layered = usesLayer(state);
+    if (layered && (!m_layer || m_layer->size() != drawable.toSize())) {
+        m_layer = std::make_unique<QOpenGLFramebufferObject>(drawable.toSize());
+        m_shown.reset();
+    }
+    const GLuint target = layered ? m_layer->handle() : defaultFramebufferObject();
     const QList<QRect> regions
-        = m_shown && m_hasTextures ? changedRegions(state, drawable) : QList<QRect>();
-    if (regions.isEmpty()) {
-        drawFrame(state, drawable);
-    } else {
-        glEnable(GL_SCISSOR_TEST);
-        for (const QRect &r : regions) {
-            glScissor(r.x(), r.y(), r.width(), r.height());
-            drawFrame(state, drawable);
-        }
-        glDisable(GL_SCISSOR_TEST);
+        = m_shown && m_hasTextures ? changedRegions(state, drawable, target) : QList<QRect>();
+    glBindFramebuffer(GL_FRAMEBUFFER, target);
+    drawRegions(state, drawable, regions, layered);
+    if (layered) {
+        glBindFramebuffer(GL_FRAMEBUFFER, defaultFramebufferObject());
+        composeLayer(drawable);
+        if (state.mode == EDRCompareMode::Split)
+            drawRegions(state, drawable,
+                        { dividerColumns(state.splitX, state.splitX, int(drawable.height())) },
+                        false);
     }
     m_shown = m_hasTextures ? std::optional(state) : std::nullopt;
     if (m_finishEachFrame)
@@ -236,46 +340,70 @@ void EdrGlSurface::paintGL()
     m_lastPaintMs = timer.nsecsElapsed() / 1e6;
 }
 
-QList<QRect> EdrGlSurface::changedRegions(const EdrFrameState &state, QSizeF drawable)
+void EdrGlSurface::drawRegions(const EdrFrameState &state, QSizeF drawable,
+                               const QList<QRect> &regions, bool toLayer)
+{
+    if (regions.isEmpty()) {
+        drawFrame(state, drawable, toLayer);
+        return;
+    }
+    glEnable(GL_SCISSOR_TEST);
+    for (const QRect &r : regions) {
+        glScissor(r.x(), r.y(), r.width(), r.height());
+        drawFrame(state, drawable, toLayer);
+    }
+    glDisable(GL_SCISSOR_TEST);
+}
+
+void EdrGlSurface::composeLayer(QSizeF drawable)
+{
+    glViewport(0, 0, int(drawable.width()), int(drawable.height()));
+    m_composeProgram->bind();
+    glActiveTexture(GL_TEXTURE0);
+    glBindTexture(GL_TEXTURE_2D, m_layer->texture());
+    m_composeProgram->setUniformValue("layer", 0);
+    m_vao->bind();
+    glDrawArrays(GL_TRIANGLES, 0, 3);
+    m_vao->release();
+    m_composeProgram->release();
+}
+
+QList<QRect> EdrGlSurface::changedRegions(const EdrFrameState &state, QSizeF drawable,
+                                          unsigned target)
 {
     const int width = int(drawable.width()), height = int(drawable.height());
-    const auto columns = [height](double a, double b) {
-        const int from = int(std::floor(std::min(a, b))) - 2;
-        return QRect(from, 0, int(std::ceil(std::max(a, b))) + 2 - from, height);
-    };
     const bool split = state.mode == EDRCompareMode::Split;
     if (differsOnlyInSplit(state, *m_shown)) {
         // Only the columns the divider crossed change (none in the single modes).
-        return { split ? columns(state.splitX, m_shown->splitX) : QRect(0, 0, 1, 1) };
+        return { split ? dividerColumns(state.splitX, m_shown->splitX, height)
+                       : QRect(0, 0, 1, 1) };
     }
     const QPointF shift = state.placement.topLeft() - m_shown->placement.topLeft();
     const int dx = int(std::lround(shift.x())), dy = int(std::lround(shift.y()));
     EdrFrameState moved = *m_shown;
     moved.placement = state.placement;
-    // A pan by whole pixels moves what is on screen; stripes are tied to the
-    // screen, not the picture, so with stripes on everything is redrawn.
-    if (!differsOnlyInSplit(state, moved) || state.splitX != m_shown->splitX || state.zebra
-        || state.shadowZebra || std::abs(shift.x() - dx) > 1e-6 || std::abs(shift.y() - dy) > 1e-6
+    // A pan by whole pixels moves what is drawn.
+    if (!differsOnlyInSplit(state, moved) || state.splitX != m_shown->splitX
+        || std::abs(shift.x() - dx) > 1e-6 || std::abs(shift.y() - dy) > 1e-6
         || std::abs(dx) >= width || std::abs(dy) >= height)
         return {};
-    shiftFramebuffer(dx, dy, QSize(width, height));
+    shiftFramebuffer(target, dx, dy, QSize(width, height));
     QList<QRect> regions;
     if (dx != 0)
         regions.append(dx > 0 ? QRect(0, 0, dx, height) : QRect(width + dx, 0, -dx, height));
     if (dy != 0)
         regions.append(dy > 0 ? QRect(0, 0, width, dy) : QRect(0, height + dy, width, -dy));
     if (split) // the divider stays while the picture under it changes side
-        regions.append(columns(state.splitX, state.splitX + dx));
+        regions.append(dividerColumns(state.splitX, state.splitX + dx, height));
     if (regions.isEmpty())
         regions.append(QRect(0, 0, 1, 1));
     return regions;
 }
 
-void EdrGlSurface::shiftFramebuffer(int dx, int dy, QSize size)
+void EdrGlSurface::shiftFramebuffer(unsigned target, int dx, int dy, QSize size)
 {
     if (!m_scratch || m_scratch->size() != size)
         m_scratch = std::make_unique<QOpenGLFramebufferObject>(size);
-    const GLuint target = defaultFramebufferObject();
     glBindFramebuffer(GL_READ_FRAMEBUFFER, target);
     glBindFramebuffer(GL_DRAW_FRAMEBUFFER, m_scratch->handle());
     glBlitFramebuffer(0, 0, size.width(), size.height(), 0, 0, size.width(), size.height(),
@@ -287,7 +415,7 @@ void EdrGlSurface::shiftFramebuffer(int dx, int dy, QSize size)
     glBindFramebuffer(GL_FRAMEBUFFER, target);
 }
 
-void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable)
+void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable, bool toLayer)
 {
     glViewport(0, 0, int(drawable.width()), int(drawable.height()));
     if (!m_hasTextures || state.placement.isEmpty()) {
@@ -318,6 +446,7 @@ void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable)
     m_program->setUniformValue("filmicOn", state.filmic ? 1.0f : 0.0f);
     m_program->setUniformValue("filmicGain", state.filmicGain);
     m_program->setUniformValue("encodeSrgb", state.encodeSrgb ? 1 : 0);
+    m_program->setUniformValue("toLayer", toLayer ? 1 : 0);
     // One level for the whole frame, chosen from the scale: per-pixel level
     // selection costs llvmpipe more than the filtering itself.
     const auto level = [&r](QSize texture) {
@@ -348,7 +477,7 @@ QImage EdrGlSurface::renderLinear(QSize size)
     fbo.bind();
     EdrFrameState state = m_source(QSizeF(size));
     state.encodeSrgb = false;
-    drawFrame(state, QSizeF(size));
+    drawFrame(state, QSizeF(size), false);
     QImage image(size, QImage::Format_RGBA32FPx4);
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
     glReadPixels(0, 0, size.width(), size.height(), GL_RGBA, GL_FLOAT, image.bits());

@@ -18,6 +18,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QOpenGLFramebufferObject;
 class QOpenGLShaderProgram;
@@ -78,12 +79,18 @@ protected:
 
 private:
     void uploadPending();
-    void uploadTexture(unsigned &texture, const QImage &image);
-    void drawFrame(const EdrFrameState &state, QSizeF drawable);
-    // The parts of the framebuffer that must be drawn for `state` given what
-    // it shows now (moving that by a pan first); empty: draw everything.
-    QList<QRect> changedRegions(const EdrFrameState &state, QSizeF drawable);
-    void shiftFramebuffer(int dx, int dy, QSize size);
+    void uploadLevel(int level, const QImage &image);
+    void uploadTexture(unsigned &texture, const QImage &image, const std::vector<QImage> &levels);
+    // toLayer: the picture without stripes, sRGB-encoded, which stripes go in alpha.
+    void drawFrame(const EdrFrameState &state, QSizeF drawable, bool toLayer);
+    void drawRegions(const EdrFrameState &state, QSizeF drawable, const QList<QRect> &regions,
+                     bool toLayer);
+    bool usesLayer(const EdrFrameState &state) const;
+    void composeLayer(QSizeF drawable);
+    // The parts of framebuffer `target` that must be drawn for `state` given
+    // what it holds now (moving that by a pan first); empty: draw everything.
+    QList<QRect> changedRegions(const EdrFrameState &state, QSizeF drawable, unsigned target);
+    void shiftFramebuffer(unsigned target, int dx, int dy, QSize size);
     void releaseGl();
 
     StateSource m_source;
@@ -104,6 +111,9 @@ private:
     // What the framebuffer holds now; empty when it must be drawn in full.
     std::optional<EdrFrameState> m_shown;
     std::unique_ptr<QOpenGLFramebufferObject> m_scratch;
+    // With stripes on: the picture as last drawn, stripe kinds in alpha.
+    std::unique_ptr<QOpenGLFramebufferObject> m_layer;
+    std::unique_ptr<QOpenGLShaderProgram> m_composeProgram;
     double m_lastPaintMs = 0;
 };
 
