@@ -43,8 +43,8 @@ namespace orvanta {
 // kind: Option  set by the user through the views (WRITE is published);
 //       Folder  an Option loaded last, with the missing-folder fallback;
 //       Custom  an Option whose setter is written by hand;
-//       State   run state (probes, batch, history page, recipes): read-only
-//               for the meta-object, changed by the model's own operations;
+//       State   the model's own state (the status line): read-only for the
+//               meta-object, its setter private, changed by the model's operations;
 //       Forward run state owned by a controller: the default column names the
 //               member holding the controller, the getter asks it, and the
 //               controller's signal of the same name (<name>Changed) is
@@ -139,7 +139,13 @@ namespace orvanta {
     void setter(orvanta::PropertyParam<Type> value);
 #define ORVANTA_ACCESSORS_Folder ORVANTA_ACCESSORS_Option
 #define ORVANTA_ACCESSORS_Custom ORVANTA_ACCESSORS_Option
-#define ORVANTA_ACCESSORS_State ORVANTA_ACCESSORS_Option
+#define ORVANTA_ACCESSORS_State(Type, name, setter, def) Type name() const { return m_##name; }
+#define ORVANTA_STATE_SETTER_Option(Type, setter)
+#define ORVANTA_STATE_SETTER_Folder ORVANTA_STATE_SETTER_Option
+#define ORVANTA_STATE_SETTER_Custom ORVANTA_STATE_SETTER_Option
+#define ORVANTA_STATE_SETTER_Forward ORVANTA_STATE_SETTER_Option
+#define ORVANTA_STATE_SETTER_State(Type, setter) void setter(orvanta::PropertyParam<Type> value);
+#define ORVANTA_DECLARE_STATE_SETTER(kind, Type, name, setter, def, key) ORVANTA_STATE_SETTER_##kind(Type, setter)
 #define ORVANTA_ACCESSORS_Forward(Type, name, setter, controller) Type name() const { return controller->name(); }
 #define ORVANTA_DECLARE_ACCESSORS(kind, Type, name, setter, def, key) ORVANTA_ACCESSORS_##kind(Type, name, setter, def)
 #define ORVANTA_DECLARE_SIGNAL(kind, Type, name, setter, def, key) void name##Changed();
@@ -240,8 +246,8 @@ public:
     void selectDestFolder(const FolderChooser &chooseFolder);
     void handleDroppedURLs(const QList<QUrl> &urls);
 
-    // Getters and setters of every row of ORVANTA_APP_PROPERTIES. The setters
-    // of State rows are the model's own; views only read those.
+    // Getters of every row of ORVANTA_APP_PROPERTIES, setters of the options
+    // (State setters are private; Forward rows have none).
     ORVANTA_APP_PROPERTIES(ORVANTA_DECLARE_ACCESSORS)
 
     // Which persisted property is stored under which configuration key, in
@@ -282,6 +288,8 @@ private:
 
     AppLanguage m_currentLanguage = AppLanguage::System;
     ORVANTA_APP_PROPERTIES(ORVANTA_DECLARE_MEMBER)
+    // The model's own state changes only through its operations.
+    ORVANTA_APP_PROPERTIES(ORVANTA_DECLARE_STATE_SETTER)
 
     // Private, unpublished state.
     QString m_currentStatusKey = QStringLiteral("status_ready");
