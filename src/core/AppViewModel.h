@@ -60,6 +60,7 @@ namespace orvanta {
     X(Option, bool, forceReprocess, setForceReprocess, false, "") \
     X(Option, bool, enableBacklitFill, setEnableBacklitFill, true, "backlit_fill") \
     X(Option, bool, dryRunMode, setDryRunMode, false, "") \
+    X(Option, bool, watchFolder, setWatchFolder, false, "watch_folder") \
     X(Option, qint64, minRating, setMinRating, 0, "min_rating") \
     X(Option, QString, exportNamingTemplate, setExportNamingTemplate, QStringLiteral("{original}_hdr"), "export_naming_template") \
     X(Option, QString, exportSubfolderRule, setExportSubfolderRule, QStringLiteral("none"), "export_subfolder_rule") \
@@ -113,6 +114,12 @@ namespace orvanta {
     X(Forward, double, progressFraction, _, m_batch, "") \
     X(Forward, qint64, batchElapsedSeconds, _, m_batch, "") \
     X(Forward, QStringList, consoleLogs, _, m_batch, "") \
+    X(Forward, bool, isWatching, _, m_batch, "") \
+    X(Forward, QString, watchedFolder, _, m_batch, "") \
+    X(Forward, qint64, watchCount, _, m_batch, "") \
+    X(Forward, QString, watchLastStem, _, m_batch, "") \
+    X(Forward, bool, watchLost, _, m_batch, "") \
+    X(Forward, QString, watchLostReason, _, m_batch, "") \
     /* History page; search, filter, sort and selection are the user's */ \
     X(Forward, orvanta::DashboardStats, historyStats, _, m_history, "") \
     X(Forward, QList<orvanta::PhotoRecord>, historyRecords, _, m_history, "") \

@@ -83,6 +83,8 @@ BatchRequest AppViewModel::batchRequest(const QString &sourceDir) const
     }
     o.force = m_forceReprocess;
     o.dryRun = m_dryRunMode;
+    // A dry run only looks; there is nothing to keep watching for.
+    o.watch = m_watchFolder && !m_dryRunMode;
     o.backlitFill = m_enableBacklitFill;
     o.workers = m_selectedWorkers;
     o.noThrottle = !m_memoryThrottleEnabled;
@@ -132,6 +134,7 @@ void AppViewModel::reprocessSelectedRecords()
         request.options.force = true;
         request.options.dryRun = false;
         request.options.minRating = 0; // chosen by hand: no star filter
+        request.options.watch = false;
         runs << request;
     }
     m_batch->start(runs);

@@ -154,6 +154,10 @@ void BatchController::resetForStart()
     ORVANTA_BATCH_PUT(runFailedCount, 0);
     ORVANTA_BATCH_PUT(runFailures, QList<FailedPhoto>());
     ORVANTA_BATCH_PUT(batchElapsedSeconds, 0);
+    ORVANTA_BATCH_PUT(watchCount, 0);
+    ORVANTA_BATCH_PUT(watchLastStem, QString());
+    ORVANTA_BATCH_PUT(watchedFolder, QString());
+    endWatch();
     m_clock->start();
     DockProgressManager::shared().clearBadge();
     DockProgressManager::shared().clearProgress();
@@ -184,6 +188,7 @@ void BatchController::retryFailed()
             request.options.force = true;
             request.options.dryRun = false;
             request.options.minRating = 0;
+            request.options.watch = false;
             runs << request;
             run = runs.end() - 1;
         }
@@ -258,9 +263,45 @@ void BatchController::recordFailure(const BatchEvent &e)
     ORVANTA_BATCH_PUT(runFailures, failures);
 }
 
+void BatchController::endWatch()
+{
+    ORVANTA_BATCH_PUT(isWatching, false);
+    ORVANTA_BATCH_PUT(watchLost, false);
+    ORVANTA_BATCH_PUT(watchLostReason, QString());
+}
+
+bool BatchController::handleWatchEvent(const BatchEvent &e)
+{
+    const BatchRunState &s = m_state;
+    if (e.type == u"watch_started"_s) {
+        ORVANTA_BATCH_PUT(isWatching, true);
+        ORVANTA_BATCH_PUT(watchedFolder, e.folder.value_or(m_lastRequest.options.sourceDir));
+        // The first pass is counted by the engine: it also covers photos
+        // whose events were lost before the watch began.
+        ORVANTA_BATCH_PUT(watchCount, e.success.value_or(s.watchCount));
+        setRunStatus(u"status_watching"_s, { s.watchedFolder });
+    } else if (e.type == u"watch_idle"_s) {
+        ORVANTA_BATCH_PUT(watchCount, e.success.value_or(s.watchCount));
+    } else if (e.type == u"watch_lost"_s) {
+        ORVANTA_BATCH_PUT(watchLostReason, e.reason.value_or(QString()));
+        ORVANTA_BATCH_PUT(watchLost, true);
+        setRunStatus(s.watchLostReason == u"unmounted"_s ? u"card_watch_lost_unmounted"_s
+                                                         : u"card_watch_lost"_s);
+    } else if (e.type == u"watch_back"_s) {
+        ORVANTA_BATCH_PUT(watchLost, false);
+        ORVANTA_BATCH_PUT(watchLostReason, QString());
+        setRunStatus(u"status_watching"_s, { s.watchedFolder });
+    } else {
+        return false; // "watch_waiting" and the run's own events
+    }
+    return true;
+}
+
 void BatchController::handleBatchEvent(const BatchEvent &e)
 {
     const BatchRunState &s = m_state;
+    if (handleWatchEvent(e))
+        return;
     if (e.type == u"scan"_s) {
         m_scanSeen = true;
         ORVANTA_BATCH_PUT(scanPairs, e.pairs.value_or(0));
@@ -285,6 +326,9 @@ void BatchController::handleBatchEvent(const BatchEvent &e)
         ORVANTA_BATCH_PUT(currentBayerClip, e.bayerClip.value_or(0.0));
         ORVANTA_BATCH_PUT(currentDuration, e.duration.value_or(0.0));
         ORVANTA_BATCH_PUT(runSuccessCount, incremented(s.runSuccessCount));
+        ORVANTA_BATCH_PUT(watchLastStem, s.currentStem);
+        if (s.isWatching)
+            ORVANTA_BATCH_PUT(watchCount, incremented(s.watchCount));
         updateFraction(double(s.currentIndex));
         setRunStatus(u"status_item_completed"_s,
                      { s.currentIndex, s.totalPending, s.currentStem, s.currentPeakStops });
@@ -340,6 +384,7 @@ void BatchController::setPaused(bool paused)
 void BatchController::finishRun(int status, bool crashed)
 {
     m_clock->stop();
+    endWatch();
     ORVANTA_BATCH_PUT(isRunning, false);
     ORVANTA_BATCH_PUT(isStopping, false);
     ORVANTA_BATCH_PUT(isPaused, false);
@@ -410,6 +455,7 @@ void BatchController::stop()
         m_clock->stop();
         appendLog(u"⚠️ Process shutdown timed out, force terminating engine..."_s);
         m_engine->forceKill();
+        endWatch();
         ORVANTA_BATCH_PUT(isRunning, false);
         ORVANTA_BATCH_PUT(isStopping, false);
         Q_EMIT statusRequested(u"status_cancelled"_s, {});

@@ -3,7 +3,8 @@
 
 // Runs one batch of the engine at a time and owns everything about it: the
 // run state the live card shows, the console, the elapsed clock, pausing,
-// the stop escalation and the wording of the run's status line. Main thread.
+// the stop escalation and the wording of the run's status line. A watching
+// run is an ordinary run that ends only on Stop. Main thread.
 #pragma once
 
 #include "engine/BatchEvent.h"
@@ -55,7 +56,13 @@ struct FailedPhoto
     X(QStringList, consoleLogs, {}) \
     X(qint64, runSuccessCount, 0) \
     X(qint64, runFailedCount, 0) \
-    X(QList<orvanta::FailedPhoto>, runFailures, {})
+    X(QList<orvanta::FailedPhoto>, runFailures, {}) \
+    X(bool, isWatching, false) \
+    X(QString, watchedFolder, {}) \
+    X(qint64, watchCount, 0) \
+    X(QString, watchLastStem, {}) \
+    X(bool, watchLost, false) \
+    X(QString, watchLostReason, {})
 #define ORVANTA_BATCH_FIELD(Type, name, def) Type name = def;
 #define ORVANTA_BATCH_GETTER(Type, name, def) Type name() const { return m_state.name; }
 #define ORVANTA_BATCH_SIGNAL(Type, name, def) void name##Changed();
@@ -130,6 +137,8 @@ private:
     void startNext();
     void updateFraction(double numerator);
     void recordFailure(const BatchEvent &event);
+    bool handleWatchEvent(const BatchEvent &event);
+    void endWatch();
 
     BatchRunState m_state;
     std::unique_ptr<EngineService> m_engine;

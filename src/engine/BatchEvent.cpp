@@ -96,6 +96,10 @@ bool readMember(BatchEvent &e, std::optional<QString> &type, QStringView key, co
         return readInteger(v, e.success);
     if (key == u"failed")
         return readInteger(v, e.failed);
+    if (key == u"folder")
+        return readText(v, e.folder);
+    if (key == u"reason")
+        return readText(v, e.reason);
     return true; // members we do not know are ignored
 }
 

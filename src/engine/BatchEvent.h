@@ -30,6 +30,8 @@ struct BatchEvent
     std::optional<QString> error;
     std::optional<qint64> success;
     std::optional<qint64> failed;
+    std::optional<QString> folder;
+    std::optional<QString> reason;
 
     friend bool operator==(const BatchEvent &, const BatchEvent &) = default;
 };

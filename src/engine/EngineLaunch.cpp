@@ -59,8 +59,14 @@ QString trimmedHorizontal(const QString &text)
 
 QStringList engineArguments(const EngineRunOptions &o)
 {
-    QStringList args { u"run"_s,  u"-s"_s,           o.sourceDir,         u"-d"_s,
-                       o.destDir, u"--profile-id"_s, rawValue(o.profile), u"--json-stream"_s };
+    QStringList args { o.watch ? u"watch"_s : u"run"_s,
+                       u"-s"_s,
+                       o.sourceDir,
+                       u"-d"_s,
+                       o.destDir,
+                       u"--profile-id"_s,
+                       rawValue(o.profile),
+                       u"--json-stream"_s };
     // The tuning values belong to the custom style only; other styles carry
     // their own and ignore any that are given.
     if (o.profile == StyleProfile::Custom) {

@@ -39,6 +39,8 @@ struct EngineRunOptions
     qint64 minRating = 0;
     std::optional<QString> namingTemplate;
     std::optional<QString> subfolderRule;
+    // Keep watching the source folder after the first pass, until stopped.
+    bool watch = false;
 };
 
 // The engine's arguments, in the order it documents.

@@ -106,6 +106,7 @@ FolderPickerBar::FolderPickerBar(AppViewModel &model, AppViewModel::FolderChoose
     connect(m_backlit, &QCheckBox::toggled, &m_model, &AppViewModel::setEnableBacklitFill);
     connect(m_force, &QCheckBox::toggled, &m_model, &AppViewModel::setForceReprocess);
     connect(m_dryRun, &QCheckBox::toggled, &m_model, &AppViewModel::setDryRunMode);
+    connect(m_watch, &QCheckBox::toggled, &m_model, &AppViewModel::setWatchFolder);
     connect(m_rating, &QComboBox::activated, this,
             [this](int index) { m_model.setMinRating(index); });
     connect(m_stem, &QLineEdit::textEdited, &m_model, &AppViewModel::setTargetStem);
@@ -114,7 +115,8 @@ FolderPickerBar::FolderPickerBar(AppViewModel &model, AppViewModel::FolderChoose
          { &AppViewModel::sourceDirChanged, &AppViewModel::destDirChanged,
            &AppViewModel::selectedProfileChanged, &AppViewModel::enableBacklitFillChanged,
            &AppViewModel::forceReprocessChanged, &AppViewModel::dryRunModeChanged,
-           &AppViewModel::minRatingChanged, &AppViewModel::targetStemChanged })
+           &AppViewModel::watchFolderChanged, &AppViewModel::minRatingChanged,
+           &AppViewModel::targetStemChanged })
         connect(&m_model, signal, this, &FolderPickerBar::syncFromModel);
     for (auto signal : { &AppViewModel::isRunningChanged, &AppViewModel::isStoppingChanged,
                          &AppViewModel::isPausedChanged })
@@ -155,6 +157,8 @@ QWidget *FolderPickerBar::buildOptionsColumn()
     m_force->setObjectName(u"optForce"_s);
     m_dryRun = new QCheckBox(column);
     m_dryRun->setObjectName(u"optDryRun"_s);
+    m_watch = new QCheckBox(column);
+    m_watch->setObjectName(u"optWatch"_s);
     auto *layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(7);
@@ -162,6 +166,7 @@ QWidget *FolderPickerBar::buildOptionsColumn()
     layout->addWidget(m_backlit);
     layout->addWidget(m_force);
     layout->addWidget(m_dryRun);
+    layout->addWidget(m_watch);
     layout->addStretch(1);
     return column;
 }
@@ -213,6 +218,8 @@ void FolderPickerBar::retranslate()
     m_force->setToolTip(m_model.t("opt_force_reprocess_help"));
     m_dryRun->setText(theme::literal(m_model.t("opt_dry_run")));
     m_dryRun->setToolTip(m_model.t("opt_dry_run_help"));
+    m_watch->setText(theme::literal(m_model.t("opt_watch_folder")));
+    m_watch->setToolTip(m_model.t("opt_watch_folder_help"));
 
     QString rating = m_model.t("lbl_rating_filter");
     if (rating.endsWith(u':') || rating.endsWith(u'：'))
@@ -245,10 +252,11 @@ void FolderPickerBar::syncFromModel()
     const int profileIndex = int(allStyleProfiles().indexOf(m_model.selectedProfile()));
     m_profile->setCurrentIndex(profileIndex);
     m_profileDescription->setText(subtitle(m_model.selectedProfile()));
-    const QSignalBlocker b1(m_backlit), b2(m_force), b3(m_dryRun);
+    const QSignalBlocker b1(m_backlit), b2(m_force), b3(m_dryRun), b4(m_watch);
     m_backlit->setChecked(m_model.enableBacklitFill());
     m_force->setChecked(m_model.forceReprocess());
     m_dryRun->setChecked(m_model.dryRunMode());
+    m_watch->setChecked(m_model.watchFolder());
     m_rating->setCurrentIndex(int(std::clamp<qint64>(m_model.minRating(), 0, 5)));
     if (m_stem->text() != m_model.targetStem())
         m_stem->setText(m_model.targetStem());

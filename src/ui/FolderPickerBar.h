@@ -52,6 +52,7 @@ private:
     QCheckBox *m_backlit = nullptr;
     QCheckBox *m_force = nullptr;
     QCheckBox *m_dryRun = nullptr;
+    QCheckBox *m_watch = nullptr;
     QLabel *m_ratingLabel = nullptr;
     QComboBox *m_rating = nullptr;
     QLabel *m_stemLabel = nullptr;

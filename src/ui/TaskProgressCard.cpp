@@ -9,6 +9,7 @@
 #include "ui/ProgressText.h"
 #include "ui/Theme.h"
 
+#include <QDir>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -178,7 +179,10 @@ TaskProgressCard::TaskProgressCard(AppViewModel &model, QWidget *parent)
            &AppViewModel::currentFacesChanged, &AppViewModel::currentPeakStopsChanged,
            &AppViewModel::currentBayerClipChanged, &AppViewModel::currentDurationChanged,
            &AppViewModel::batchElapsedSecondsChanged, &AppViewModel::historyStatsChanged,
-           &AppViewModel::isPausedChanged, &AppViewModel::wholeObjectChanged })
+           &AppViewModel::isPausedChanged, &AppViewModel::isWatchingChanged,
+           &AppViewModel::watchedFolderChanged, &AppViewModel::watchCountChanged,
+           &AppViewModel::watchLastStemChanged, &AppViewModel::watchLostChanged,
+           &AppViewModel::wholeObjectChanged })
         connect(&m_model, signal, this, update);
     connect(m_model.batch(), &BatchController::runFailedCountChanged, this, update);
     refresh();
@@ -271,16 +275,42 @@ QWidget *TaskProgressCard::buildTotalsRow()
     return row;
 }
 
+void TaskProgressCard::refreshWatching()
+{
+    const AppViewModel &m = m_model;
+    const bool lost = m.watchLost();
+    if (lost) {
+        m_title->setText(m.t("card_watch_lost_title"));
+    } else {
+        // Long paths keep both ends: the disk and the folder's own name.
+        const int room = std::max(120, width() / 2);
+        const QString folder = QDir::toNativeSeparators(m.watchedFolder());
+        m_title->setText(m.t("card_watching",
+                             { m_title->fontMetrics().elidedText(folder, Qt::ElideMiddle, room) }));
+        m_title->setToolTip(folder);
+    }
+    m_stem->setText(m.watchLastStem().isEmpty() ? QString()
+                                                : m.t("card_watch_last", { m.watchLastStem() }));
+    m_progressLine->setText(lost ? m.t(m.watchLostReason() == u"unmounted"_s
+                                           ? "card_watch_lost_unmounted"
+                                           : "card_watch_lost")
+                                 : m.t("card_watch_count", { m.watchCount() }));
+    m_progressLine->setVisible(true);
+    m_estimate->setVisible(false);
+}
+
 void TaskProgressCard::refresh()
 {
     const AppViewModel &m = m_model;
     QColor idle = theme::kTextSecondary;
     idle.setAlphaF(0.5f);
     const bool paused = m.isRunning() && m.isPaused();
-    static_cast<StatusDot *>(m_dot)->setColor(paused              ? theme::kOrange
-                                                  : m.isRunning() ? theme::kGreen
-                                                                  : idle);
+    const bool watching = m.isRunning() && m.isWatching();
+    static_cast<StatusDot *>(m_dot)->setColor(paused || (watching && m.watchLost()) ? theme::kOrange
+                                                  : m.isRunning()                   ? theme::kGreen
+                                                                                    : idle);
     m_title->setText(m.t(paused ? "card_paused" : m.isRunning() ? "card_processing" : "card_idle"));
+    m_title->setToolTip(QString());
 
     // Failures are offered once the batch is over.
     const qint64 failed = m.batch()->runFailedCount();
@@ -299,6 +329,12 @@ void TaskProgressCard::refresh()
     const QString estimate = timeLeftText(m);
     m_estimate->setText(estimate);
     m_estimate->setVisible(!estimate.isEmpty());
+    // A pause keeps its title; the rest of the card still says what is watched.
+    if (watching) {
+        refreshWatching();
+        if (paused)
+            m_title->setText(m.t("card_paused"));
+    }
 
     m_faces->setText(m.t("metric_faces", { m.currentFaces() }));
     m_peak->setText(m.t("metric_peak_gain", { m.currentPeakStops() }));

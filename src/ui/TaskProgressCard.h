@@ -4,7 +4,8 @@
 // The live-run card: a status dot and title, the photo in work, the progress
 // line and bar, the last photo's four measurements, the time left, and the
 // history totals; after a batch with failures, how many and a button that
-// lists them. Reads the model; opens only the failure list. Main thread.
+// lists them; while watching a folder, what is watched, the count and the
+// last photo. Reads the model; opens only the failure list. Main thread.
 #pragma once
 
 #include <QColor>
@@ -57,6 +58,7 @@ private:
     QWidget *buildFailureRow();
     void arrangeBadges(int columns);
     void fitBadges();
+    void refreshWatching();
 
     AppViewModel &m_model;
     QWidget *m_dot = nullptr;

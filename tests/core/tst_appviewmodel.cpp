@@ -140,7 +140,7 @@ void AppViewModelTest::startupWritesTheFileExactlyOnce()
     QCOMPARE(written.value(u"source_dir").toString(), model.sourceDir());
     QCOMPARE(written.value(u"dest_dir").toString(), model.destDir());
     QCOMPARE(written.value(u"profile_id").toString(), rawValue(model.selectedProfile()));
-    QCOMPARE(written.size(), 18);
+    QCOMPARE(written.size(), 19);
 }
 
 void AppViewModelTest::loadsEveryManagedKey()
@@ -157,6 +157,7 @@ void AppViewModelTest::loadsEveryManagedKey()
         { QStringLiteral("notification_sound"), false },
         { QStringLiteral("min_rating"), 4 },
         { QStringLiteral("backlit_fill"), false },
+        { QStringLiteral("watch_folder"), true },
         { QStringLiteral("profile_id"), QStringLiteral("portrait_soft") },
         { QStringLiteral("custom_mid_target"), 0.6 },
         { QStringLiteral("custom_power_mid"), 0.5 },
@@ -180,6 +181,7 @@ void AppViewModelTest::loadsEveryManagedKey()
     QVERIFY(!model.notificationSoundEnabled());
     QCOMPARE(model.minRating(), 4);
     QVERIFY(!model.enableBacklitFill());
+    QVERIFY(model.watchFolder());
     QCOMPARE(model.selectedProfile(), StyleProfile::Portrait);
     QCOMPARE(model.customMidTarget(), 0.6);
     QCOMPARE(model.customPowerMid(), 0.5);
@@ -287,7 +289,7 @@ void AppViewModelTest::nonObjectFileIsReplacedByManagedKeys()
     AppViewModel model;
     QCOMPARE(model.selectedWorkers(), 0);
     const QJsonObject written = readConfig();
-    QCOMPARE(written.size(), 18);
+    QCOMPARE(written.size(), 19);
     QCOMPARE(written.value(u"workers").toInt(), 0);
 }
 

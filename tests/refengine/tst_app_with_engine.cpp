@@ -3,7 +3,8 @@
 
 // The application's own batch controller driving the real engine: a batch
 // over generated pairs, the status line and console it ends with, the history
-// it then shows, an up-to-date second run, and a stop in the middle.
+// it then shows, an up-to-date second run, a stop in the middle, and a watch
+// that converts a pair arriving after the start.
 #include "SamplePairs.h"
 #include "common/TestEnvironment.h"
 #include "core/AppViewModel.h"
@@ -156,6 +157,31 @@ private slots:
         QVERIFY(recorded() < kStopPairs);
         const QStringList delivered = QDir(model.destDir()).entryList(QDir::Files | QDir::Hidden);
         QCOMPARE(delivered.size(), recorded());
+    }
+
+    void watchConvertsAPairCopiedInAfterTheStartUntilStopped()
+    {
+        SampleScene small;
+        small.width = 480;
+        small.height = 320;
+        QVERIFY(writePair(m_dir.filePath(u"watch"_s), u"EARLY"_s, small));
+        AppViewModel model;
+        prepare(model, u"watch"_s);
+        model.setWatchFolder(true);
+        model.startProcessing();
+        QTRY_VERIFY_WITH_TIMEOUT(model.isWatching(), 60000);
+        QCOMPARE(model.watchCount(), 1);
+        QVERIFY(writePair(m_dir.filePath(u"watch"_s), u"LATE"_s, small));
+        QTRY_COMPARE_WITH_TIMEOUT(model.watchCount(), 2, 60000);
+        QCOMPARE(model.watchLastStem(), u"LATE"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            std::any_of(model.historyRecords().cbegin(), model.historyRecords().cend(),
+                        [](const PhotoRecord &r) { return r.stem == u"LATE"; }),
+            10000);
+        model.stopProcessing();
+        QTRY_VERIFY_WITH_TIMEOUT(!model.isRunning(), 30000);
+        QVERIFY(!model.isWatching());
+        QCOMPARE(model.statusMessage(), u"Batch completed (Success: 2, Failed: 0)"_s);
     }
 };
 

@@ -89,6 +89,7 @@ private Q_SLOTS:
     void failuresAreOfferedAfterTheBatchWithTheirReasons();
     void cardTotalsComeFromTheHistoryStatistics();
     void badgesFormAGridWhenOneRowDoesNotFit();
+    void watchingCardFollowsTheWatchUntilStop();
 
 private:
     std::unique_ptr<AppViewModel> m_model;
@@ -582,6 +583,73 @@ void LiveRunTest::logoutStopsTheBatchTheNormalWay()
     QCOMPARE(asked, 1);
     QVERIFY(!m.isRunning());
     QCOMPARE(m.statusMessage(), u"Cancelled by user"_s);
+}
+
+void LiveRunTest::watchingCardFollowsTheWatchUntilStop()
+{
+    QTemporaryDir dir;
+    AppViewModel &m = *m_model;
+    const QString source = dir.filePath(
+        u"a-rather-long-folder-name-for-the-card/and-deeper-still/tethered/session"_s);
+    QDir().mkpath(source);
+    m.setSourceDir(source);
+    m.setDestDir(dir.path());
+    m.setWatchFolder(true);
+    const auto event = [](const QString &json) { return u"print ORVANTA_EVENT: "_s + json; };
+    const QString lost = dir.filePath(u"lost"_s), back = dir.filePath(u"back"_s);
+    EngineScenario scenario(
+        { u"on-sigint exit130"_s, event(u"{\"type\":\"scan\",\"pairs\":1,\"pending\":1}"_s),
+          event(u"{\"type\":\"item_start\",\"stem\":\"IMG_1\",\"index\":1,\"total\":1}"_s),
+          event(u"{\"type\":\"item_done\",\"stem\":\"IMG_1\",\"index\":1,\"total\":1}"_s),
+          event(u"{\"type\":\"watch_started\",\"folder\":\"%1\",\"success\":1}"_s.arg(source)),
+          event(u"{\"type\":\"item_done\",\"stem\":\"IMG_2\",\"index\":1,\"total\":1}"_s),
+          u"wait-file "_s + lost,
+          event(u"{\"type\":\"watch_lost\",\"folder\":\"%1\",\"reason\":\"unmounted\"}"_s.arg(
+              source)),
+          u"wait-file "_s + back,
+          event(u"{\"type\":\"watch_back\",\"folder\":\"%1\"}"_s.arg(source)), u"print back"_s,
+          u"wait-signal"_s });
+    TaskProgressCard card(m);
+    card.resize(700, 400);
+    QSignalSpy history(m.batch(), &BatchController::historyTouched);
+    m.startProcessing();
+    // Photos of the first pass count, and so does each one converted later.
+    QTRY_COMPARE(m.watchCount(), 2);
+    QCOMPARE(scenario.arguments().value(0), u"watch"_s);
+    QVERIFY(history.count() >= 2);
+    QVERIFY(m.isWatching());
+    const QString title = labelText(&card, u"cardTitle"_s);
+    QVERIFY2(title.startsWith(u"Watching "_s) && title.contains(u"…"_s)
+                 && title.endsWith(u"session"_s),
+             qPrintable(title));
+    QCOMPARE(labelText(&card, u"cardProgress"_s), u"2 photos converted since the start"_s);
+    QCOMPARE(labelText(&card, u"cardStem"_s), u"Last photo: IMG_2"_s);
+
+    QFile(lost).open(QIODevice::WriteOnly);
+    QTRY_VERIFY(m.watchLost());
+    QCOMPARE(labelText(&card, u"cardTitle"_s), u"Waiting for the Folder"_s);
+    QVERIFY(
+        labelText(&card, u"cardProgress"_s).startsWith(u"The disk holding the watched folder"_s));
+    QVERIFY(m.isRunning());
+
+    QFile(back).open(QIODevice::WriteOnly);
+    QTRY_VERIFY(m.consoleLogs().contains(u"back"_s));
+    QVERIFY(!m.watchLost());
+    QVERIFY(labelText(&card, u"cardTitle"_s).startsWith(u"Watching "_s));
+    QCOMPARE(m.watchCount(), 2);
+
+    m.stopProcessing();
+    QTRY_VERIFY(!m.isRunning());
+    QVERIFY(!m.isWatching());
+    QCOMPARE(labelText(&card, u"cardTitle"_s), u"Idle"_s);
+    // Retrying and reprocessing never start a watch.
+    m.batch()->setStateForTest([&](BatchRunState &s) {
+        s.runFailures = { { u"IMG_3"_s, QString(), source } };
+    });
+    EngineScenario retry({ u"exit 0"_s });
+    m.batch()->retryFailed();
+    QTRY_VERIFY(!m.isRunning());
+    QCOMPARE(retry.arguments().value(0), u"run"_s);
 }
 
 ORVANTA_TEST_WIDGETS_MAIN(LiveRunTest)

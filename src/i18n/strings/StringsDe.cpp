@@ -548,6 +548,22 @@ constexpr StringEntry kEntries[] = {
     { "failures_close", "Schließen" },
     // Name of a destination that is not a volume of its own
     { "volume_local_disk", "Lokaler Datenträger" },
+    // Watching a folder after the batch
+    { "opt_watch_folder", "Ordner weiter beobachten" },
+    { "opt_watch_folder_help",
+      "Nach dem Stapel jedes neue RAW+JPG-Paar umwandeln, sobald es eintrifft (für Tethered "
+      "Shooting), bis Sie auf „Verarbeitung stoppen“ klicken" },
+    { "card_watching", "%@ wird beobachtet" },
+    { "card_watch_lost_title", "Warte auf den Ordner" },
+    { "card_watch_count", "%d Fotos seit dem Start umgewandelt" },
+    { "card_watch_count#one", "%d Foto seit dem Start umgewandelt" },
+    { "card_watch_last", "Letztes Foto: %@" },
+    { "card_watch_lost",
+      "Der beobachtete Ordner ist verschwunden (verschoben oder gelöscht). Warte, bis er wieder da "
+      "ist …" },
+    { "card_watch_lost_unmounted",
+      "Das Laufwerk mit dem beobachteten Ordner wurde entfernt. Warte, bis es wieder da ist …" },
+    { "status_watching", "%@ wird auf neue Fotos beobachtet" },
 };
 } // namespace
 

@@ -531,6 +531,21 @@ constexpr StringEntry kEntries[] = {
     { "failures_close", "Close" },
     // Name of a destination that is not a volume of its own
     { "volume_local_disk", "Local Disk" },
+    // Watching a folder after the batch
+    { "opt_watch_folder", "Keep Watching the Folder" },
+    { "opt_watch_folder_help",
+      "After the batch, convert each new RAW+JPG pair as it arrives (for tethered shooting) until "
+      "you press Stop Processing" },
+    { "card_watching", "Watching %@" },
+    { "card_watch_lost_title", "Waiting for the Folder" },
+    { "card_watch_count", "%d photos converted since the start" },
+    { "card_watch_count#one", "%d photo converted since the start" },
+    { "card_watch_last", "Last photo: %@" },
+    { "card_watch_lost",
+      "The watched folder is gone (moved or deleted). Waiting for it to come back…" },
+    { "card_watch_lost_unmounted",
+      "The disk holding the watched folder was removed. Waiting for it to come back…" },
+    { "status_watching", "Watching %@ for new photos" },
 };
 } // namespace
 

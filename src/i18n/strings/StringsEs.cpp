@@ -554,6 +554,21 @@ constexpr StringEntry kEntries[] = {
     { "failures_close", "Cerrar" },
     // Name of a destination that is not a volume of its own
     { "volume_local_disk", "Disco local" },
+    // Watching a folder after the batch
+    { "opt_watch_folder", "Seguir vigilando la carpeta" },
+    { "opt_watch_folder_help",
+      "Tras el lote, convierte cada nuevo par RAW+JPG en cuanto llega (para disparo conectado) "
+      "hasta que pulses «Detener procesamiento»" },
+    { "card_watching", "Vigilando %@" },
+    { "card_watch_lost_title", "Esperando la carpeta" },
+    { "card_watch_count", "%d fotos convertidas desde el inicio" },
+    { "card_watch_count#one", "%d foto convertida desde el inicio" },
+    { "card_watch_last", "Última foto: %@" },
+    { "card_watch_lost",
+      "La carpeta vigilada ha desaparecido (movida o eliminada). Esperando a que vuelva…" },
+    { "card_watch_lost_unmounted",
+      "Se ha retirado el disco que contiene la carpeta vigilada. Esperando a que vuelva…" },
+    { "status_watching", "Vigilando %@ a la espera de fotos nuevas" },
 };
 } // namespace
 

@@ -559,6 +559,21 @@ constexpr StringEntry kEntries[] = {
     { "failures_close", "Fermer" },
     // Name of a destination that is not a volume of its own
     { "volume_local_disk", "Disque local" },
+    // Watching a folder after the batch
+    { "opt_watch_folder", "Continuer à surveiller le dossier" },
+    { "opt_watch_folder_help",
+      "Après le lot, convertir chaque nouvelle paire RAW+JPG dès son arrivée (prise de vue "
+      "connectée) jusqu’à ce que vous cliquiez sur « Arrêter le traitement »" },
+    { "card_watching", "Surveillance de %@" },
+    { "card_watch_lost_title", "En attente du dossier" },
+    { "card_watch_count", "%d photos converties depuis le début" },
+    { "card_watch_count#one", "%d photo convertie depuis le début" },
+    { "card_watch_last", "Dernière photo : %@" },
+    { "card_watch_lost",
+      "Le dossier surveillé a disparu (déplacé ou supprimé). En attente de son retour…" },
+    { "card_watch_lost_unmounted",
+      "Le disque contenant le dossier surveillé a été retiré. En attente de son retour…" },
+    { "status_watching", "Surveillance de %@ en attente de nouvelles photos" },
 };
 } // namespace
 

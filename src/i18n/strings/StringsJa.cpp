@@ -534,6 +534,20 @@ constexpr StringEntry kEntries[] = {
     { "failures_close", "閉じる" },
     // Name of a destination that is not a volume of its own
     { "volume_local_disk", "ローカルディスク" },
+    // Watching a folder after the batch
+    { "opt_watch_folder", "フォルダーの監視を続ける" },
+    { "opt_watch_folder_help",
+      "バッチの後も、新しい RAW+JPG "
+      "ペアが届くたびに変換します（テザー撮影向け）。「処理を停止」を押すまで続きます" },
+    { "card_watching", "%@ を監視中" },
+    { "card_watch_lost_title", "フォルダーを待っています" },
+    { "card_watch_count", "開始から %d 枚を変換" },
+    { "card_watch_last", "最後の写真：%@" },
+    { "card_watch_lost",
+      "監視中のフォルダーが見つかりません（移動または削除）。戻るのを待っています…" },
+    { "card_watch_lost_unmounted",
+      "監視中のフォルダーのディスクが取り外されました。戻るのを待っています…" },
+    { "status_watching", "%@ で新しい写真を監視中" },
 };
 } // namespace
 

@@ -493,6 +493,18 @@ constexpr StringEntry kEntries[] = {
     { "failures_close", "关闭" },
     // Name of a destination that is not a volume of its own
     { "volume_local_disk", "本地磁盘" },
+    // Watching a folder after the batch
+    { "opt_watch_folder", "持续监视文件夹" },
+    { "opt_watch_folder_help",
+      "批处理结束后，每当有新的 RAW+JPG "
+      "照片对到达就立即转换（适用于联机拍摄），直到点击“停止处理”" },
+    { "card_watching", "正在监视 %@" },
+    { "card_watch_lost_title", "正在等待文件夹" },
+    { "card_watch_count", "自开始以来已转换 %d 张照片" },
+    { "card_watch_last", "最后一张照片：%@" },
+    { "card_watch_lost", "监视的文件夹已不存在（已移动或删除）。正在等待它恢复…" },
+    { "card_watch_lost_unmounted", "存放监视文件夹的磁盘已被移除。正在等待它恢复…" },
+    { "status_watching", "正在监视 %@ 中的新照片" },
 };
 } // namespace
 

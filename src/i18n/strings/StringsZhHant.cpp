@@ -495,6 +495,18 @@ constexpr StringEntry kEntries[] = {
     { "failures_close", "關閉" },
     // Name of a destination that is not a volume of its own
     { "volume_local_disk", "本機磁碟" },
+    // Watching a folder after the batch
+    { "opt_watch_folder", "持續監看資料夾" },
+    { "opt_watch_folder_help",
+      "批次處理結束後，每當有新的 RAW+JPG "
+      "照片組抵達就立即轉換（適用於連線拍攝），直到按下「停止處理」" },
+    { "card_watching", "正在監看 %@" },
+    { "card_watch_lost_title", "正在等待資料夾" },
+    { "card_watch_count", "自開始以來已轉換 %d 張照片" },
+    { "card_watch_last", "最後一張照片：%@" },
+    { "card_watch_lost", "監看的資料夾已不存在（已移動或刪除）。正在等待它恢復…" },
+    { "card_watch_lost_unmounted", "存放監看資料夾的磁碟已被移除。正在等待它恢復…" },
+    { "status_watching", "正在監看 %@ 中的新照片" },
 };
 } // namespace
 
