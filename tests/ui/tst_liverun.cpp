@@ -595,7 +595,8 @@ void LiveRunTest::watchingCardFollowsTheWatchUntilStop()
     m.setSourceDir(source);
     m.setDestDir(dir.path());
     m.setWatchFolder(true);
-    const auto event = [](const QString &json) { return u"print ORVANTA_EVENT: "_s + json; };
+    const auto event
+        = [](const QString &json) -> QString { return u"print ORVANTA_EVENT: "_s + json; };
     const QString lost = dir.filePath(u"lost"_s), back = dir.filePath(u"back"_s);
     EngineScenario scenario(
         { u"on-sigint exit130"_s, event(u"{\"type\":\"scan\",\"pairs\":1,\"pending\":1}"_s),
