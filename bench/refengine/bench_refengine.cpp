@@ -38,6 +38,21 @@ struct Run
     int status = -1;
 };
 
+// Waits for child `pid`, started when `timer` started: wall time, CPU time, peak memory, status.
+Run waitForRun(pid_t pid, const QElapsedTimer &timer)
+{
+    Run run;
+    int status = 0;
+    rusage usage {};
+    wait4(pid, &status, 0, &usage);
+    run.seconds = timer.nsecsElapsed() / 1e9;
+    run.peakKiB = usage.ru_maxrss;
+    run.cpuSeconds = usage.ru_utime.tv_sec + usage.ru_utime.tv_usec / 1e6 + usage.ru_stime.tv_sec
+        + usage.ru_stime.tv_usec / 1e6;
+    run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return run;
+}
+
 Run runEngine(const QString &home, const QString &source, const QString &dest, int workers)
 {
     QDir(dest).removeRecursively();
@@ -59,16 +74,7 @@ Run runEngine(const QString &home, const QString &source, const QString &dest, i
               nullptr);
         _exit(127);
     }
-    Run run;
-    int status = 0;
-    rusage usage {};
-    wait4(pid, &status, 0, &usage);
-    run.seconds = timer.nsecsElapsed() / 1e9;
-    run.peakKiB = usage.ru_maxrss;
-    run.cpuSeconds = usage.ru_utime.tv_sec + usage.ru_utime.tv_usec / 1e6 + usage.ru_stime.tv_sec
-        + usage.ru_stime.tv_usec / 1e6;
-    run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return run;
+    return waitForRun(pid, timer);
 }
 
 // Runs `argv` (found on PATH) with its output thrown away; wall time, CPU time, peak memory.
@@ -91,16 +97,7 @@ Run runProgram(const QStringList &argv)
         execvp(args[0], args.data());
         _exit(127);
     }
-    Run run;
-    int status = 0;
-    rusage usage {};
-    wait4(pid, &status, 0, &usage);
-    run.seconds = timer.nsecsElapsed() / 1e9;
-    run.peakKiB = usage.ru_maxrss;
-    run.cpuSeconds = usage.ru_utime.tv_sec + usage.ru_utime.tv_usec / 1e6 + usage.ru_stime.tv_sec
-        + usage.ru_stime.tv_usec / 1e6;
-    run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return run;
+    return waitForRun(pid, timer);
 }
 
 void printAnchor(const char *name, const QStringList &argv)
