@@ -16,6 +16,9 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QHash>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -53,12 +56,14 @@ Run waitForRun(pid_t pid, const QElapsedTimer &timer)
     return run;
 }
 
-Run runEngine(const QString &home, const QString &source, const QString &dest, int workers)
+// Runs the engine on every pair in `source`; its event stream goes to `events`.
+Run runEngine(const QString &home, const QString &source, const QString &dest, int workers,
+              const QString &events)
 {
     QDir(dest).removeRecursively();
     QDir(home + u"/.local/share/Orvanta"_s).removeRecursively();
     const QByteArray h = home.toUtf8(), s = source.toUtf8(), d = dest.toUtf8();
-    const QByteArray w = QByteArray::number(workers);
+    const QByteArray w = QByteArray::number(workers), e = events.toLocal8Bit();
     QElapsedTimer timer;
     timer.start();
     std::fflush(stdout);
@@ -68,13 +73,47 @@ Run runEngine(const QString &home, const QString &source, const QString &dest, i
         unsetenv("XDG_DATA_HOME");
         unsetenv("XDG_STATE_HOME");
         unsetenv("XDG_CONFIG_HOME");
-        freopen("/dev/null", "w", stdout);
+        freopen(e.constData(), "w", stdout);
         execl(ORVANTA_ENGINE_PATH, "orvanta_engine", "run", "-s", s.constData(), "-d",
               d.constData(), "--profile-id", "default", "-w", w.constData(), "--no-throttle",
-              nullptr);
+              "--json-stream", nullptr);
         _exit(127);
     }
     return waitForRun(pid, timer);
+}
+
+// Mean seconds of each stage the engine reported for its finished pairs, in
+// the order the stages first appear.
+void printStages(const QString &events)
+{
+    QFile file(events);
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    QList<QString> names;
+    QHash<QString, double> total;
+    int done = 0;
+    const QByteArray prefix = "ORVANTA_EVENT: ";
+    while (!file.atEnd()) {
+        const QByteArray line = file.readLine();
+        if (!line.startsWith(prefix))
+            continue;
+        const QJsonObject event = QJsonDocument::fromJson(line.mid(prefix.size())).object();
+        if (event.value(u"type"_s).toString() != u"item_done"_s)
+            continue;
+        ++done;
+        const QJsonObject stages = event.value(u"stages"_s).toObject();
+        for (auto it = stages.begin(); it != stages.end(); ++it) {
+            if (!total.contains(it.key()))
+                names.append(it.key());
+            total[it.key()] += it.value().toDouble();
+        }
+    }
+    if (done == 0)
+        return;
+    std::printf("  stages, mean of %d pairs:", done);
+    for (const QString &name : names)
+        std::printf(" %s %.3f", qPrintable(name), total.value(name) / done);
+    std::printf("\n");
 }
 
 // Runs `argv` (found on PATH) with its output thrown away; wall time, CPU time, peak memory.
@@ -169,9 +208,11 @@ int main(int argc, char *argv[])
     std::printf("%-8s %10s %12s %14s %12s %8s\n", "workers", "seconds", "s per pair",
                 "CPU s per pair", "peak MiB", "status");
     for (int workers : { 1, 2 }) {
-        const Run run = runEngine(dir.path(), source, dest, workers);
+        const QString events = dir.filePath(u"events-%1.log"_s.arg(workers));
+        const Run run = runEngine(dir.path(), source, dest, workers, events);
         std::printf("%-8d %10.2f %12.2f %14.2f %12.0f %8d\n", workers, run.seconds,
                     run.seconds / pairs, run.cpuSeconds / pairs, run.peakKiB / 1024.0, run.status);
+        printStages(events);
     }
     printAnchors(source, dest, ultrahdrApp);
     return 0;
