@@ -203,27 +203,36 @@ private slots:
     {
         QTest::addColumn<int>("orientation");
         QTest::addColumn<bool>("bayer");
-        QTest::newRow("upright") << 1 << false;
-        QTest::newRow("turned 90 degrees") << 6 << false;
-        QTest::newRow("upside down") << 3 << false;
-        QTest::newRow("bayer mosaic") << 1 << true;
-        QTest::newRow("bayer mosaic, turned") << 8 << true;
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<int>("mapChannels");
+        QTest::newRow("upright") << 1 << false << QStringList() << 3;
+        QTest::newRow("turned 90 degrees") << 6 << false << QStringList() << 3;
+        QTest::newRow("upside down") << 3 << false << QStringList() << 3;
+        QTest::newRow("bayer mosaic") << 1 << true << QStringList() << 3;
+        QTest::newRow("bayer mosaic, turned") << 8 << true << QStringList() << 3;
+        // Without a chroma boost the map holds one gain, for luminance.
+        QTest::newRow("one gain for luminance")
+            << 6 << true
+            << QStringList { u"--profile-id"_s, u"custom"_s, u"--chroma-boost"_s, u"0"_s } << 1;
     }
     void deliveredFileHoldsHighlightsAboveSdrWhite()
     {
         QFETCH(int, orientation);
         QFETCH(bool, bayer);
+        QFETCH(QStringList, options);
+        QFETCH(int, mapChannels);
         SampleScene scene;
         scene.orientation = orientation;
         scene.bayer = bayer;
         QVERIFY(writePair(m_source, u"IMG_0001"_s, scene));
-        EngineProcess engine(runArgs());
+        EngineProcess engine(runArgs(options));
         QCOMPARE(engine.run(), 0);
 
         const QString output = m_dest + u"/IMG_0001_hdr.jpg"_s;
         QVERIFY2(QFile::exists(output), qPrintable(engine.log()));
         const UltraHdrDecodeResult hdr = decodeUltraHdrFile(output);
         QVERIFY2(hdr.gainMapApplied, qPrintable(hdr.gainMapIssue + hdr.error));
+        QCOMPARE(hdr.layout.metadata->channelCount, mapChannels);
         // Where the RAW held the sun, the HDR rendition goes well above white;
         // in the deep shadow it stays where the JPG has it.
         const double sun = meanLuminance(hdr.image, displayMask(scene, sunRect(scene)));

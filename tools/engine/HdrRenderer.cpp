@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <opencv2/imgproc.hpp>
 #include <thread>
 #include <vector>
 
@@ -189,65 +190,38 @@ GainPlanes computeGains(const WorkPlanes &p, const Tuning &t, const ImageBuffer 
     return g;
 }
 
-// Bilinear sampling positions of one axis: for each output coordinate the
-// two source indices and the weight of the second.
-struct Taps
+// The map's gains from the work-size factors: log2 of each factor (per
+// colour), or of the luminance ratio they give (one channel), at the work
+// size, then averaged (or interpolated) to the map's size. The work picture is
+// the camera JPG decoded at 1/scale, so the map still measures against what a
+// reader decodes.
+GainMapCells mapGains(const WorkPlanes &p, const GainPlanes &g, int channels, int mapW, int mapH)
 {
-    std::vector<int> i0, i1;
-    std::vector<float> w;
-};
-
-Taps tapsFor(int outSize, int inSize)
-{
-    Taps t;
-    t.i0.resize(outSize);
-    t.i1.resize(outSize);
-    t.w.resize(outSize);
-    const double scale = double(inSize) / outSize;
-    for (int o = 0; o < outSize; ++o) {
-        const double f = std::clamp((o + 0.5) * scale - 0.5, 0.0, inSize - 1.0);
-        t.i0[o] = int(f);
-        t.i1[o] = std::min(t.i0[o] + 1, inSize - 1);
-        t.w[o] = float(f - t.i0[o]);
-    }
-    return t;
-}
-
-// One row of the full-size HDR picture: the full JPG times the work-size gain
-// factors, sampled bilinearly. Rows are made as the writer asks for them, so
-// the full-size picture never exists as a whole.
-struct HdrRows
-{
-    const ImageBuffer &full;
-    const GainPlanes &g;
-    int gw;
-    Taps tx, ty;
-
-    bool operator()(int y, float *out) const
-    {
-        // The two factor rows blended vertically once, then each pixel blends
-        // horizontally within that row.
-        thread_local std::vector<float> blended;
-        blended.resize(size_t(gw) * 3);
-        const float *r0 = &g.factor[size_t(ty.i0[y]) * gw * 3];
-        const float *r1 = &g.factor[size_t(ty.i1[y]) * gw * 3];
-        const float wy = ty.w[y];
-        for (size_t i = 0; i < blended.size(); ++i)
-            blended[i] = r0[i] + (r1[i] - r0[i]) * wy;
-        const uchar *s = full.row(y);
-        const auto &lut = srgbTable();
-        for (int x = 0; x < full.width(); ++x) {
-            const float *fa = &blended[size_t(tx.i0[x]) * 3], *fb = &blended[size_t(tx.i1[x]) * 3];
-            const float wx = tx.w[x];
-            for (int c = 0; c < 3; ++c) {
-                const float factor = fa[c] + (fb[c] - fa[c]) * wx;
-                out[x * 4 + c] = std::max(0.0f, (lut[s[x * 3 + c]] + kOffset) * factor - kOffset);
-            }
-            out[x * 4 + 3] = 1.0f;
+    const size_t n = p.brightness.size();
+    cv::Mat work(p.height, p.width, channels == 3 ? CV_32FC3 : CV_32FC1);
+    float *out = work.ptr<float>();
+    for (size_t i = 0; i < n; ++i) {
+        const float *f = &g.factor[i * 3];
+        if (channels == 3) {
+            for (int c = 0; c < 3; ++c)
+                out[i * 3 + c] = std::log2(f[c]);
+            continue;
         }
-        return true;
+        const float *s = &p.sdr[i * 3];
+        float hdr[3];
+        for (int c = 0; c < 3; ++c)
+            hdr[c] = std::max(0.0f, (s[c] + kOffset) * f[c] - kOffset);
+        out[i] = std::log2((luminance(hdr[0], hdr[1], hdr[2]) + kOffset)
+                           / (luminance(s[0], s[1], s[2]) + kOffset));
     }
-};
+    GainMapCells cells { mapW, mapH, channels, std::vector<float>(size_t(mapW) * mapH * channels) };
+    cv::Mat map(mapH, mapW, work.type(), cells.log2Gains.data());
+    if (mapW == p.width && mapH == p.height)
+        work.copyTo(map);
+    else
+        cv::resize(work, map, map.size(), 0, 0, mapW < p.width ? cv::INTER_AREA : cv::INTER_LINEAR);
+    return cells;
+}
 
 ImageBuffer maskImage(const std::vector<float> &values, int w, int h, double full)
 {
@@ -341,15 +315,17 @@ RenderResult renderPair(const RenderRequest &request)
         return result;
     }
     const QByteArray jpgBytes = jpgFile.readAll();
-    // Gains are computed at about the gain map's own resolution; the full
-    // picture is decoded only once the RAW has been let go of.
-    int scale = 1;
+    // Gains are computed at about the gain map's own resolution; the camera
+    // JPG is never decoded at full size, since its bytes are the primary.
+    int scale = 1, fullWidth = 0, fullHeight = 0;
     {
         JpegDecoder header;
         if (!header.open(jpgBytes, {})) {
             result.error = u"JPG: "_s + header.error();
             return result;
         }
+        fullWidth = header.width();
+        fullHeight = header.height();
         while (scale < 8
                && std::max(header.width(), header.height()) / (scale * 2) >= kWorkLongSide)
             scale *= 2;
@@ -401,20 +377,13 @@ RenderResult renderPair(const RenderRequest &request)
         if (skin.isNull())
             result.skinMask.fill(0);
     }
-    const int gw = planes.width, gh = planes.height;
-    planes = {}; // only the gain factors are needed from here on
-    lap(u"tone_gain"_s);
-    const ImageBuffer decodedFull
-        = scale > 1 ? decodeJpeg(jpgBytes, 1, result.error) : ImageBuffer();
-    const ImageBuffer &full = scale > 1 ? decodedFull : work;
-    if (full.isNull())
-        return result;
     UltraHdrEncodeOptions options;
-    options.multiChannel = request.tuning.chromaBoost > 0.001;
-    options.threads = request.threads;
-    const HdrRows rows { full, gains, gw, tapsFor(full.width(), gw), tapsFor(full.height(), gh) };
-    const UltraHdrEncodeResult encoded
-        = encodeUltraHdr(jpgBytes, full.width(), full.height(), rows, options, &full);
+    const int channels = request.tuning.chromaBoost > 0.001 ? 3 : 1;
+    const int mapW = (fullWidth + options.mapScale - 1) / options.mapScale;
+    const int mapH = (fullHeight + options.mapScale - 1) / options.mapScale;
+    GainMapCells cells = mapGains(planes, gains, channels, mapW, mapH);
+    lap(u"tone_gain"_s);
+    const UltraHdrEncodeResult encoded = encodeUltraHdr(jpgBytes, std::move(cells), options);
     if (encoded.bytes.isEmpty()) {
         result.error = u"Ultra HDR encoding failed: "_s + encoded.error;
         return result;

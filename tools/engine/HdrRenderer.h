@@ -29,7 +29,7 @@ struct RenderRequest
     // pixel of that picture (Gray8) and the face count. Optional.
     std::function<ImageBuffer(const ImageBuffer &grey, const ImageBuffer &rgb, int *faces)>
         findSkin;
-    // Threads this photo may use for the full-size work (the writer's gains).
+    // Threads this photo may use for its per-pixel gains.
     int threads = 1;
 };
 

@@ -261,28 +261,21 @@ QByteArray rebuildImage(QByteArrayView data, const QByteArray &inserted, qsizety
     return out;
 }
 
-UltraHdrEncodeResult encodeFrom(QByteArrayView primary, const ImageBuffer &sdr,
-                                const HdrRowSource &rows, const UltraHdrEncodeOptions &options)
+// Metadata, map JPEG and file from the mean gains of every map cell.
+UltraHdrEncodeResult encodeGains(QByteArrayView primary, const std::vector<float> &gains, int mapW,
+                                 int mapH, int channels, const UltraHdrEncodeOptions &options)
 {
     UltraHdrEncodeResult result;
-    const int scale = std::clamp(options.mapScale, 1, 128);
-    const int channels = options.multiChannel ? 3 : 1;
-    result.mapWidth = (sdr.width() + scale - 1) / scale;
-    result.mapHeight = (sdr.height() + scale - 1) / scale;
-    const std::vector<float> gains
-        = cellGains(sdr, rows, result.mapWidth, result.mapHeight, channels, options);
-    if (gains.empty()) {
-        result.error = u"the HDR picture could not be read"_s;
-        return result;
-    }
+    result.mapWidth = mapW;
+    result.mapHeight = mapH;
     result.metadata = metadataFor(gains, channels, options);
     result.metadata.useBaseColourSpace = !options.alternateGamut;
     if (const QString why = result.metadata.validationError(); !why.isEmpty()) {
         result.error = u"gain map options invalid: "_s + why;
         return result;
     }
-    const QByteArray map = encodeMap(gains, result.mapWidth, result.mapHeight, channels,
-                                     result.metadata, options.mapQuality);
+    const QByteArray map
+        = encodeMap(gains, mapW, mapH, channels, result.metadata, options.mapQuality);
     UltraHdrAssembly assembly;
     if (options.writeXmp)
         assembly.xmp = result.metadata;
@@ -294,6 +287,21 @@ UltraHdrEncodeResult encodeFrom(QByteArrayView primary, const ImageBuffer &sdr,
     if (result.bytes.isEmpty())
         result.error = u"the Ultra HDR file could not be assembled"_s;
     return result;
+}
+
+UltraHdrEncodeResult encodeFrom(QByteArrayView primary, const ImageBuffer &sdr,
+                                const HdrRowSource &rows, const UltraHdrEncodeOptions &options)
+{
+    const int scale = std::clamp(options.mapScale, 1, 128);
+    const int channels = options.multiChannel ? 3 : 1;
+    const int mapW = (sdr.width() + scale - 1) / scale, mapH = (sdr.height() + scale - 1) / scale;
+    const std::vector<float> gains = cellGains(sdr, rows, mapW, mapH, channels, options);
+    if (gains.empty()) {
+        UltraHdrEncodeResult result;
+        result.error = u"the HDR picture could not be read"_s;
+        return result;
+    }
+    return encodeGains(primary, gains, mapW, mapH, channels, options);
 }
 
 } // namespace
@@ -348,6 +356,22 @@ UltraHdrEncodeResult encodeUltraHdr(const ImageBuffer &sdr, const ImageBuffer &h
     // Gains are measured against the primary as a reader will decode it, so
     // the JPEG loss of the base is compensated by the map.
     return encodeUltraHdr(QByteArrayView(primary), hdr, options);
+}
+
+UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, GainMapCells cells,
+                                    const UltraHdrEncodeOptions &options)
+{
+    const qint64 size = qint64(cells.width) * cells.height * cells.channels;
+    if (cells.width <= 0 || cells.height <= 0 || (cells.channels != 1 && cells.channels != 3)
+        || size != qint64(cells.log2Gains.size())) {
+        UltraHdrEncodeResult result;
+        result.error = u"the gain map's size does not match its values"_s;
+        return result;
+    }
+    for (float &gain : cells.log2Gains)
+        gain = std::isnan(gain) ? 0.0f : std::clamp(gain, kMinLog2Gain, kMaxLog2Gain);
+    return encodeGains(sdrJpeg, cells.log2Gains, cells.width, cells.height, cells.channels,
+                       options);
 }
 
 QByteArray assembleUltraHdr(QByteArrayView primaryJpeg, QByteArrayView gainMapJpeg,

@@ -18,6 +18,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace orvanta {
 
@@ -70,6 +71,22 @@ UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, const ImageBuffer &h
 UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, int width, int height,
                                     const HdrRowSource &rows, const UltraHdrEncodeOptions &options,
                                     const ImageBuffer *decodedSdr = nullptr);
+
+// Gains a caller measured itself, already at the map's size: `width` × `height`
+// cells of `channels` values (1: one gain for luminance, 3: one per colour),
+// log2 of (HDR + offset) / (SDR + offset), row by row.
+struct GainMapCells
+{
+    int width = 0;
+    int height = 0;
+    int channels = 1;
+    std::vector<float> log2Gains;
+};
+// As above, with the map given: the primary is `sdrJpeg` as it is, and the
+// options' map scale, channel choice and thread count do not apply. Gains are
+// clipped to ±16 stops; a value that is not a number counts as no gain.
+UltraHdrEncodeResult encodeUltraHdr(QByteArrayView sdrJpeg, GainMapCells cells,
+                                    const UltraHdrEncodeOptions &options);
 
 // Splices an existing primary and gain map JPEG into one file. Each block is
 // written only when asked for, which also lets tests build conflicting or
