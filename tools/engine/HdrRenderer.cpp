@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <future>
 #include <opencv2/imgproc.hpp>
 #include <thread>
 #include <vector>
@@ -75,6 +76,18 @@ ImageBuffer decodeJpeg(const QByteArray &bytes, int scale, QString &error)
     return image;
 }
 
+// Runs `body(begin, end)` over [0, n) split into `threads` ranges at once.
+template<typename Body> void inRanges(size_t n, int threads, const Body &body)
+{
+    threads = std::max(1, std::min(threads, 16));
+    std::vector<std::thread> helpers;
+    for (int t = 1; t < threads; ++t)
+        helpers.emplace_back([&, t] { body(n * t / threads, n * (t + 1) / threads); });
+    body(0, n / threads);
+    for (std::thread &helper : helpers)
+        helper.join();
+}
+
 // Per work pixel: the linear SDR colour and the exposure-matched RAW colour.
 struct WorkPlanes
 {
@@ -84,7 +97,7 @@ struct WorkPlanes
     std::vector<float> brightness; // brightest SDR channel, encoded 0..1
 };
 
-WorkPlanes makePlanes(const ImageBuffer &sdr8, const ImageBuffer &raw64)
+WorkPlanes makePlanes(const ImageBuffer &sdr8, const ImageBuffer &raw64, int threads)
 {
     WorkPlanes p;
     p.width = sdr8.width();
@@ -94,18 +107,20 @@ WorkPlanes makePlanes(const ImageBuffer &sdr8, const ImageBuffer &raw64)
     p.raw.resize(n * 3);
     p.brightness.resize(n);
     const auto &lut = srgbTable();
-    for (int y = 0; y < p.height; ++y) {
-        const uchar *s = sdr8.row(y);
-        const quint16 *r = raw64.rowAs<quint16>(y);
-        for (int x = 0; x < p.width; ++x) {
-            const size_t i = size_t(y) * p.width + x;
-            for (int c = 0; c < 3; ++c) {
-                p.sdr[i * 3 + c] = lut[s[x * 3 + c]];
-                p.raw[i * 3 + c] = r[x * 4 + c] / 65535.0f;
+    inRanges(size_t(p.height), threads, [&](size_t y0, size_t y1) {
+        for (int y = int(y0); y < int(y1); ++y) {
+            const uchar *s = sdr8.row(y);
+            const quint16 *r = raw64.rowAs<quint16>(y);
+            for (int x = 0; x < p.width; ++x) {
+                const size_t i = size_t(y) * p.width + x;
+                for (int c = 0; c < 3; ++c) {
+                    p.sdr[i * 3 + c] = lut[s[x * 3 + c]];
+                    p.raw[i * 3 + c] = r[x * 4 + c] / 65535.0f;
+                }
+                p.brightness[i] = std::max({ s[x * 3], s[x * 3 + 1], s[x * 3 + 2] }) / 255.0f;
             }
-            p.brightness[i] = std::max({ s[x * 3], s[x * 3 + 1], s[x * 3 + 2] }) / 255.0f;
         }
-    }
+    });
     return p;
 }
 
@@ -159,18 +174,6 @@ void gainAt(const WorkPlanes &p, const Tuning &t, const ImageBuffer &skin, doubl
     peaks[i] = float(yHdr);
 }
 
-// Runs `body(begin, end)` over [0, n) split into `threads` ranges at once.
-template<typename Body> void inRanges(size_t n, int threads, const Body &body)
-{
-    threads = std::max(1, std::min(threads, 16));
-    std::vector<std::thread> helpers;
-    for (int t = 1; t < threads; ++t)
-        helpers.emplace_back([&, t] { body(n * t / threads, n * (t + 1) / threads); });
-    body(0, n / threads);
-    for (std::thread &helper : helpers)
-        helper.join();
-}
-
 GainPlanes computeGains(const WorkPlanes &p, const Tuning &t, const ImageBuffer &skin, double fill,
                         int threads)
 {
@@ -195,25 +198,27 @@ GainPlanes computeGains(const WorkPlanes &p, const Tuning &t, const ImageBuffer 
 // size, then averaged (or interpolated) to the map's size. The work picture is
 // the camera JPG decoded at 1/scale, so the map still measures against what a
 // reader decodes.
-GainMapCells mapGains(const WorkPlanes &p, const GainPlanes &g, int channels, int mapW, int mapH)
+GainMapCells mapGains(const WorkPlanes &p, const GainPlanes &g, int channels, int mapW, int mapH,
+                      int threads)
 {
-    const size_t n = p.brightness.size();
     cv::Mat work(p.height, p.width, channels == 3 ? CV_32FC3 : CV_32FC1);
     float *out = work.ptr<float>();
-    for (size_t i = 0; i < n; ++i) {
-        const float *f = &g.factor[i * 3];
-        if (channels == 3) {
+    inRanges(p.brightness.size(), threads, [&](size_t begin, size_t end) {
+        for (size_t i = begin; i < end; ++i) {
+            const float *f = &g.factor[i * 3];
+            if (channels == 3) {
+                for (int c = 0; c < 3; ++c)
+                    out[i * 3 + c] = std::log2(f[c]);
+                continue;
+            }
+            const float *s = &p.sdr[i * 3];
+            float hdr[3];
             for (int c = 0; c < 3; ++c)
-                out[i * 3 + c] = std::log2(f[c]);
-            continue;
+                hdr[c] = std::max(0.0f, (s[c] + kOffset) * f[c] - kOffset);
+            out[i] = std::log2((luminance(hdr[0], hdr[1], hdr[2]) + kOffset)
+                               / (luminance(s[0], s[1], s[2]) + kOffset));
         }
-        const float *s = &p.sdr[i * 3];
-        float hdr[3];
-        for (int c = 0; c < 3; ++c)
-            hdr[c] = std::max(0.0f, (s[c] + kOffset) * f[c] - kOffset);
-        out[i] = std::log2((luminance(hdr[0], hdr[1], hdr[2]) + kOffset)
-                           / (luminance(s[0], s[1], s[2]) + kOffset));
-    }
+    });
     GainMapCells cells { mapW, mapH, channels, std::vector<float>(size_t(mapW) * mapH * channels) };
     cv::Mat map(mapH, mapW, work.type(), cells.log2Gains.data());
     if (mapW == p.width && mapH == p.height)
@@ -255,6 +260,20 @@ ImageBuffer greyOf(const ImageBuffer &rgb)
     return grey;
 }
 
+// The skin weight per pixel of `work`, in its stored order. Faces are looked
+// for upright, as the photo is shown.
+ImageBuffer skinOf(const RenderRequest::SkinFinder &findSkin, const ImageBuffer &work,
+                   int orientation, int *faces)
+{
+    const ImageBuffer turned
+        = orientation > 1 ? applyExifOrientation(work.clone(), orientation) : ImageBuffer();
+    const ImageBuffer &upright = orientation > 1 ? turned : work;
+    ImageBuffer skin = findSkin(greyOf(upright), upright, faces);
+    if (!skin.isNull())
+        skin = applyExifOrientation(std::move(skin), inverseOrientation(orientation));
+    return skin;
+}
+
 const char *fitName(ColourFit::Kind kind)
 {
     switch (kind) {
@@ -270,7 +289,7 @@ const char *fitName(ColourFit::Kind kind)
 
 // Brings the RAW to the JPG's colours, so that the gains only carry what the
 // JPG clipped, never the difference between two colour renderings.
-bool matchColours(WorkPlanes &p, double baselineStops, RenderResult &result)
+bool matchColours(WorkPlanes &p, double baselineStops, int threads, RenderResult &result)
 {
     const size_t n = p.brightness.size();
     const ColourFit fit
@@ -282,7 +301,9 @@ bool matchColours(WorkPlanes &p, double baselineStops, RenderResult &result)
         result.error = u"cannot match the JPG to the RAW: "_s + fit.issue;
         return false;
     }
-    applyColour(fit, p.raw.data(), n);
+    inRanges(n, threads, [&](size_t begin, size_t end) {
+        applyColour(fit, p.raw.data() + begin * 3, end - begin);
+    });
     return true;
 }
 
@@ -337,7 +358,30 @@ RenderResult renderPair(const RenderRequest &request)
     const int orientation = tags && tags->orientation ? *tags->orientation : 1;
     lap(u"jpg_decode"_s);
 
+    // Faces are looked for beside the RAW's development: each needs only the
+    // JPG. The development keeps this thread, whose heap its large buffers
+    // return to from one photo to the next.
+    struct Faces
+    {
+        ImageBuffer skin;
+        int count = 0;
+        double seconds = 0.0;
+    };
+    auto searching
+        = std::async(request.threads > 1 ? std::launch::async : std::launch::deferred, [&] {
+              Faces found;
+              QElapsedTimer faceClock;
+              faceClock.start();
+              if (request.findSkin)
+                  found.skin = skinOf(request.findSkin, work, orientation, &found.count);
+              found.seconds = faceClock.nsecsElapsed() / 1e9;
+              return found;
+          });
     RawDevelopment raw = developRaw(request.rawPath, work, orientation);
+    Faces faces = searching.get();
+    ImageBuffer skin = std::move(faces.skin);
+    result.faces = faces.count;
+    result.stages.append({ u"faces"_s, faces.seconds });
     if (!raw.error.isEmpty()) {
         result.error = raw.error;
         return result;
@@ -347,24 +391,11 @@ RenderResult renderPair(const RenderRequest &request)
     result.stages.append({ u"develop"_s, raw.developSec });
     result.stages.append({ u"align"_s, raw.alignSec });
     clock.restart();
-    WorkPlanes planes = makePlanes(work, raw.image);
+    WorkPlanes planes = makePlanes(work, raw.image, request.threads);
     raw.image = ImageBuffer();
-    if (!matchColours(planes, raw.baselineStops, result))
+    if (!matchColours(planes, raw.baselineStops, request.threads, result))
         return result;
     lap(u"colour_fit"_s);
-
-    ImageBuffer skin;
-    if (request.findSkin) {
-        // Faces are looked for upright, as the photo is shown; the skin
-        // weight then goes back to the stored pixel order.
-        const ImageBuffer turned
-            = orientation > 1 ? applyExifOrientation(work.clone(), orientation) : ImageBuffer();
-        const ImageBuffer &upright = orientation > 1 ? turned : work;
-        skin = request.findSkin(greyOf(upright), upright, &result.faces);
-        if (!skin.isNull())
-            skin = applyExifOrientation(std::move(skin), inverseOrientation(orientation));
-    }
-    lap(u"faces"_s);
     const double fill = request.backlitFill ? backlitStrength(planes) : 0.0;
     result.backlit = fill > 0.0;
     const GainPlanes gains = computeGains(planes, request.tuning, skin, fill, request.threads);
@@ -381,7 +412,7 @@ RenderResult renderPair(const RenderRequest &request)
     const int channels = request.tuning.chromaBoost > 0.001 ? 3 : 1;
     const int mapW = (fullWidth + options.mapScale - 1) / options.mapScale;
     const int mapH = (fullHeight + options.mapScale - 1) / options.mapScale;
-    GainMapCells cells = mapGains(planes, gains, channels, mapW, mapH);
+    GainMapCells cells = mapGains(planes, gains, channels, mapW, mapH, request.threads);
     lap(u"tone_gain"_s);
     const UltraHdrEncodeResult encoded = encodeUltraHdr(jpgBytes, std::move(cells), options);
     if (encoded.bytes.isEmpty()) {

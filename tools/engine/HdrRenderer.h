@@ -26,9 +26,11 @@ struct RenderRequest
     bool backlitFill = false;
     bool wantMasks = false; // keep the gain map and the face/skin mask pictures
     // Face finder over an 8-bit grey picture; returns a 0..1 skin weight per
-    // pixel of that picture (Gray8) and the face count. Optional.
-    std::function<ImageBuffer(const ImageBuffer &grey, const ImageBuffer &rgb, int *faces)>
-        findSkin;
+    // pixel of that picture (Gray8) and the face count. Optional; it may run
+    // on a thread of its own.
+    using SkinFinder
+        = std::function<ImageBuffer(const ImageBuffer &grey, const ImageBuffer &rgb, int *faces)>;
+    SkinFinder findSkin;
     // Threads this photo may use for its per-pixel gains.
     int threads = 1;
 };
