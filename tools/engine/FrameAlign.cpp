@@ -130,7 +130,7 @@ QRect findJpegFrame(const ImageBuffer &raw, const ImageBuffer &jpg)
     const QRect plain = centredAspectCrop(raw.size(), jpg.size());
     if (jpg.width() < 32 || jpg.height() < 32)
         return plain;
-    // Coarse: the whole range of crops on small pictures; fine: around the best.
+    // Coarse: the whole range of crops on small pictures; finer: around the best.
     const auto thumbs = [&](int longSide) {
         const double k = double(longSide) / std::max(jpg.width(), jpg.height());
         const int w = std::max(8, int(jpg.width() * k)), h = std::max(8, int(jpg.height() * k));
@@ -138,11 +138,19 @@ QRect findJpegFrame(const ImageBuffer &raw, const ImageBuffer &jpg)
     };
     const auto [jpgCoarse, rawCoarse] = thumbs(48);
     Frame best = search(jpgCoarse, rawCoarse, kSmallestCrop, 1.0, 0.02, nullptr, 0, 2.0);
+    // Each finer level looks only around the best frame of the one before:
+    // the coarse grid is off by at most a step of scale and of position.
+    const auto refine = [&](const Thumb &jpgThumb, const Thumb &rawThumb, const Thumb &coarser,
+                            double span, double scaleStep, double reach) {
+        const double k = double(rawThumb.w) / coarser.w;
+        const Frame around { best.scale, best.x * k, best.y * k };
+        best = search(jpgThumb, rawThumb, std::max(kSmallestCrop, best.scale - span),
+                      std::min(1.0, best.scale + span), scaleStep, &around, reach * k, 1.0);
+    };
+    const auto [jpgMiddle, rawMiddle] = thumbs(96);
+    refine(jpgMiddle, rawMiddle, rawCoarse, 0.02, 0.01, 2.5);
     const auto [jpgFine, rawFine] = thumbs(160);
-    const double k = double(rawFine.w) / rawCoarse.w;
-    const Frame coarse { best.scale, best.x * k, best.y * k };
-    best = search(jpgFine, rawFine, std::max(kSmallestCrop, best.scale - 0.02),
-                  std::min(1.0, best.scale + 0.02), 0.004, &coarse, 2.5 * k, 1.0);
+    refine(jpgFine, rawFine, rawMiddle, 0.012, 0.004, 2.5);
     const double whole = correlate(jpgFine, rawFine, Frame {});
     if (best.score < whole + kClearlyBetter)
         return plain;
