@@ -9,7 +9,10 @@
 // half-size develop), djpeg, and a user-built libultrahdr ultrahdr_app
 // decoding our output when its path is given ("absent" otherwise), and
 // orvanta-uhdr decoding that output and encoding it again. Run by hand:
-//   bench_refengine [--ultrahdr-app PATH] [pairs=4] [width=6000] [height=4000]
+//   bench_refengine [--ultrahdr-app PATH] [--camera-look] [pairs=4] [width=6000] [height=4000]
+// --camera-look renders the JPGs unlike the RAWs (white balance, saturation,
+// tone curve, a crop), as cameras do, so the colour fit and the search for
+// the JPG's frame do their full work.
 #include "SamplePairs.h"
 
 #include <QCoreApplication>
@@ -184,15 +187,18 @@ int main(int argc, char *argv[])
         ultrahdrApp = args.takeAt(at + 1);
         args.removeAt(at);
     }
+    const bool cameraLook = args.removeAll(u"--camera-look"_s) > 0;
     const int pairs = args.size() > 0 ? args[0].toInt() : 4;
     SampleScene scene;
+    if (cameraLook)
+        scene.look = JpegLook { 1.2, 0.85, 1.25, 0.4, 0.92, 0.1 };
     scene.bayer = true;
     scene.width = args.size() > 1 ? args[1].toInt() & ~1 : 6000;
     scene.height = args.size() > 2 ? args[2].toInt() & ~1 : 4000;
     QTemporaryDir dir;
     const QString source = dir.filePath(u"pairs"_s), dest = dir.filePath(u"out"_s);
-    std::printf("writing %d pairs of %dx%d (%.1f MP)...\n", pairs, scene.width, scene.height,
-                scene.width * scene.height / 1e6);
+    std::printf("writing %d pairs of %dx%d (%.1f MP)%s...\n", pairs, scene.width, scene.height,
+                scene.width * scene.height / 1e6, cameraLook ? ", JPGs with a camera's look" : "");
     for (int i = 0; i < pairs; ++i) {
         scene.face = i % 2 == 1;
         if (!writePair(source, u"P%1"_s.arg(i), scene))

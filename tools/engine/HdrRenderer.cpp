@@ -156,8 +156,10 @@ void gainAt(const WorkPlanes &p, const Tuning &t, const ImageBuffer &skin, doubl
     if (!skin.isNull())
         lift *= 1.0
             - std::clamp(t.skinDamp, 0.0, 1.0) * skin.row(int(i / p.width))[i % p.width] / 255.0;
-    if (fill > 0.0)
-        lift += fill * std::pow(1.0 - smoothstep(0.0, 0.18, ys), 2.0);
+    if (fill > 0.0) {
+        const double dark = 1.0 - smoothstep(0.0, 0.18, ys);
+        lift += fill * dark * dark;
+    }
     g.lift[i] = float(lift);
     // Colour: where the JPG clipped, take the hue from the RAW; lifted
     // highlights keep (or gain) saturation by the chroma value.
@@ -311,14 +313,21 @@ bool matchColours(WorkPlanes &p, double baselineStops, int threads, RenderResult
 
 double liftStops(const Tuning &t, double sdrLum, double excessStops, double brightness)
 {
+    // Most pixels are dark enough for both parts to be zero; the powers are
+    // worked out only where they count.
     // Bright mid-tones: up to midTarget stops at white, spread by powerMid.
     const double tm = std::clamp((sdrLum - 0.18) / 0.82, 0.0, 1.0);
-    const double mid = t.midTarget * std::pow(tm, 1.0 / std::max(t.powerMid, 0.05));
+    const double mid
+        = tm > 0.0 ? t.midTarget * std::pow(tm, 1.0 / std::max(t.powerMid, 0.05)) : 0.0;
     // Highlights the RAW holds above the JPG: a soft knee toward the headroom.
-    const double x = excessStops / kHeadroomStops;
-    const double p = std::max(t.powerHi, 0.1);
-    const double hi = kHeadroomStops * x / std::pow(1.0 + std::pow(x, p), 1.0 / p);
-    return std::max(0.0, t.scale * (mid + hi * smoothstep(0.55, 0.95, brightness)));
+    const double gate = smoothstep(0.55, 0.95, brightness);
+    double hi = 0.0;
+    if (gate > 0.0 && excessStops > 0.0) {
+        const double x = excessStops / kHeadroomStops;
+        const double p = std::max(t.powerHi, 0.1);
+        hi = kHeadroomStops * x / std::pow(1.0 + std::pow(x, p), 1.0 / p);
+    }
+    return std::max(0.0, t.scale * (mid + hi * gate));
 }
 
 RenderResult renderPair(const RenderRequest &request)

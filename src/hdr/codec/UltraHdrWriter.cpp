@@ -204,12 +204,15 @@ QByteArray encodeMap(const std::vector<float> &gains, int mapW, int mapH, int ch
                      const GainMapMetadata &m, int quality)
 {
     std::vector<std::uint8_t> bytes(gains.size());
-    for (size_t i = 0; i < gains.size(); ++i) {
-        const GainMapChannel &ch = m.channel(int(i % size_t(channels)));
-        const double t = std::clamp((gains[i] - ch.minLog2) / (ch.maxLog2 - ch.minLog2), 0.0, 1.0);
-        // pow(t, 1) is t exactly; skipping it saves a call per sample of the usual map.
-        const double encoded = ch.gamma == 1.0 ? t : std::pow(t, ch.gamma);
-        bytes[i] = std::uint8_t(std::floor(encoded * 255.0 + 0.5));
+    for (int c = 0; c < channels; ++c) {
+        const GainMapChannel &ch = m.channel(c);
+        const double lo = ch.minLog2, perStop = 1.0 / (ch.maxLog2 - ch.minLog2);
+        for (size_t i = size_t(c); i < gains.size(); i += size_t(channels)) {
+            const double t = std::clamp((gains[i] - lo) * perStop, 0.0, 1.0);
+            // pow(t, 1) is t exactly; skipping it saves a call per sample of the usual map.
+            const double encoded = ch.gamma == 1.0 ? t : std::pow(t, ch.gamma);
+            bytes[i] = std::uint8_t(encoded * 255.0 + 0.5);
+        }
     }
     // Each channel of a multi-channel map is its own gain: no chroma subsampling.
     return encodeJpeg(bytes.data(), mapW, mapH, channels, qsizetype(mapW) * channels, quality,
