@@ -187,7 +187,9 @@ int BatchRunner::run()
         t.join();
     if (g_terminate)
         terminateNow();
-    const bool interrupted = g_interrupt;
+    // A stop that arrives once every pair has been taken and finished (the
+    // last one just done, the loop above still asleep) cancelled nothing.
+    const bool interrupted = g_interrupt && m_next < m_pending.size();
     if (interrupted)
         m_log.line(u"⚠️ Interrupted: in-flight items were finished and recorded"_s);
     if (m_pass == Pass::Batch) {
