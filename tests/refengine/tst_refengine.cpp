@@ -334,8 +334,9 @@ private slots:
             QCOMPARE(item.value(u"faces"_s).toInt(), 0); // the sample scene shows nobody
             QVERIFY(item.value(u"peak_stops"_s).toDouble() > 1.0);
             const QStringList stages = item.value(u"stages"_s).toObject().keys();
-            for (const char *stage : { "raw_decode", "develop", "align", "colour_fit", "faces",
-                                       "tone_gain", "encode", "write", "db" })
+            for (const char *stage :
+                 { "jpg_decode", "metadata", "raw_decode", "develop", "align", "colour_fit",
+                   "faces", "tone_gain", "encode", "write", "db" })
                 QVERIFY2(stages.contains(QLatin1String(stage)), stage);
             // The blown square is clipped on the sensor too: about 1/64 of the frame.
             QVERIFY(item.value(u"bayer_clip"_s).toDouble() > 0.5);

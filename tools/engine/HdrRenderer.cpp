@@ -363,9 +363,10 @@ RenderResult renderPair(const RenderRequest &request)
     const ImageBuffer work = decodeJpeg(jpgBytes, scale, result.error);
     if (work.isNull())
         return result;
+    lap(u"jpg_decode"_s);
     const auto tags = exiv::readTags(request.jpgPath);
     const int orientation = tags && tags->orientation ? *tags->orientation : 1;
-    lap(u"jpg_decode"_s);
+    lap(u"metadata"_s);
 
     // Faces are looked for beside the RAW's development: each needs only the
     // JPG. The development keeps this thread, whose heap its large buffers
