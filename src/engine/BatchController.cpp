@@ -258,8 +258,8 @@ void BatchController::recordFailure(const BatchEvent &e)
 {
     ORVANTA_BATCH_PUT(runFailedCount, incremented(m_state.runFailedCount));
     QList<FailedPhoto> failures = m_state.runFailures;
-    failures.append(
-        { m_state.currentStem, e.error.value_or(QString()), m_lastRequest.options.sourceDir });
+    failures.append({ m_state.currentStem, e.error.value_or(QString()),
+                      m_lastRequest.options.sourceDir, e.reason.value_or(QString()) });
     ORVANTA_BATCH_PUT(runFailures, failures);
 }
 

@@ -30,6 +30,7 @@ struct FailedPhoto
     QString stem;
     QString reason;
     QString folder; // the source folder of the run it failed in
+    QString kind; // what failed, as the engine names it ("raw_unreadable", ...); may be empty
     friend bool operator==(const FailedPhoto &, const FailedPhoto &) = default;
 };
 

@@ -10,6 +10,7 @@
 #include <QDBusConnection>
 #include <QDialogButtonBox>
 #include <QFileInfo>
+#include <QHash>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -21,6 +22,22 @@ namespace orvanta {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// What failed, in the interface's language; empty for a kind this version does not know.
+QString kindText(const AppViewModel &model, const QString &kind)
+{
+    static const QHash<QString, const char *> keys {
+        { u"jpg_unreadable"_s, "failure_jpg_unreadable" },
+        { u"raw_unreadable"_s, "failure_raw_unreadable" },
+        { u"colour_unmatched"_s, "failure_colour_unmatched" },
+        { u"encode_failed"_s, "failure_encode_failed" },
+        { u"write_failed"_s, "failure_write_failed" },
+        { u"destination_gone"_s, "failure_destination_gone" },
+    };
+    const char *key = keys.value(kind);
+    return key ? model.t(key) : QString();
+}
+
 constexpr int kPathRole = Qt::UserRole + 1;
 } // namespace
 
@@ -97,8 +114,14 @@ void FailureListDialog::fill()
         }
         auto *item = new QTreeWidgetItem(m_list);
         item->setText(0, photo.stem);
-        item->setText(1, reason.isEmpty() ? m_model.t("failures_no_reason") : reason);
-        item->setToolTip(1, item->text(1));
+        // What failed is said in the interface's language; the engine's own
+        // words, which name files and library errors, stay in the tooltip.
+        const QString kind = kindText(m_model, photo.kind);
+        item->setText(1,
+                      !kind.isEmpty()        ? kind
+                          : reason.isEmpty() ? m_model.t("failures_no_reason")
+                                             : reason);
+        item->setToolTip(1, reason.isEmpty() ? item->text(1) : reason);
         item->setData(0, kPathRole, path);
     }
     m_list->resizeColumnToContents(0);

@@ -456,7 +456,8 @@ void TestBatchController::reprocessRunsEachFolderAndRetryOnlyTheFailed()
     EngineScenario scenario({
         eventLine(R"({"type":"scan","pairs":2,"pending":2})"),
         eventLine(R"({"type":"item_start","stem":"A2","index":2,"total":2})"),
-        eventLine(R"({"type":"item_failed","stem":"A2","error":"unreadable raw"})"),
+        eventLine(
+            R"({"type":"item_failed","stem":"A2","error":"unreadable raw","reason":"raw_unreadable"})"),
         eventLine(R"({"type":"batch_done","success":0,"failed":1})"),
     });
     AppViewModel &m = *m_model;
@@ -493,8 +494,9 @@ void TestBatchController::reprocessRunsEachFolderAndRetryOnlyTheFailed()
 
     // The last run's failure, with the engine's reason; a retry runs
     // exactly that photo again from the folder it failed in.
-    QCOMPARE(m.batch()->runFailures(),
-             (QList<FailedPhoto> { { u"A2"_s, u"unreadable raw"_s, source } }));
+    QCOMPARE(
+        m.batch()->runFailures(),
+        (QList<FailedPhoto> { { u"A2"_s, u"unreadable raw"_s, source, u"raw_unreadable"_s } }));
     m.batch()->retryFailed();
     QTRY_COMPARE_WITH_TIMEOUT(scenario.starts().size(), 4, 20000);
     QTRY_VERIFY_WITH_TIMEOUT(!m.isRunning(), 20000);

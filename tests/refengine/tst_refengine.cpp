@@ -537,6 +537,7 @@ private slots:
         QCOMPARE(engine.run(), 0);
         QCOMPARE(engine.events(u"item_failed"_s).size(), 1);
         QCOMPARE(engine.event(u"item_failed"_s).value(u"stem"_s).toString(), u"broken"_s);
+        QCOMPARE(engine.event(u"item_failed"_s).value(u"reason"_s).toString(), u"raw_unreadable"_s);
         QCOMPARE(engine.event(u"batch_done"_s).value(u"success"_s).toInt(), 1);
         QCOMPARE(engine.event(u"batch_done"_s).value(u"failed"_s).toInt(), 1);
         const Row failed = rowFor(u"broken"_s);

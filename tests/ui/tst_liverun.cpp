@@ -396,27 +396,33 @@ void LiveRunTest::failuresAreOfferedAfterTheBatchWithTheirReasons()
     TaskProgressCard card(m);
     auto *row = card.findChild<QWidget *>(u"cardFailures"_s);
     QVERIFY(!row->isVisibleTo(&card));
-    const QList<FailedPhoto> failures { { u"IMG_7"_s, u"unreadable raw"_s, u"/shoot"_s },
-                                        { u"IMG_9"_s, QString(), u"/shoot"_s } };
+    const QList<FailedPhoto> failures {
+        { u"IMG_7"_s, u"RAW open: Unsupported file format"_s, u"/shoot"_s, u"raw_unreadable"_s },
+        { u"IMG_8"_s, u"a newer engine's words"_s, u"/shoot"_s, u"kind_not_known_yet"_s },
+        { u"IMG_9"_s, QString(), u"/shoot"_s }
+    };
     m.batch()->setStateForTest([&](BatchRunState &s) {
         s.isRunning = true;
-        s.runFailedCount = 2;
+        s.runFailedCount = 3;
         s.runFailures = failures;
     });
     QVERIFY(!row->isVisibleTo(&card)); // not while the batch still runs
     m.batch()->setStateForTest([](BatchRunState &s) { s.isRunning = false; });
     QVERIFY(row->isVisibleTo(&card));
-    QCOMPARE(labelText(&card, u"cardFailureCount"_s), u"2 failed"_s);
+    QCOMPARE(labelText(&card, u"cardFailureCount"_s), u"3 failed"_s);
 
     FailureListDialog dialog(m);
     QStringList revealed;
     dialog.setRevealer([&](const QString &path) { revealed << path; });
     QTreeWidget *list = dialog.list();
-    QCOMPARE(list->topLevelItemCount(), 2);
-    QCOMPARE(list->topLevelItem(0)->text(1), u"unreadable raw"_s);
+    QCOMPARE(list->topLevelItemCount(), 3);
+    // What failed in the interface's language, the engine's words beside it.
+    QCOMPARE(list->topLevelItem(0)->text(1), u"The RAW file cannot be read"_s);
+    QCOMPARE(list->topLevelItem(0)->toolTip(1), u"RAW open: Unsupported file format"_s);
+    QCOMPARE(list->topLevelItem(1)->text(1), u"a newer engine's words"_s);
     // Without a reason from the engine, the list says so instead of a blank.
-    QCOMPARE(list->topLevelItem(1)->text(1), u"The engine gave no reason"_s);
-    list->setCurrentItem(list->topLevelItem(1));
+    QCOMPARE(list->topLevelItem(2)->text(1), u"The engine gave no reason"_s);
+    list->setCurrentItem(list->topLevelItem(2));
     dialog.findChild<QPushButton *>(u"failureReveal"_s)->click();
     QCOMPARE(revealed, QStringList { u"/shoot"_s });
     m.batch()->setStateForTest([](BatchRunState &s) {

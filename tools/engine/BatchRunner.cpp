@@ -334,7 +334,7 @@ void BatchRunner::processPair(const PhotoPair &pair, int index)
     if (rendered.error.isEmpty())
         delivery = deliver(pair, rendered);
     else
-        delivery.error = rendered.error;
+        delivery = { {}, rendered.error, rendered.failure };
     if (delivery.abandoned)
         return; // terminating: the file is gone and nothing is recorded
     // A pause of the batch is not the photo's working time.
@@ -355,12 +355,14 @@ BatchRunner::Delivery BatchRunner::deliver(const PhotoPair &pair, const RenderRe
     // stop the batch, not fill the mount point's folder.
     if (m_options.enableCanary && !QFileInfo(m_options.destDir).isDir()) {
         d.error = u"the destination folder has disappeared: "_s + m_options.destDir;
+        d.failure = u"destination_gone"_s;
         if (!m_canaryTripped.exchange(true))
             m_log.line(u"❌ Storage canary: stopping the batch, "_s + d.error);
         return d;
     }
     if (!QDir().mkpath(folder)) {
         d.error = u"cannot create "_s + folder;
+        d.failure = u"write_failed"_s;
         return d;
     }
     const QString output = claimOutput(QDir(folder).filePath(name), pair.stem);
@@ -378,6 +380,7 @@ BatchRunner::Delivery BatchRunner::deliver(const PhotoPair &pair, const RenderRe
         QFile::remove(temp);
     releaseTemp(temp);
     if (!d.error.isEmpty()) {
+        d.failure = u"write_failed"_s;
         releaseOutput(output);
         return d;
     }
@@ -432,8 +435,8 @@ void BatchRunner::report(const PhotoPair &pair, const RenderResult &rendered,
         QJsonObject failed = where;
         failed.insert(u"error"_s, delivery.error);
         failed.insert(u"status"_s, u"FAILED"_s);
-        if (rendered.colourUnmatched)
-            failed.insert(u"reason"_s, u"colour_unmatched"_s);
+        if (!delivery.failure.isEmpty())
+            failed.insert(u"reason"_s, delivery.failure);
         if (rendered.colourResidual)
             failed.insert(u"colour_residual"_s, *rendered.colourResidual);
         m_log.event(u"item_failed"_s, failed);

@@ -53,6 +53,7 @@ private:
     {
         QString outputPath;
         QString error; // empty when delivered
+        QString failure; // what failed, as the progress records name it
         bool abandoned = false; // the engine is terminating
         double writeSec = 0.0; // writing the file and moving it into place
     };

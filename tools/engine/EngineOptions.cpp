@@ -243,9 +243,11 @@ a lone RAW waits for its JPG. Ctrl+C (SIGINT) ends it: 0 when it was idle,
 130 when photos were being converted (those in flight are finished first).
 If SOURCE disappears (a disk unplugged) it waits for it to come back.
 --json-stream records: run and watch send "scan", "item_start", "item_done",
-"item_failed" and at the end "batch_done"; watch adds "watch_started" {folder},
-"watch_waiting" {stem, waiting_for: raw|jpg|write}, "watch_idle" {success,
-failed}, "watch_lost" {folder, reason} and "watch_back" {folder}.
+"item_failed" {reason: jpg_unreadable|raw_unreadable|colour_unmatched|
+encode_failed|write_failed|destination_gone} and at the end "batch_done"; watch
+adds "watch_started" {folder}, "watch_waiting" {stem, waiting_for:
+raw|jpg|write}, "watch_idle" {success, failed}, "watch_lost" {folder, reason}
+and "watch_back" {folder}.
 Exit status: 0 batch finished (failed items are counted, not fatal), 1 usage or
 set-up error, 2 stopped by the storage canary, 130 interrupted, 143 terminated.
 )"_s;

@@ -299,7 +299,7 @@ bool matchColours(WorkPlanes &p, double baselineStops, int threads, RenderResult
     result.colourResidual = fit.residualStops;
     result.colourFit = QString::fromLatin1(fitName(fit.kind));
     if (!fit.matched) {
-        result.colourUnmatched = true;
+        result.failure = u"colour_unmatched"_s;
         result.error = u"cannot match the JPG to the RAW: "_s + fit.issue;
         return false;
     }
@@ -341,6 +341,7 @@ RenderResult renderPair(const RenderRequest &request)
     };
     QFile jpgFile(request.jpgPath);
     if (!jpgFile.open(QIODevice::ReadOnly)) {
+        result.failure = u"jpg_unreadable"_s;
         result.error = u"cannot read the JPG: "_s + jpgFile.errorString();
         return result;
     }
@@ -351,6 +352,7 @@ RenderResult renderPair(const RenderRequest &request)
     {
         JpegDecoder header;
         if (!header.open(jpgBytes, {})) {
+            result.failure = u"jpg_unreadable"_s;
             result.error = u"JPG: "_s + header.error();
             return result;
         }
@@ -361,8 +363,10 @@ RenderResult renderPair(const RenderRequest &request)
             scale *= 2;
     }
     const ImageBuffer work = decodeJpeg(jpgBytes, scale, result.error);
-    if (work.isNull())
+    if (work.isNull()) {
+        result.failure = u"jpg_unreadable"_s;
         return result;
+    }
     lap(u"jpg_decode"_s);
     const auto tags = exiv::readTags(request.jpgPath);
     const int orientation = tags && tags->orientation ? *tags->orientation : 1;
@@ -393,6 +397,7 @@ RenderResult renderPair(const RenderRequest &request)
     result.faces = faces.count;
     result.stages.append({ u"faces"_s, faces.seconds });
     if (!raw.error.isEmpty()) {
+        result.failure = u"raw_unreadable"_s;
         result.error = raw.error;
         return result;
     }
@@ -426,6 +431,7 @@ RenderResult renderPair(const RenderRequest &request)
     lap(u"tone_gain"_s);
     const UltraHdrEncodeResult encoded = encodeUltraHdr(jpgBytes, std::move(cells), options);
     if (encoded.bytes.isEmpty()) {
+        result.failure = u"encode_failed"_s;
         result.error = u"Ultra HDR encoding failed: "_s + encoded.error;
         return result;
     }

@@ -46,7 +46,10 @@ struct RenderResult
     // over the pixels both hold; empty when the RAW was never developed.
     std::optional<double> colourResidual;
     QString colourFit; // "matrix", "per_channel" or "exposure"
-    bool colourUnmatched = false; // the JPG is not a rendering of the RAW: nothing delivered
+    // What failed, for the progress records: "jpg_unreadable", "raw_unreadable",
+    // "colour_unmatched" (the JPG is not a rendering of the RAW) or
+    // "encode_failed"; empty on success.
+    QString failure;
     // Seconds spent in each step, in the order they ran, for the progress records.
     QList<std::pair<QString, double>> stages;
     bool backlit = false; // the fill light was applied

@@ -564,6 +564,14 @@ constexpr StringEntry kEntries[] = {
     { "card_watch_lost_unmounted",
       "Das Laufwerk mit dem beobachteten Ordner wurde entfernt. Warte, bis es wieder da ist …" },
     { "status_watching", "%@ wird auf neue Fotos beobachtet" },
+    // What made a photo fail, as the failure list says it
+    { "failure_jpg_unreadable", "Das Kamera-JPG kann nicht gelesen werden" },
+    { "failure_raw_unreadable", "Die RAW-Datei kann nicht gelesen werden" },
+    { "failure_colour_unmatched",
+      "Das JPG passt nicht zu den Farben der RAW-Datei, daher wurde keine HDR-Fassung erstellt" },
+    { "failure_encode_failed", "Die Ultra-HDR-Datei konnte nicht erstellt werden" },
+    { "failure_write_failed", "Das Ergebnis konnte nicht im Zielordner gespeichert werden" },
+    { "failure_destination_gone", "Der Zielordner ist während des Stapels verschwunden" },
 };
 } // namespace
 

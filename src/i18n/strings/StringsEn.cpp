@@ -546,6 +546,14 @@ constexpr StringEntry kEntries[] = {
     { "card_watch_lost_unmounted",
       "The disk holding the watched folder was removed. Waiting for it to come back…" },
     { "status_watching", "Watching %@ for new photos" },
+    // What made a photo fail, as the failure list says it
+    { "failure_jpg_unreadable", "The camera JPG cannot be read" },
+    { "failure_raw_unreadable", "The RAW file cannot be read" },
+    { "failure_colour_unmatched",
+      "The JPG does not match the RAW’s colours, so no HDR version was made" },
+    { "failure_encode_failed", "The Ultra HDR file could not be made" },
+    { "failure_write_failed", "The result could not be saved in the destination folder" },
+    { "failure_destination_gone", "The destination folder disappeared during the batch" },
 };
 } // namespace
 

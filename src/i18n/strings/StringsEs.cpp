@@ -569,6 +569,14 @@ constexpr StringEntry kEntries[] = {
     { "card_watch_lost_unmounted",
       "Se ha retirado el disco que contiene la carpeta vigilada. Esperando a que vuelva…" },
     { "status_watching", "Vigilando %@ a la espera de fotos nuevas" },
+    // What made a photo fail, as the failure list says it
+    { "failure_jpg_unreadable", "No se puede leer el JPG de la cámara" },
+    { "failure_raw_unreadable", "No se puede leer el archivo RAW" },
+    { "failure_colour_unmatched",
+      "El JPG no coincide con los colores del RAW, así que no se creó la versión HDR" },
+    { "failure_encode_failed", "No se pudo crear el archivo Ultra HDR" },
+    { "failure_write_failed", "No se pudo guardar el resultado en la carpeta de destino" },
+    { "failure_destination_gone", "La carpeta de destino desapareció durante el lote" },
 };
 } // namespace
 

@@ -574,6 +574,15 @@ constexpr StringEntry kEntries[] = {
     { "card_watch_lost_unmounted",
       "Le disque contenant le dossier surveillé a été retiré. En attente de son retour…" },
     { "status_watching", "Surveillance de %@ en attente de nouvelles photos" },
+    // What made a photo fail, as the failure list says it
+    { "failure_jpg_unreadable", "Le JPG de l’appareil est illisible" },
+    { "failure_raw_unreadable", "Le fichier RAW est illisible" },
+    { "failure_colour_unmatched",
+      "Le JPG ne correspond pas aux couleurs du RAW : aucune version HDR n’a été créée" },
+    { "failure_encode_failed", "Le fichier Ultra HDR n’a pas pu être créé" },
+    { "failure_write_failed",
+      "Le résultat n’a pas pu être enregistré dans le dossier de destination" },
+    { "failure_destination_gone", "Le dossier de destination a disparu pendant le lot" },
 };
 } // namespace
 

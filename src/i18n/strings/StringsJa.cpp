@@ -548,6 +548,13 @@ constexpr StringEntry kEntries[] = {
     { "card_watch_lost_unmounted",
       "監視中のフォルダーのディスクが取り外されました。戻るのを待っています…" },
     { "status_watching", "%@ で新しい写真を監視中" },
+    // What made a photo fail, as the failure list says it
+    { "failure_jpg_unreadable", "カメラのJPGを読み込めません" },
+    { "failure_raw_unreadable", "RAWファイルを読み込めません" },
+    { "failure_colour_unmatched", "JPGの色がRAWと一致しないため、HDR版は作成されませんでした" },
+    { "failure_encode_failed", "Ultra HDRファイルを作成できませんでした" },
+    { "failure_write_failed", "結果を保存先フォルダーに保存できませんでした" },
+    { "failure_destination_gone", "バッチの処理中に保存先フォルダーが見つからなくなりました" },
 };
 } // namespace
 

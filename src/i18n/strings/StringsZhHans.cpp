@@ -505,6 +505,13 @@ constexpr StringEntry kEntries[] = {
     { "card_watch_lost", "监视的文件夹已不存在（已移动或删除）。正在等待它恢复…" },
     { "card_watch_lost_unmounted", "存放监视文件夹的磁盘已被移除。正在等待它恢复…" },
     { "status_watching", "正在监视 %@ 中的新照片" },
+    // What made a photo fail, as the failure list says it
+    { "failure_jpg_unreadable", "无法读取相机 JPG" },
+    { "failure_raw_unreadable", "无法读取 RAW 文件" },
+    { "failure_colour_unmatched", "JPG 与 RAW 的颜色不一致，因此未生成 HDR 版本" },
+    { "failure_encode_failed", "无法生成 Ultra HDR 文件" },
+    { "failure_write_failed", "无法将结果保存到目标文件夹" },
+    { "failure_destination_gone", "批处理期间目标文件夹已消失" },
 };
 } // namespace
 

@@ -507,6 +507,13 @@ constexpr StringEntry kEntries[] = {
     { "card_watch_lost", "監看的資料夾已不存在（已移動或刪除）。正在等待它恢復…" },
     { "card_watch_lost_unmounted", "存放監看資料夾的磁碟已被移除。正在等待它恢復…" },
     { "status_watching", "正在監看 %@ 中的新照片" },
+    // What made a photo fail, as the failure list says it
+    { "failure_jpg_unreadable", "無法讀取相機 JPG" },
+    { "failure_raw_unreadable", "無法讀取 RAW 檔案" },
+    { "failure_colour_unmatched", "JPG 與 RAW 的色彩不一致，因此未產生 HDR 版本" },
+    { "failure_encode_failed", "無法產生 Ultra HDR 檔案" },
+    { "failure_write_failed", "無法將結果儲存到目的地資料夾" },
+    { "failure_destination_gone", "批次處理期間目的地資料夾已消失" },
 };
 } // namespace
 
