@@ -16,7 +16,8 @@
 # (default 16), PAIRS (default 6). Writes paused-card-LANG.png (the paused
 # batch), failures-card-LANG.png (the card after the batch) and
 # failures-LANG.png (the failure list, taken by its window id for the reason
-# capture.sh explains).
+# capture.sh explains), watching-LANG.png (a watched folder after a pair was
+# copied in) and watching-lost-en.png (the watched folder moved away).
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 
@@ -123,4 +124,42 @@ for lang in $langs; do
   kill "$app"
   wait "$app" 2>/dev/null || true
 done
-echo "screenshots in $out: $(for l in $langs; do printf 'paused-card-%s failures-card-%s failures-%s ' "$l" "$l" "$l"; done)"
+# Watching: two pairs are in the folder at Start, a third is copied in once
+# the engine watches; for the English picture of a lost folder, the folder is
+# then moved away (the card waits for it to come back).
+for lang in $langs; do
+  home="$work/watch-$lang"
+  export HOME="$home" XDG_CONFIG_HOME="$home/.config" XDG_DATA_HOME="$home/.local/share"
+  export XDG_CACHE_HOME="$home/.cache" XDG_RUNTIME_DIR="$home/runtime"
+  mkdir -p "$XDG_CONFIG_HOME/orvanta" "$XDG_DATA_HOME" "$XDG_CACHE_HOME" "$XDG_RUNTIME_DIR"
+  chmod 700 "$XDG_RUNTIME_DIR"
+  source="$home/Pictures/Shoot 2026-11-25/Card A/incoming" dest="$home/Pictures/UltraHDR"
+  "$build/tools/samples/orvanta-sample-pairs" "$home/cards" 3 >/dev/null
+  mkdir -p "$source" "$dest"
+  mv "$home/cards"/SAMPLE_0001.* "$home/cards"/SAMPLE_0002.* "$source"/
+  printf '{\n  "source_dir" : "%s",\n  "dest_dir" : "%s",\n  "watch_folder" : true\n}\n' \
+    "$source" "$dest" >"$XDG_CONFIG_HOME/orvanta/config.json"
+  printf '[General]\norvanta_preferred_language=%s\n' "$lang" >"$XDG_CONFIG_HOME/orvanta/orvanta.conf"
+
+  "$build/src/app/orvanta" >"$work/app-watch-$lang.log" 2>&1 &
+  app=$!
+  pids+=($app)
+  main=$(wait_window '^Orvanta$')
+  sleep 2
+  xdotool windowactivate --sync "$main" key --clearmodifiers ctrl+r
+  for _ in $(seq 100); do pgrep -f "orvanta_engine watch" >/dev/null && break; sleep 0.1; done
+  sleep 4
+  cp "$home/cards"/SAMPLE_0003.DNG "$home/cards"/SAMPLE_0003.JPG "$source"/
+  sleep 5
+  root_shot "$out/watching-$lang.png"
+  if [ "$lang" = en ]; then
+    mv "$source" "$source.moved"
+    sleep 3
+    root_shot "$out/watching-lost-en.png"
+  fi
+  xdotool key --clearmodifiers ctrl+period
+  for _ in $(seq 100); do pgrep -f "orvanta_engine watch" >/dev/null || break; sleep 0.1; done
+  kill "$app"
+  wait "$app" 2>/dev/null || true
+done
+echo "screenshots in $out: $(for l in $langs; do printf 'paused-card-%s failures-card-%s failures-%s watching-%s ' "$l" "$l" "$l" "$l"; done)"
