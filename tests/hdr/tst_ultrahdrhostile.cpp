@@ -205,6 +205,32 @@ private slots:
         QVERIFY(result.gainMapIssue.contains(u"cannot be decoded"_s));
         QCOMPARE(result.image, decodeUltraHdr(file, { 1.0, false }).image);
     }
+    // A camera JPG becomes the primary byte for byte, never decoded by the
+    // writer: one whose scan is hidden inside another segment's length (found
+    // by fuzzing) must be refused, not delivered as a file readers call cut.
+    void primaryWithoutAScanIsRefusedByTheWriter()
+    {
+        const QByteArray sdr = encodeSdr(makeSdr(40, 24));
+        const GainMapCells cells { 10, 6, 1, std::vector<float>(60, 1.5f) };
+        const UltraHdrEncodeResult whole = encodeUltraHdr(QByteArrayView(sdr), cells, {});
+        QVERIFY2(decodeUltraHdr(whole.bytes).gainMapApplied, qPrintable(whole.error));
+        QCOMPARE(whole.metadata.channels[0].maxLog2, 1.5 + 1.0 / 64);
+
+        QByteArray hidden = sdr;
+        const JpegStream stream = walkJpeg(hidden);
+        for (qsizetype i = 1; i < stream.segments.size(); ++i) {
+            if (stream.segments[i].marker != jpeg::SOS)
+                continue;
+            const JpegSegment &before = stream.segments[i - 1];
+            const int length = int(stream.segments[i].offset - before.offset) + 16;
+            hidden[before.offset + 2] = char(length >> 8);
+            hidden[before.offset + 3] = char(length & 0xFF);
+            break;
+        }
+        const UltraHdrEncodeResult refused = encodeUltraHdr(QByteArrayView(hidden), cells, {});
+        QVERIFY(refused.bytes.isEmpty());
+        QVERIFY(!refused.error.isEmpty());
+    }
     void randomByteDamageNeverCrashes()
     {
         const QByteArray file = validFile();

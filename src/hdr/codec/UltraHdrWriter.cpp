@@ -231,10 +231,13 @@ bool isDropped(QByteArrayView data, const JpegSegment &segment)
 
 // The image with `inserted` placed after its leading JFIF/Exif segments and
 // its own XMP, MPF and ISO blocks removed. `insertAt` receives the position.
+// Empty unless the image is whole: a frame header, a scan and its end.
 QByteArray rebuildImage(QByteArrayView data, const QByteArray &inserted, qsizetype *insertAt)
 {
     const JpegStream stream = walkJpeg(data, 0);
-    if (!stream.complete)
+    const bool scanned = std::any_of(stream.segments.cbegin(), stream.segments.cend(),
+                                     [](const JpegSegment &s) { return s.marker == jpeg::SOS; });
+    if (!stream.complete || stream.width <= 0 || !scanned)
         return {};
     QByteArray out("\xFF\xD8", 2);
     bool insertedYet = false;
