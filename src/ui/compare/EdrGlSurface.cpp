@@ -14,7 +14,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <thread>
 
 namespace orvanta {
 
@@ -144,6 +143,7 @@ void main() {
 EdrGlSurface::EdrGlSurface(StateSource source, QWidget *parent)
     : QOpenGLWidget(parent)
     , m_source(std::move(source))
+    , m_textures(this, [this] { update(); })
 {
     QSurfaceFormat format = QSurfaceFormat::defaultFormat();
     format.setVersion(3, 3);
@@ -176,12 +176,7 @@ EdrGlSurface::~EdrGlSurface()
 
 void EdrGlSurface::releaseGl()
 {
-    if (m_sdrTexture)
-        glDeleteTextures(1, &m_sdrTexture);
-    if (m_hdrTexture)
-        glDeleteTextures(1, &m_hdrTexture);
-    m_sdrTexture = m_hdrTexture = 0;
-    m_hasTextures = false;
+    m_textures.release();
     m_shown.reset();
     m_scratch.reset();
     m_layer.reset();
@@ -192,15 +187,13 @@ void EdrGlSurface::releaseGl()
 
 void EdrGlSurface::setPictures(const QImage &sdr, const QImage &hdr)
 {
-    m_pendingSdr = sdr;
-    m_pendingHdr = hdr;
-    m_pendingUpload = true;
-    update();
+    m_textures.setPictures(sdr, hdr);
 }
 
 void EdrGlSurface::initializeGL()
 {
     initializeOpenGLFunctions();
+    m_textures.initialize();
     disconnect(m_contextGone);
     m_contextGone = connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, [this] {
         // The pictures went with the context; the next pair brings new ones.
@@ -228,59 +221,34 @@ void EdrGlSurface::initializeGL()
     m_vao->create();
 }
 
-void EdrGlSurface::uploadLevel(int level, const QImage &image)
+void EdrGlSurface::uploadPending(bool wait)
 {
-    glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
-    glPixelStorei(GL_UNPACK_ROW_LENGTH, int(image.bytesPerLine() / 8));
-    glTexSubImage2D(GL_TEXTURE_2D, level, 0, 0, image.width(), image.height(), GL_RGBA,
-                    GL_HALF_FLOAT, image.constBits());
-    glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
-}
-
-void EdrGlSurface::uploadTexture(unsigned &texture, const QImage &image,
-                                 const std::vector<QImage> &levels)
-{
-    // Storage for every level at once: levels given one by one would make the
-    // driver allocate and then copy the whole chain again before the first draw.
-    if (texture)
-        glDeleteTextures(1, &texture); // storage of a fixed size cannot be resized
-    glGenTextures(1, &texture);
-    glBindTexture(GL_TEXTURE_2D, texture);
-    glTexStorage2D(GL_TEXTURE_2D, GLsizei(levels.size()) + 1, GL_RGBA16F, image.width(),
-                   image.height());
-    uploadLevel(0, image);
-    for (std::size_t i = 0; i < levels.size(); ++i)
-        uploadLevel(int(i) + 1, levels[i]);
-    // Zoomed-out views read the nearest reduced level (bilinear within it), so a
-    // frame never filters the whole picture and costs two texel reads at most.
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_NEAREST);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
-}
-
-void EdrGlSurface::uploadPending()
-{
-    if (!m_pendingUpload)
+    if (!m_textures.uploadReduced(wait))
         return;
-    m_pendingUpload = false;
-    if (m_pendingSdr.isNull() || m_pendingHdr.isNull())
-        return;
-    // The reduced levels of one picture are computed on a second thread while
-    // this one computes the other's; both are joined before this returns.
-    std::vector<QImage> sdrLevels;
-    std::thread reducing([&] { sdrLevels = edr::reducedLevels(m_pendingSdr); });
-    uploadTexture(m_hdrTexture, m_pendingHdr, edr::reducedLevels(m_pendingHdr));
-    reducing.join();
-    uploadTexture(m_sdrTexture, m_pendingSdr, sdrLevels);
-    m_sdrSize = m_pendingSdr.size();
-    m_hdrSize = m_pendingHdr.size();
-    m_hasTextures = true;
     m_shown.reset();
-    // The viewer keeps what it needs of the pictures; the textures hold the rest.
-    m_pendingSdr = QImage();
-    m_pendingHdr = QImage();
     Q_EMIT picturesUploaded();
+    if (wait) {
+        while (m_textures.uploadNextDetail()) { }
+        Q_EMIT detailUploaded();
+    } else {
+        // After this frame is on screen.
+        QMetaObject::invokeMethod(this, &EdrGlSurface::uploadDetail, Qt::QueuedConnection);
+    }
+}
+
+void EdrGlSurface::uploadDetail()
+{
+    if (!m_textures.detailPending() || !isValid())
+        return;
+    makeCurrent();
+    const bool more = m_textures.uploadNextDetail();
+    doneCurrent();
+    m_shown.reset(); // the last frame may have read a reduced level in its place
+    update();
+    if (more) // one side per turn, so input and frames come between them
+        QMetaObject::invokeMethod(this, &EdrGlSurface::uploadDetail, Qt::QueuedConnection);
+    else
+        Q_EMIT detailUploaded();
 }
 
 void EdrGlSurface::resizeGL(int, int)
@@ -301,7 +269,7 @@ QRect dividerColumns(double a, double b, int height)
 
 bool EdrGlSurface::usesLayer(const EdrFrameState &state) const
 {
-    return m_hasTextures && !state.placement.isEmpty() && state.encodeSrgb
+    return m_textures.hasTextures() && !state.placement.isEmpty() && state.encodeSrgb
         && (state.zebra || state.shadowZebra);
 }
 
@@ -311,7 +279,7 @@ void EdrGlSurface::paintGL()
         return;
     QElapsedTimer timer;
     timer.start();
-    uploadPending();
+    uploadPending(false);
     const QSizeF drawable = QSizeF(size()) * devicePixelRatioF();
     const EdrFrameState state = m_source(drawable);
     // With stripes on, the picture is drawn into a layer that pans like the
@@ -322,8 +290,9 @@ void EdrGlSurface::paintGL()
         m_shown.reset();
     }
     const GLuint target = layered ? m_layer->handle() : defaultFramebufferObject();
-    const QList<QRect> regions
-        = m_shown && m_hasTextures ? changedRegions(state, drawable, target) : QList<QRect>();
+    const QList<QRect> regions = m_shown && m_textures.hasTextures()
+        ? changedRegions(state, drawable, target)
+        : QList<QRect>();
     glBindFramebuffer(GL_FRAMEBUFFER, target);
     drawRegions(state, drawable, regions, layered);
     if (layered) {
@@ -334,7 +303,7 @@ void EdrGlSurface::paintGL()
                         { dividerColumns(state.splitX, state.splitX, int(drawable.height())) },
                         false);
     }
-    m_shown = m_hasTextures ? std::optional(state) : std::nullopt;
+    m_shown = m_textures.hasTextures() ? std::optional(state) : std::nullopt;
     if (m_finishEachFrame)
         glFinish();
     m_lastPaintMs = timer.nsecsElapsed() / 1e6;
@@ -418,7 +387,7 @@ void EdrGlSurface::shiftFramebuffer(unsigned target, int dx, int dy, QSize size)
 void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable, bool toLayer)
 {
     glViewport(0, 0, int(drawable.width()), int(drawable.height()));
-    if (!m_hasTextures || state.placement.isEmpty()) {
+    if (!m_textures.hasTextures() || state.placement.isEmpty()) {
         // Nothing to compare yet: the backdrop only.
         if (state.encodeSrgb)
             glClearColor(0.3130f, 0.3325f, 0.3325f, 1.0f); // the backdrop, sRGB-encoded
@@ -427,14 +396,23 @@ void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable, bool t
         glClear(GL_COLOR_BUFFER_BIT);
         return;
     }
+    const QRectF &r = state.placement;
+    // One level for the whole frame, chosen from the scale as
+    // GL_LINEAR_MIPMAP_NEAREST would: per-pixel level selection costs llvmpipe
+    // more than the filtering itself.
+    const auto level = [&r](QSize texture) {
+        const double lod = std::max(0.0, std::log2(texture.width() / r.width()));
+        return lod <= 0.5 ? 0 : int(std::ceil(lod + 0.5)) - 1;
+    };
+    const EdrPictureTextures::Binding sdr = m_textures.sdrBinding(level(m_textures.sdrSize()));
+    const EdrPictureTextures::Binding hdr = m_textures.hdrBinding(level(m_textures.hdrSize()));
     m_program->bind();
     glActiveTexture(GL_TEXTURE0);
-    glBindTexture(GL_TEXTURE_2D, m_sdrTexture);
+    glBindTexture(GL_TEXTURE_2D, sdr.texture);
     glActiveTexture(GL_TEXTURE1);
-    glBindTexture(GL_TEXTURE_2D, m_hdrTexture);
+    glBindTexture(GL_TEXTURE_2D, hdr.texture);
     m_program->setUniformValue("sdrTexture", 0);
     m_program->setUniformValue("hdrTexture", 1);
-    const QRectF &r = state.placement;
     m_program->setUniformValue("placement", float(r.x()), float(r.y()), float(r.width()),
                                float(r.height()));
     m_program->setUniformValue("splitX", float(state.splitX));
@@ -447,13 +425,8 @@ void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable, bool t
     m_program->setUniformValue("filmicGain", state.filmicGain);
     m_program->setUniformValue("encodeSrgb", state.encodeSrgb ? 1 : 0);
     m_program->setUniformValue("toLayer", toLayer ? 1 : 0);
-    // One level for the whole frame, chosen from the scale: per-pixel level
-    // selection costs llvmpipe more than the filtering itself.
-    const auto level = [&r](QSize texture) {
-        return float(std::max(0.0, std::log2(texture.width() / r.width())));
-    };
-    m_program->setUniformValue("sdrLod", level(m_sdrSize));
-    m_program->setUniformValue("hdrLod", level(m_hdrSize));
+    m_program->setUniformValue("sdrLod", sdr.lod);
+    m_program->setUniformValue("hdrLod", hdr.lod);
     m_vao->bind();
     glDrawArrays(GL_TRIANGLES, 0, 3);
     m_vao->release();
@@ -470,7 +443,7 @@ QImage EdrGlSurface::renderLinear(QSize size)
         doneCurrent();
         return {};
     }
-    uploadPending();
+    uploadPending(true);
     QOpenGLFramebufferObjectFormat format;
     format.setInternalTextureFormat(GL_RGBA16F);
     QOpenGLFramebufferObject fbo(size, format);

@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // The OpenGL drawing of the EDR viewer: keeps the photo pair as half-float
-// textures (uploaded once per pair, mipmapped) and composes each frame in one
-// full-screen pass running the zebra and filmic kernels. Main thread.
+// textures (uploaded once per pair, with reduced levels) and composes each
+// frame in one full-screen pass running the zebra and filmic kernels. Main thread.
 #pragma once
 
 #include "hdr/EdrViewerTypes.h"
+#include "ui/compare/EdrPictureTextures.h"
 
 #include <QImage>
 #include <QList>
@@ -54,10 +55,13 @@ public:
     explicit EdrGlSurface(StateSource source, QWidget *parent = nullptr);
     ~EdrGlSurface() override;
 
-    // The next frame uploads these (the old textures stay until then). The
+    // The first frame after their reduced levels are averaged shows these
+    // (the old pictures stay until then); the full resolution follows. The
     // images must be RGBA16FPx4 in linear light.
     void setPictures(const QImage &sdr, const QImage &hdr);
-    bool hasPictures() const { return m_hasTextures || m_pendingUpload; }
+    bool hasPictures() const { return m_textures.hasTextures() || m_textures.hasPending(); }
+    // Whether everything of the last pair is on the GPU.
+    bool uploadsComplete() const { return !m_textures.hasPending() && !m_textures.detailPending(); }
 
     // Renders the current state into a float framebuffer of `size` and reads
     // it back (rows top-down) as RGBA32FPx4, without sRGB encoding.
@@ -70,7 +74,10 @@ public:
     double lastPaintMs() const { return m_lastPaintMs; }
 
 Q_SIGNALS:
+    // A new pair is drawn (from its reduced levels).
     void picturesUploaded();
+    // ... and its full resolution is on the GPU as well.
+    void detailUploaded();
 
 protected:
     void initializeGL() override;
@@ -78,9 +85,9 @@ protected:
     void paintGL() override;
 
 private:
-    void uploadPending();
-    void uploadLevel(int level, const QImage &image);
-    void uploadTexture(unsigned &texture, const QImage &image, const std::vector<QImage> &levels);
+    // `wait`: blocks until the pending pair is averaged and uploads all of it.
+    void uploadPending(bool wait);
+    void uploadDetail();
     // toLayer: the picture without stripes, sRGB-encoded, which stripes go in alpha.
     void drawFrame(const EdrFrameState &state, QSizeF drawable, bool toLayer);
     void drawRegions(const EdrFrameState &state, QSizeF drawable, const QList<QRect> &regions,
@@ -99,14 +106,7 @@ private:
     // class is gone, and the handler must not run on the remains.
     QMetaObject::Connection m_contextGone;
     std::unique_ptr<QOpenGLVertexArrayObject> m_vao;
-    unsigned m_sdrTexture = 0;
-    unsigned m_hdrTexture = 0;
-    bool m_hasTextures = false;
-    bool m_pendingUpload = false;
-    QImage m_pendingSdr;
-    QImage m_pendingHdr;
-    QSize m_sdrSize;
-    QSize m_hdrSize;
+    EdrPictureTextures m_textures;
     bool m_finishEachFrame = false;
     // What the framebuffer holds now; empty when it must be drawn in full.
     std::optional<EdrFrameState> m_shown;
