@@ -3,7 +3,7 @@
 
 #include "ui/compare/EdrGlSurface.h"
 
-#include "hdr/EdrKernels.h"
+#include "ui/compare/EdrShaders.h"
 
 #include <QElapsedTimer>
 #include <QOpenGLContext>
@@ -18,127 +18,6 @@
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// One triangle that covers the whole viewport; no vertex buffer needed.
-constexpr auto kVertexShader = R"(#version 330 core
-void main() {
-    vec2 corner = vec2(float((gl_VertexID << 1) & 2), float(gl_VertexID & 2));
-    gl_Position = vec4(corner * 2.0 - 1.0, 0.0, 1.0);
-}
-)";
-
-QString fragmentShader()
-{
-    QString source = u"#version 330 core\n"_s;
-    source += edr::filmicRollOffGlsl();
-    source += edr::zebraFilterGlsl();
-    source += edr::shadowZebraFilterGlsl();
-    source += uR"(
-uniform sampler2D sdrTexture;
-uniform sampler2D hdrTexture;
-uniform vec4 placement;      // x, y, width, height in drawable pixels, y up
-uniform float splitX;
-uniform int mode;            // 0 split, 1 HDR only, 2 SDR only
-uniform float zebraOn;
-uniform float zebraThreshold;
-uniform float shadowOn;
-uniform float shadowThreshold;
-uniform float filmicOn;
-uniform float filmicGain;
-uniform int encodeSrgb;
-uniform float sdrLod;        // mipmap level, fixed per frame: the scale is the same everywhere
-uniform float hdrLod;
-uniform int toLayer;         // 1: sRGB picture without stripes, stripe kind in alpha
-out vec4 fragColor;
-
-vec3 srgbEncode(vec3 c) {
-    c = clamp(c, 0.0, 1.0);
-    return mix(c * 12.92, 1.055 * pow(c, vec3(1.0 / 2.4)) - 0.055, step(vec3(0.0031308), c));
-}
-
-// 2: shadow stripes (they cover the highlight ones), 1: highlight stripes, 0: none.
-float hdrStripeKind(vec4 hdr) {
-    vec4 probe = vec4(-1.0);
-    if (shadowZebraFilter(probe, hdr, ivec2(0), shadowThreshold, shadowOn) != probe)
-        return 2.0;
-    return zebraFilter(probe, hdr, ivec2(0), zebraThreshold, zebraOn) != probe ? 1.0 : 0.0;
-}
-
-void main() {
-    vec2 p = gl_FragCoord.xy;
-    vec4 color = vec4(0.08, 0.09, 0.09, 1.0);
-    vec2 uv = (p - placement.xy) / placement.zw;
-    if (all(greaterThanEqual(uv, vec2(0.0))) && all(lessThan(uv, vec2(1.0)))) {
-        vec2 tc = vec2(uv.x, 1.0 - uv.y);
-        bool sdrSide = mode == 2 || (mode == 0 && p.x < splitX);
-        // Each side reads only the textures it needs: one per pixel unless
-        // the stripes need the HDR reference under the SDR side too.
-        vec4 hdr = vec4(0.0);
-        if (!sdrSide || zebraOn > 0.5 || shadowOn > 0.5)
-            hdr = textureLod(hdrTexture, tc, hdrLod);
-        vec4 picture;
-        if (sdrSide)
-            picture = textureLod(sdrTexture, tc, sdrLod);
-        else
-            picture = filmicOn > 0.5 ? filmicRollOff(vec4(hdr.rgb * filmicGain, hdr.a)) : hdr;
-        if (toLayer != 0) {
-            float kind = hdrStripeKind(hdr);
-            color = vec4(picture.rgb * picture.a + color.rgb * (1.0 - picture.a), 1.0);
-            fragColor = vec4(srgbEncode(color.rgb), kind / 255.0);
-            return;
-        }
-        ivec2 pixel = ivec2(floor(p));
-        picture = zebraFilter(picture, hdr, pixel, zebraThreshold, zebraOn);
-        picture = shadowZebraFilter(picture, hdr, pixel, shadowThreshold, shadowOn);
-        color = vec4(picture.rgb * picture.a + color.rgb * (1.0 - picture.a), 1.0);
-    }
-    if (toLayer != 0) {
-        fragColor = vec4(srgbEncode(color.rgb), 0.0);
-        return;
-    }
-    if (mode == 0 && p.x >= splitX - 1.0 && p.x < splitX + 1.0)
-        color = vec4(vec3(0.95) + color.rgb * 0.05, 1.0);
-    fragColor = encodeSrgb != 0 ? vec4(srgbEncode(color.rgb), 1.0) : color;
-}
-)"_s;
-    return source;
-}
-
-// Puts the cached picture layer on screen, adding the stripes where its alpha
-// says so: the stripes follow the screen, the layer follows the picture.
-QString composeShader()
-{
-    QString source = u"#version 330 core\n"_s;
-    source += edr::zebraFilterGlsl();
-    source += edr::shadowZebraFilterGlsl();
-    source += uR"(
-uniform sampler2D layer;
-out vec4 fragColor;
-
-vec3 srgbEncode(vec3 c) {
-    c = clamp(c, 0.0, 1.0);
-    return mix(c * 12.92, 1.055 * pow(c, vec3(1.0 / 2.4)) - 0.055, step(vec3(0.0031308), c));
-}
-
-void main() {
-    ivec2 pixel = ivec2(floor(gl_FragCoord.xy));
-    vec4 stored = texelFetch(layer, pixel, 0);
-    int kind = int(stored.a * 255.0 + 0.5);
-    vec4 color = vec4(stored.rgb, 1.0);
-    // The kernels decide the stripe colour; a reference past any threshold asks for it.
-    if (kind == 1)
-        color = vec4(srgbEncode(zebraFilter(color, vec4(1.0), pixel, 0.0, 1.0).rgb), 1.0);
-    else if (kind == 2)
-        color = vec4(srgbEncode(shadowZebraFilter(color, vec4(0.0), pixel, 1.0, 1.0).rgb), 1.0);
-    fragColor = color;
-}
-)"_s;
-    return source;
-}
-
-} // namespace
 
 EdrGlSurface::EdrGlSurface(StateSource source, QWidget *parent)
     : QOpenGLWidget(parent)
@@ -178,7 +57,6 @@ void EdrGlSurface::releaseGl()
 {
     m_textures.release();
     m_shown.reset();
-    m_scratch.reset();
     m_layer.reset();
     m_vao.reset();
     m_composeProgram.reset();
@@ -202,15 +80,15 @@ void EdrGlSurface::initializeGL()
         doneCurrent();
     });
     auto program = std::make_unique<QOpenGLShaderProgram>();
-    if (!program->addShaderFromSourceCode(QOpenGLShader::Vertex, kVertexShader)
-        || !program->addShaderFromSourceCode(QOpenGLShader::Fragment, fragmentShader())
+    if (!program->addShaderFromSourceCode(QOpenGLShader::Vertex, edrshaders::kVertexShader)
+        || !program->addShaderFromSourceCode(QOpenGLShader::Fragment, edrshaders::frameShader())
         || !program->link()) {
         qWarning("EDR viewer: shader build failed: %s", qPrintable(program->log()));
         return;
     }
     auto compose = std::make_unique<QOpenGLShaderProgram>();
-    if (!compose->addShaderFromSourceCode(QOpenGLShader::Vertex, kVertexShader)
-        || !compose->addShaderFromSourceCode(QOpenGLShader::Fragment, composeShader())
+    if (!compose->addShaderFromSourceCode(QOpenGLShader::Vertex, edrshaders::kVertexShader)
+        || !compose->addShaderFromSourceCode(QOpenGLShader::Fragment, edrshaders::composeShader())
         || !compose->link()) {
         qWarning("EDR viewer: shader build failed: %s", qPrintable(compose->log()));
         return;
@@ -269,8 +147,7 @@ QRect dividerColumns(double a, double b, int height)
 
 bool EdrGlSurface::usesLayer(const EdrFrameState &state) const
 {
-    return m_textures.hasTextures() && !state.placement.isEmpty() && state.encodeSrgb
-        && (state.zebra || state.shadowZebra);
+    return m_textures.hasTextures() && !state.placement.isEmpty() && state.encodeSrgb;
 }
 
 void EdrGlSurface::paintGL()
@@ -282,65 +159,113 @@ void EdrGlSurface::paintGL()
     uploadPending(false);
     const QSizeF drawable = QSizeF(size()) * devicePixelRatioF();
     const EdrFrameState state = m_source(drawable);
-    // With stripes on, the picture is drawn into a layer that pans like the
-    // picture, and a cheap pass adds the stripes, which stay put on screen.
-    const bool layered = usesLayer(state);
-    if (layered && (!m_layer || m_layer->size() != drawable.toSize())) {
-        m_layer = std::make_unique<QOpenGLFramebufferObject>(drawable.toSize());
+    if (usesLayer(state)) {
+        paintLayered(state, drawable);
+    } else {
+        glBindFramebuffer(GL_FRAMEBUFFER, defaultFramebufferObject());
+        drawFrame(state, drawable, {}, false);
         m_shown.reset();
     }
-    const GLuint target = layered ? m_layer->handle() : defaultFramebufferObject();
-    const QList<QRect> regions = m_shown && m_textures.hasTextures()
-        ? changedRegions(state, drawable, target)
-        : QList<QRect>();
-    glBindFramebuffer(GL_FRAMEBUFFER, target);
-    drawRegions(state, drawable, regions, layered);
-    if (layered) {
-        glBindFramebuffer(GL_FRAMEBUFFER, defaultFramebufferObject());
-        composeLayer(drawable);
-        if (state.mode == EDRCompareMode::Split)
-            drawRegions(state, drawable,
-                        { dividerColumns(state.splitX, state.splitX, int(drawable.height())) },
-                        false);
-    }
-    m_shown = m_textures.hasTextures() ? std::optional(state) : std::nullopt;
     if (m_finishEachFrame)
         glFinish();
     m_lastPaintMs = timer.nsecsElapsed() / 1e6;
 }
 
-void EdrGlSurface::drawRegions(const EdrFrameState &state, QSizeF drawable,
-                               const QList<QRect> &regions, bool toLayer)
+void EdrGlSurface::paintLayered(const EdrFrameState &state, QSizeF drawable)
 {
-    if (regions.isEmpty()) {
-        drawFrame(state, drawable, toLayer);
-        return;
+    const QSize size = drawable.toSize();
+    if (!m_layer || m_layer->size() != size) {
+        m_layer = std::make_unique<QOpenGLFramebufferObject>(size);
+        m_shown.reset();
     }
+    bool panned = false;
+    QList<QRect> regions = m_shown ? changedRegions(state, size, panned) : QList<QRect>();
+    if (regions.isEmpty()) {
+        m_layerOrigin = QPoint();
+        regions.append(QRect(QPoint(), size));
+    }
+    glBindFramebuffer(GL_FRAMEBUFFER, m_layer->handle());
     glEnable(GL_SCISSOR_TEST);
-    for (const QRect &r : regions) {
-        glScissor(r.x(), r.y(), r.width(), r.height());
-        drawFrame(state, drawable, toLayer);
+    for (const QRect &region : std::as_const(regions)) {
+        for (const auto &[piece, offset] : layerPieces(region)) {
+            const QRect r = piece.translated(offset);
+            glScissor(r.x(), r.y(), r.width(), r.height());
+            drawFrame(state, drawable, offset, true);
+        }
     }
     glDisable(GL_SCISSOR_TEST);
+    // The stripes stay put on screen while the picture pans under them.
+    glBindFramebuffer(GL_FRAMEBUFFER, defaultFramebufferObject());
+    present(state, panned ? QList { QRect(QPoint(), size) } : regions);
+    if (state.mode == EDRCompareMode::Split) {
+        const QRect divider = dividerColumns(state.splitX, state.splitX, size.height());
+        glEnable(GL_SCISSOR_TEST);
+        glScissor(divider.x(), divider.y(), divider.width(), divider.height());
+        drawFrame(state, drawable, {}, false);
+        glDisable(GL_SCISSOR_TEST);
+    }
+    m_shown = state;
 }
 
-void EdrGlSurface::composeLayer(QSizeF drawable)
+QList<std::pair<QRect, QPoint>> EdrGlSurface::layerPieces(const QRect &screen) const
 {
-    glViewport(0, 0, int(drawable.width()), int(drawable.height()));
+    const QSize size = m_layer->size();
+    const int wrapX = size.width() - m_layerOrigin.x();
+    const int wrapY = size.height() - m_layerOrigin.y();
+    QList<std::pair<QRect, QPoint>> pieces;
+    for (const QRect &columns : { QRect(0, 0, wrapX, size.height()),
+                                  QRect(wrapX, 0, size.width() - wrapX, size.height()) }) {
+        for (const QRect &rows : { QRect(0, 0, size.width(), wrapY),
+                                   QRect(0, wrapY, size.width(), size.height() - wrapY) }) {
+            const QRect piece = screen & columns & rows;
+            if (piece.isEmpty())
+                continue;
+            const QPoint offset(m_layerOrigin.x() - (piece.x() < wrapX ? 0 : size.width()),
+                                m_layerOrigin.y() - (piece.y() < wrapY ? 0 : size.height()));
+            pieces.append({ piece, offset });
+        }
+    }
+    return pieces;
+}
+
+void EdrGlSurface::present(const EdrFrameState &state, const QList<QRect> &regions)
+{
+    const QSize size = m_layer->size();
+    if (!state.zebra && !state.shadowZebra) {
+        // Without stripes the layer is the picture as shown: copied, not drawn.
+        glBindFramebuffer(GL_READ_FRAMEBUFFER, m_layer->handle());
+        for (const QRect &region : regions) {
+            for (const auto &[piece, offset] : layerPieces(region)) {
+                const QRect from = piece.translated(offset);
+                glBlitFramebuffer(from.left(), from.top(), from.right() + 1, from.bottom() + 1,
+                                  piece.left(), piece.top(), piece.right() + 1, piece.bottom() + 1,
+                                  GL_COLOR_BUFFER_BIT, GL_NEAREST);
+            }
+        }
+        glBindFramebuffer(GL_FRAMEBUFFER, defaultFramebufferObject());
+        return;
+    }
+    glViewport(0, 0, size.width(), size.height());
     m_composeProgram->bind();
     glActiveTexture(GL_TEXTURE0);
     glBindTexture(GL_TEXTURE_2D, m_layer->texture());
     m_composeProgram->setUniformValue("layer", 0);
+    // An integer vector: Qt's QPoint overload sets floats.
+    glUniform2i(m_composeProgram->uniformLocation("origin"), m_layerOrigin.x(), m_layerOrigin.y());
     m_vao->bind();
-    glDrawArrays(GL_TRIANGLES, 0, 3);
+    glEnable(GL_SCISSOR_TEST);
+    for (const QRect &region : regions) {
+        glScissor(region.x(), region.y(), region.width(), region.height());
+        glDrawArrays(GL_TRIANGLES, 0, 3);
+    }
+    glDisable(GL_SCISSOR_TEST);
     m_vao->release();
     m_composeProgram->release();
 }
 
-QList<QRect> EdrGlSurface::changedRegions(const EdrFrameState &state, QSizeF drawable,
-                                          unsigned target)
+QList<QRect> EdrGlSurface::changedRegions(const EdrFrameState &state, QSize size, bool &panned)
 {
-    const int width = int(drawable.width()), height = int(drawable.height());
+    const int width = size.width(), height = size.height();
     const bool split = state.mode == EDRCompareMode::Split;
     if (differsOnlyInSplit(state, *m_shown)) {
         // Only the columns the divider crossed change (none in the single modes).
@@ -356,7 +281,11 @@ QList<QRect> EdrGlSurface::changedRegions(const EdrFrameState &state, QSizeF dra
         || std::abs(shift.x() - dx) > 1e-6 || std::abs(shift.y() - dy) > 1e-6
         || std::abs(dx) >= width || std::abs(dy) >= height)
         return {};
-    shiftFramebuffer(target, dx, dy, QSize(width, height));
+    // The layer wraps around: moving its origin against the pan moves the
+    // picture without copying a pixel.
+    panned = dx != 0 || dy != 0;
+    m_layerOrigin = QPoint(((m_layerOrigin.x() - dx) % width + width) % width,
+                           ((m_layerOrigin.y() - dy) % height + height) % height);
     QList<QRect> regions;
     if (dx != 0)
         regions.append(dx > 0 ? QRect(0, 0, dx, height) : QRect(width + dx, 0, -dx, height));
@@ -369,22 +298,8 @@ QList<QRect> EdrGlSurface::changedRegions(const EdrFrameState &state, QSizeF dra
     return regions;
 }
 
-void EdrGlSurface::shiftFramebuffer(unsigned target, int dx, int dy, QSize size)
-{
-    if (!m_scratch || m_scratch->size() != size)
-        m_scratch = std::make_unique<QOpenGLFramebufferObject>(size);
-    glBindFramebuffer(GL_READ_FRAMEBUFFER, target);
-    glBindFramebuffer(GL_DRAW_FRAMEBUFFER, m_scratch->handle());
-    glBlitFramebuffer(0, 0, size.width(), size.height(), 0, 0, size.width(), size.height(),
-                      GL_COLOR_BUFFER_BIT, GL_NEAREST);
-    glBindFramebuffer(GL_READ_FRAMEBUFFER, m_scratch->handle());
-    glBindFramebuffer(GL_DRAW_FRAMEBUFFER, target);
-    glBlitFramebuffer(0, 0, size.width(), size.height(), dx, dy, size.width() + dx,
-                      size.height() + dy, GL_COLOR_BUFFER_BIT, GL_NEAREST);
-    glBindFramebuffer(GL_FRAMEBUFFER, target);
-}
-
-void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable, bool toLayer)
+void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable, QPoint layerShift,
+                             bool toLayer)
 {
     glViewport(0, 0, int(drawable.width()), int(drawable.height()));
     if (!m_textures.hasTextures() || state.placement.isEmpty()) {
@@ -425,6 +340,7 @@ void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable, bool t
     m_program->setUniformValue("filmicGain", state.filmicGain);
     m_program->setUniformValue("encodeSrgb", state.encodeSrgb ? 1 : 0);
     m_program->setUniformValue("toLayer", toLayer ? 1 : 0);
+    m_program->setUniformValue("layerShift", QPointF(layerShift));
     m_program->setUniformValue("sdrLod", sdr.lod);
     m_program->setUniformValue("hdrLod", hdr.lod);
     m_vao->bind();
@@ -450,7 +366,7 @@ QImage EdrGlSurface::renderLinear(QSize size)
     fbo.bind();
     EdrFrameState state = m_source(QSizeF(size));
     state.encodeSrgb = false;
-    drawFrame(state, QSizeF(size), false);
+    drawFrame(state, QSizeF(size), {}, false);
     QImage image(size, QImage::Format_RGBA32FPx4);
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
     glReadPixels(0, 0, size.width(), size.height(), GL_RGBA, GL_FLOAT, image.bits());

@@ -19,6 +19,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 class QOpenGLFramebufferObject;
@@ -88,16 +89,19 @@ private:
     // `wait`: blocks until the pending pair is averaged and uploads all of it.
     void uploadPending(bool wait);
     void uploadDetail();
-    // toLayer: the picture without stripes, sRGB-encoded, which stripes go in alpha.
-    void drawFrame(const EdrFrameState &state, QSizeF drawable, bool toLayer);
-    void drawRegions(const EdrFrameState &state, QSizeF drawable, const QList<QRect> &regions,
-                     bool toLayer);
+    // toLayer: the picture without stripes, sRGB-encoded, which stripes go in
+    // alpha; `layerShift`: where the screen's (0, 0) lies in the target.
+    void drawFrame(const EdrFrameState &state, QSizeF drawable, QPoint layerShift, bool toLayer);
     bool usesLayer(const EdrFrameState &state) const;
-    void composeLayer(QSizeF drawable);
-    // The parts of framebuffer `target` that must be drawn for `state` given
-    // what it holds now (moving that by a pan first); empty: draw everything.
-    QList<QRect> changedRegions(const EdrFrameState &state, QSizeF drawable, unsigned target);
-    void shiftFramebuffer(unsigned target, int dx, int dy, QSize size);
+    void paintLayered(const EdrFrameState &state, QSizeF drawable);
+    // The parts of a screen rectangle and their offsets into the layer, which
+    // wraps around at its edges.
+    QList<std::pair<QRect, QPoint>> layerPieces(const QRect &screen) const;
+    // Puts the layer's `regions` on screen, with the stripes.
+    void present(const EdrFrameState &state, const QList<QRect> &regions);
+    // The screen parts of the layer that must be drawn for `state` given what
+    // it holds now (moving its origin by a pan first); empty: everything.
+    QList<QRect> changedRegions(const EdrFrameState &state, QSize size, bool &panned);
     void releaseGl();
 
     StateSource m_source;
@@ -110,9 +114,11 @@ private:
     bool m_finishEachFrame = false;
     // What the framebuffer holds now; empty when it must be drawn in full.
     std::optional<EdrFrameState> m_shown;
-    std::unique_ptr<QOpenGLFramebufferObject> m_scratch;
-    // With stripes on: the picture as last drawn, stripe kinds in alpha.
+    // The picture as last drawn, stripe kinds in alpha, kept so a pan or a
+    // divider drag draws only what it uncovers. It wraps around: screen
+    // pixel p is its pixel (p + m_layerOrigin) modulo its size.
     std::unique_ptr<QOpenGLFramebufferObject> m_layer;
+    QPoint m_layerOrigin;
     std::unique_ptr<QOpenGLShaderProgram> m_composeProgram;
     double m_lastPaintMs = 0;
 };

@@ -147,8 +147,9 @@ void EdrPictureTextures::allocate(unsigned &texture, QSize &storage, QSize size,
     storage = size;
     // A frame reads the one level its scale calls for (bilinear within it), so
     // it never filters the whole picture and costs two texel reads at most.
-    m_gl.glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER,
-                         levels > 1 ? GL_LINEAR_MIPMAP_NEAREST : GL_LINEAR);
+    // Both textures of a side filter alike (a single level needs no mipmap
+    // filter), as a software driver builds its shaders anew for each filter.
+    m_gl.glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_NEAREST);
     m_gl.glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
     m_gl.glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
     m_gl.glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
