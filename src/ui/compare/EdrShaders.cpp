@@ -113,7 +113,10 @@ vec3 srgbEncode(vec3 c) {
 
 void main() {
     ivec2 pixel = ivec2(floor(gl_FragCoord.xy));
-    vec4 stored = texelFetch(layer, (pixel + origin) % textureSize(layer, 0), 0);
+    // Both terms lie within the size, so one subtraction wraps (cheaper than a modulo).
+    ivec2 size = textureSize(layer, 0);
+    ivec2 at = pixel + origin;
+    vec4 stored = texelFetch(layer, at - size * ivec2(greaterThanEqual(at, size)), 0);
     int kind = int((1.0 - stored.a) * 255.0 + 0.5);
     vec4 color = vec4(stored.rgb, 1.0);
     // The kernels decide the stripe colour; a reference past any threshold asks for it.
