@@ -4,7 +4,9 @@
 // Frame times of the compare window's OpenGL viewer on a 24-megapixel pair:
 // dragging the divider across the picture, and panning at 5x. Each frame is
 // one input event followed by a synchronous repaint that waits for the GPU.
-// Run under a real X server:
+// Before them, the time from handing the viewer a decoded pair to its first
+// frame and to its full resolution on the GPU, for a first pair and for a
+// next one of the same size. Run under a real X server:
 //   xvfb-run -a -s "-screen 0 1920x1080x24" build/bench/compare/bench_compareviewer [WIDTH HEIGHT]
 //   [FRAMES]
 // defaults 6000 4000 120
