@@ -66,6 +66,11 @@ void EdrGlSurface::releaseGl()
 void EdrGlSurface::setPictures(const QImage &sdr, const QImage &hdr)
 {
     m_textures.setPictures(sdr, hdr);
+    if (m_program && isValid()) {
+        makeCurrent();
+        m_textures.prepareStorage();
+        doneCurrent();
+    }
 }
 
 void EdrGlSurface::initializeGL()

@@ -5,7 +5,9 @@
 
 #include "hdr/EdrKernels.h"
 
+#include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace orvanta {
 
@@ -30,12 +32,12 @@ void EdrPictureTextures::initialize()
 void EdrPictureTextures::release()
 {
     for (Side *side : { &m_sdr, &m_hdr }) {
-        for (unsigned *texture : { &side->reduced, &side->detail }) {
+        for (unsigned *texture : { &side->reduced, &side->detail, &side->nextReduced }) {
             if (*texture)
                 m_gl.glDeleteTextures(1, texture);
             *texture = 0;
         }
-        side->reducedStorage = side->detailStorage = QSize();
+        side->reducedStorage = side->detailStorage = side->nextReducedStorage = QSize();
         side->hasDetail = false;
         side->pendingDetail = QImage();
     }
@@ -73,6 +75,27 @@ std::shared_future<EdrPictureTextures::Levels> EdrPictureTextures::average(const
             Qt::QueuedConnection);
     });
     return levels;
+}
+
+void EdrPictureTextures::prepareStorage()
+{
+    if (!hasPending())
+        return;
+    prepareSide(m_sdr, m_pendingSdr.size());
+    prepareSide(m_hdr, m_pendingHdr.size());
+}
+
+void EdrPictureTextures::prepareSide(Side &side, QSize size)
+{
+    // The sizes reducedLevels() will return: each level half the one before, down to 1x1.
+    const QSize half(std::max(1, size.width() / 2), std::max(1, size.height() / 2));
+    int levels = 0;
+    for (int length = std::max(size.width(), size.height()); length > 1; length /= 2)
+        ++levels;
+    // The current pair's storage is drawn from until the new pair replaces it.
+    if (levels == 0 || (side.reduced && side.reducedStorage == half))
+        return;
+    allocate(side.nextReduced, side.nextReducedStorage, half, levels);
 }
 
 bool EdrPictureTextures::uploadReduced(bool wait)
@@ -115,6 +138,12 @@ void EdrPictureTextures::uploadReducedSide(Side &side, const QImage &picture, co
         side.reducedStorage = QSize();
         uploadDetailSide(side);
         return;
+    }
+    if (side.nextReduced && side.nextReducedStorage == levels.front().size()) {
+        if (side.reduced)
+            m_gl.glDeleteTextures(1, &side.reduced);
+        side.reduced = std::exchange(side.nextReduced, 0);
+        side.reducedStorage = std::exchange(side.nextReducedStorage, QSize());
     }
     allocate(side.reduced, side.reducedStorage, levels.front().size(), int(levels.size()));
     for (std::size_t i = 0; i < levels.size(); ++i)

@@ -38,6 +38,10 @@ public:
     // Starts averaging the levels of the next pair (RGBA16FPx4, linear); the
     // textures of the current pair stay until uploadReduced() replaces them.
     void setPictures(const QImage &sdr, const QImage &hdr);
+    // With the context current: allocates the reduced levels' storage for the
+    // pending pair while the pool averages them (the driver zeroes it page by
+    // page, which takes about as long).
+    void prepareStorage();
     bool hasPending() const { return !m_pendingSdr.isNull(); }
     bool hasTextures() const { return m_hasTextures; }
     // Whether some side still lacks its full resolution.
@@ -70,6 +74,8 @@ private:
     {
         unsigned reduced = 0; // levels 1, 2, ... of the picture
         unsigned detail = 0; // level 0
+        unsigned nextReduced = 0; // allocated for the pending pair
+        QSize nextReducedStorage;
         QSize size;
         QSize reducedStorage; // storage sizes, kept for the next pair of the same size
         QSize detailStorage;
@@ -79,6 +85,7 @@ private:
     using Levels = std::vector<QImage>;
 
     std::shared_future<Levels> average(const QImage &picture, int generation);
+    void prepareSide(Side &side, QSize size);
     void uploadReducedSide(Side &side, const QImage &picture, const Levels &levels);
     void uploadDetailSide(Side &side);
     void allocate(unsigned &texture, QSize &storage, QSize size, int levels);
