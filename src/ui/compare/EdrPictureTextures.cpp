@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <utility>
 
 namespace orvanta {
 
@@ -139,11 +138,19 @@ void EdrPictureTextures::uploadReducedSide(Side &side, const QImage &picture, co
         uploadDetailSide(side);
         return;
     }
-    if (side.nextReduced && side.nextReducedStorage == levels.front().size()) {
-        if (side.reduced)
-            m_gl.glDeleteTextures(1, &side.reduced);
-        side.reduced = std::exchange(side.nextReduced, 0);
-        side.reducedStorage = std::exchange(side.nextReducedStorage, QSize());
+    if (side.nextReduced) {
+        // Storage made for this pair replaces the old; storage made for a pair
+        // that never showed is let go.
+        const bool fits = side.nextReducedStorage == levels.front().size();
+        unsigned &unused = fits ? side.reduced : side.nextReduced;
+        if (unused)
+            m_gl.glDeleteTextures(1, &unused);
+        if (fits) {
+            side.reduced = side.nextReduced;
+            side.reducedStorage = side.nextReducedStorage;
+        }
+        side.nextReduced = 0;
+        side.nextReducedStorage = QSize();
     }
     allocate(side.reduced, side.reducedStorage, levels.front().size(), int(levels.size()));
     for (std::size_t i = 0; i < levels.size(); ++i)
