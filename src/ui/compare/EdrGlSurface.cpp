@@ -106,16 +106,20 @@ void EdrGlSurface::initializeGL()
 
 void EdrGlSurface::uploadPending(bool wait)
 {
-    if (!m_textures.uploadReduced(wait))
-        return;
-    m_shown.reset();
-    Q_EMIT picturesUploaded();
-    if (wait) {
+    if (m_textures.uploadReduced(wait)) {
+        m_shown.reset();
+        Q_EMIT picturesUploaded();
+        if (!wait) {
+            // After this frame is on screen.
+            QMetaObject::invokeMethod(this, &EdrGlSurface::uploadDetail, Qt::QueuedConnection);
+            return;
+        }
+    }
+    // A readback shows the full resolution even before its turn has come.
+    if (wait && m_textures.detailPending()) {
         while (m_textures.uploadNextDetail()) { }
+        m_shown.reset();
         Q_EMIT detailUploaded();
-    } else {
-        // After this frame is on screen.
-        QMetaObject::invokeMethod(this, &EdrGlSurface::uploadDetail, Qt::QueuedConnection);
     }
 }
 
