@@ -316,6 +316,27 @@ private Q_SLOTS:
         QVERIFY2(highest - lowest > 1.0f, qPrintable(u"%1 ... %2"_s.arg(lowest).arg(highest)));
     }
 
+    void fullResolutionFollowsTheFirstFrame()
+    {
+        // 400 x 300 shown in 400 x 300 reads the full resolution. A new pair of
+        // the same size shows first from its half-size level (the old pair's
+        // full resolution is still in that storage and must not show), and its
+        // own full resolution follows on a later turn of the event loop.
+        m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
+        QTRY_VERIFY(m_viewer->surface()->uploadsComplete());
+        const auto centre
+            = [this] { return m_viewer->surface()->grabFramebuffer().pixelColor(200, 150); };
+        QCOMPARE(centre(), QColor(Qt::white)); // 2.0, clipped
+        QSignalSpy uploaded(m_viewer->surface(), &EdrGlSurface::picturesUploaded);
+        m_viewer->setPictures(uniformPair({ 400, 300 }, 0.25f, 0.5f));
+        QVERIFY(uploaded.wait());
+        QVERIFY(!m_viewer->surface()->uploadsComplete());
+        const QColor first = centre();
+        QVERIFY2(first.red() < 200, qPrintable(first.name()));
+        QTRY_VERIFY(m_viewer->surface()->uploadsComplete());
+        QCOMPARE(centre(), first);
+    }
+
     void dividerStripsAddUpToTheFullFrame()
     {
         // A divider drag redraws only the columns it crossed; after a run of
