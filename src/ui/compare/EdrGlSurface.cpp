@@ -3,7 +3,7 @@
 
 #include "ui/compare/EdrGlSurface.h"
 
-#include "hdr/EdrKernels.h"
+#include "ui/compare/EdrShaders.h"
 
 #include <QElapsedTimer>
 #include <QOpenGLContext>
@@ -14,136 +14,15 @@
 
 #include <algorithm>
 #include <cmath>
-#include <thread>
 
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-// One triangle that covers the whole viewport; no vertex buffer needed.
-constexpr auto kVertexShader = R"(#version 330 core
-void main() {
-    vec2 corner = vec2(float((gl_VertexID << 1) & 2), float(gl_VertexID & 2));
-    gl_Position = vec4(corner * 2.0 - 1.0, 0.0, 1.0);
-}
-)";
-
-QString fragmentShader()
-{
-    QString source = u"#version 330 core\n"_s;
-    source += edr::filmicRollOffGlsl();
-    source += edr::zebraFilterGlsl();
-    source += edr::shadowZebraFilterGlsl();
-    source += uR"(
-uniform sampler2D sdrTexture;
-uniform sampler2D hdrTexture;
-uniform vec4 placement;      // x, y, width, height in drawable pixels, y up
-uniform float splitX;
-uniform int mode;            // 0 split, 1 HDR only, 2 SDR only
-uniform float zebraOn;
-uniform float zebraThreshold;
-uniform float shadowOn;
-uniform float shadowThreshold;
-uniform float filmicOn;
-uniform float filmicGain;
-uniform int encodeSrgb;
-uniform float sdrLod;        // mipmap level, fixed per frame: the scale is the same everywhere
-uniform float hdrLod;
-uniform int toLayer;         // 1: sRGB picture without stripes, stripe kind in alpha
-out vec4 fragColor;
-
-vec3 srgbEncode(vec3 c) {
-    c = clamp(c, 0.0, 1.0);
-    return mix(c * 12.92, 1.055 * pow(c, vec3(1.0 / 2.4)) - 0.055, step(vec3(0.0031308), c));
-}
-
-// 2: shadow stripes (they cover the highlight ones), 1: highlight stripes, 0: none.
-float hdrStripeKind(vec4 hdr) {
-    vec4 probe = vec4(-1.0);
-    if (shadowZebraFilter(probe, hdr, ivec2(0), shadowThreshold, shadowOn) != probe)
-        return 2.0;
-    return zebraFilter(probe, hdr, ivec2(0), zebraThreshold, zebraOn) != probe ? 1.0 : 0.0;
-}
-
-void main() {
-    vec2 p = gl_FragCoord.xy;
-    vec4 color = vec4(0.08, 0.09, 0.09, 1.0);
-    vec2 uv = (p - placement.xy) / placement.zw;
-    if (all(greaterThanEqual(uv, vec2(0.0))) && all(lessThan(uv, vec2(1.0)))) {
-        vec2 tc = vec2(uv.x, 1.0 - uv.y);
-        bool sdrSide = mode == 2 || (mode == 0 && p.x < splitX);
-        // Each side reads only the textures it needs: one per pixel unless
-        // the stripes need the HDR reference under the SDR side too.
-        vec4 hdr = vec4(0.0);
-        if (!sdrSide || zebraOn > 0.5 || shadowOn > 0.5)
-            hdr = textureLod(hdrTexture, tc, hdrLod);
-        vec4 picture;
-        if (sdrSide)
-            picture = textureLod(sdrTexture, tc, sdrLod);
-        else
-            picture = filmicOn > 0.5 ? filmicRollOff(vec4(hdr.rgb * filmicGain, hdr.a)) : hdr;
-        if (toLayer != 0) {
-            float kind = hdrStripeKind(hdr);
-            color = vec4(picture.rgb * picture.a + color.rgb * (1.0 - picture.a), 1.0);
-            fragColor = vec4(srgbEncode(color.rgb), kind / 255.0);
-            return;
-        }
-        ivec2 pixel = ivec2(floor(p));
-        picture = zebraFilter(picture, hdr, pixel, zebraThreshold, zebraOn);
-        picture = shadowZebraFilter(picture, hdr, pixel, shadowThreshold, shadowOn);
-        color = vec4(picture.rgb * picture.a + color.rgb * (1.0 - picture.a), 1.0);
-    }
-    if (toLayer != 0) {
-        fragColor = vec4(srgbEncode(color.rgb), 0.0);
-        return;
-    }
-    if (mode == 0 && p.x >= splitX - 1.0 && p.x < splitX + 1.0)
-        color = vec4(vec3(0.95) + color.rgb * 0.05, 1.0);
-    fragColor = encodeSrgb != 0 ? vec4(srgbEncode(color.rgb), 1.0) : color;
-}
-)"_s;
-    return source;
-}
-
-// Puts the cached picture layer on screen, adding the stripes where its alpha
-// says so: the stripes follow the screen, the layer follows the picture.
-QString composeShader()
-{
-    QString source = u"#version 330 core\n"_s;
-    source += edr::zebraFilterGlsl();
-    source += edr::shadowZebraFilterGlsl();
-    source += uR"(
-uniform sampler2D layer;
-out vec4 fragColor;
-
-vec3 srgbEncode(vec3 c) {
-    c = clamp(c, 0.0, 1.0);
-    return mix(c * 12.92, 1.055 * pow(c, vec3(1.0 / 2.4)) - 0.055, step(vec3(0.0031308), c));
-}
-
-void main() {
-    ivec2 pixel = ivec2(floor(gl_FragCoord.xy));
-    vec4 stored = texelFetch(layer, pixel, 0);
-    int kind = int(stored.a * 255.0 + 0.5);
-    vec4 color = vec4(stored.rgb, 1.0);
-    // The kernels decide the stripe colour; a reference past any threshold asks for it.
-    if (kind == 1)
-        color = vec4(srgbEncode(zebraFilter(color, vec4(1.0), pixel, 0.0, 1.0).rgb), 1.0);
-    else if (kind == 2)
-        color = vec4(srgbEncode(shadowZebraFilter(color, vec4(0.0), pixel, 1.0, 1.0).rgb), 1.0);
-    fragColor = color;
-}
-)"_s;
-    return source;
-}
-
-} // namespace
-
 EdrGlSurface::EdrGlSurface(StateSource source, QWidget *parent)
     : QOpenGLWidget(parent)
     , m_source(std::move(source))
+    , m_textures(this, [this] { update(); })
 {
     QSurfaceFormat format = QSurfaceFormat::defaultFormat();
     format.setVersion(3, 3);
@@ -176,14 +55,8 @@ EdrGlSurface::~EdrGlSurface()
 
 void EdrGlSurface::releaseGl()
 {
-    if (m_sdrTexture)
-        glDeleteTextures(1, &m_sdrTexture);
-    if (m_hdrTexture)
-        glDeleteTextures(1, &m_hdrTexture);
-    m_sdrTexture = m_hdrTexture = 0;
-    m_hasTextures = false;
+    m_textures.release();
     m_shown.reset();
-    m_scratch.reset();
     m_layer.reset();
     m_vao.reset();
     m_composeProgram.reset();
@@ -192,15 +65,18 @@ void EdrGlSurface::releaseGl()
 
 void EdrGlSurface::setPictures(const QImage &sdr, const QImage &hdr)
 {
-    m_pendingSdr = sdr;
-    m_pendingHdr = hdr;
-    m_pendingUpload = true;
-    update();
+    m_textures.setPictures(sdr, hdr);
+    if (m_program && isValid()) {
+        makeCurrent();
+        m_textures.prepareStorage();
+        doneCurrent();
+    }
 }
 
 void EdrGlSurface::initializeGL()
 {
     initializeOpenGLFunctions();
+    m_textures.initialize();
     disconnect(m_contextGone);
     m_contextGone = connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, [this] {
         // The pictures went with the context; the next pair brings new ones.
@@ -209,15 +85,15 @@ void EdrGlSurface::initializeGL()
         doneCurrent();
     });
     auto program = std::make_unique<QOpenGLShaderProgram>();
-    if (!program->addShaderFromSourceCode(QOpenGLShader::Vertex, kVertexShader)
-        || !program->addShaderFromSourceCode(QOpenGLShader::Fragment, fragmentShader())
+    if (!program->addShaderFromSourceCode(QOpenGLShader::Vertex, edrshaders::kVertexShader)
+        || !program->addShaderFromSourceCode(QOpenGLShader::Fragment, edrshaders::frameShader())
         || !program->link()) {
         qWarning("EDR viewer: shader build failed: %s", qPrintable(program->log()));
         return;
     }
     auto compose = std::make_unique<QOpenGLShaderProgram>();
-    if (!compose->addShaderFromSourceCode(QOpenGLShader::Vertex, kVertexShader)
-        || !compose->addShaderFromSourceCode(QOpenGLShader::Fragment, composeShader())
+    if (!compose->addShaderFromSourceCode(QOpenGLShader::Vertex, edrshaders::kVertexShader)
+        || !compose->addShaderFromSourceCode(QOpenGLShader::Fragment, edrshaders::composeShader())
         || !compose->link()) {
         qWarning("EDR viewer: shader build failed: %s", qPrintable(compose->log()));
         return;
@@ -228,59 +104,38 @@ void EdrGlSurface::initializeGL()
     m_vao->create();
 }
 
-void EdrGlSurface::uploadLevel(int level, const QImage &image)
+void EdrGlSurface::uploadPending(bool wait)
 {
-    glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
-    glPixelStorei(GL_UNPACK_ROW_LENGTH, int(image.bytesPerLine() / 8));
-    glTexSubImage2D(GL_TEXTURE_2D, level, 0, 0, image.width(), image.height(), GL_RGBA,
-                    GL_HALF_FLOAT, image.constBits());
-    glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
+    if (m_textures.uploadReduced(wait)) {
+        m_shown.reset();
+        Q_EMIT picturesUploaded();
+        if (!wait) {
+            // After this frame is on screen.
+            QMetaObject::invokeMethod(this, &EdrGlSurface::uploadDetail, Qt::QueuedConnection);
+            return;
+        }
+    }
+    // A readback shows the full resolution even before its turn has come.
+    if (wait && m_textures.detailPending()) {
+        while (m_textures.uploadNextDetail()) { }
+        m_shown.reset();
+        Q_EMIT detailUploaded();
+    }
 }
 
-void EdrGlSurface::uploadTexture(unsigned &texture, const QImage &image,
-                                 const std::vector<QImage> &levels)
+void EdrGlSurface::uploadDetail()
 {
-    // Storage for every level at once: levels given one by one would make the
-    // driver allocate and then copy the whole chain again before the first draw.
-    if (texture)
-        glDeleteTextures(1, &texture); // storage of a fixed size cannot be resized
-    glGenTextures(1, &texture);
-    glBindTexture(GL_TEXTURE_2D, texture);
-    glTexStorage2D(GL_TEXTURE_2D, GLsizei(levels.size()) + 1, GL_RGBA16F, image.width(),
-                   image.height());
-    uploadLevel(0, image);
-    for (std::size_t i = 0; i < levels.size(); ++i)
-        uploadLevel(int(i) + 1, levels[i]);
-    // Zoomed-out views read the nearest reduced level (bilinear within it), so a
-    // frame never filters the whole picture and costs two texel reads at most.
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_NEAREST);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
-}
-
-void EdrGlSurface::uploadPending()
-{
-    if (!m_pendingUpload)
+    if (!m_textures.detailPending() || !isValid())
         return;
-    m_pendingUpload = false;
-    if (m_pendingSdr.isNull() || m_pendingHdr.isNull())
-        return;
-    // The reduced levels of one picture are computed on a second thread while
-    // this one computes the other's; both are joined before this returns.
-    std::vector<QImage> sdrLevels;
-    std::thread reducing([&] { sdrLevels = edr::reducedLevels(m_pendingSdr); });
-    uploadTexture(m_hdrTexture, m_pendingHdr, edr::reducedLevels(m_pendingHdr));
-    reducing.join();
-    uploadTexture(m_sdrTexture, m_pendingSdr, sdrLevels);
-    m_sdrSize = m_pendingSdr.size();
-    m_hdrSize = m_pendingHdr.size();
-    m_hasTextures = true;
-    m_shown.reset();
-    // The viewer keeps what it needs of the pictures; the textures hold the rest.
-    m_pendingSdr = QImage();
-    m_pendingHdr = QImage();
-    Q_EMIT picturesUploaded();
+    makeCurrent();
+    const bool more = m_textures.uploadNextDetail();
+    doneCurrent();
+    m_shown.reset(); // the last frame may have read a reduced level in its place
+    update();
+    if (more) // one side per turn, so input and frames come between them
+        QMetaObject::invokeMethod(this, &EdrGlSurface::uploadDetail, Qt::QueuedConnection);
+    else
+        Q_EMIT detailUploaded();
 }
 
 void EdrGlSurface::resizeGL(int, int)
@@ -301,8 +156,7 @@ QRect dividerColumns(double a, double b, int height)
 
 bool EdrGlSurface::usesLayer(const EdrFrameState &state) const
 {
-    return m_hasTextures && !state.placement.isEmpty() && state.encodeSrgb
-        && (state.zebra || state.shadowZebra);
+    return m_textures.hasTextures() && !state.placement.isEmpty() && state.encodeSrgb;
 }
 
 void EdrGlSurface::paintGL()
@@ -311,67 +165,116 @@ void EdrGlSurface::paintGL()
         return;
     QElapsedTimer timer;
     timer.start();
-    uploadPending();
+    uploadPending(false);
     const QSizeF drawable = QSizeF(size()) * devicePixelRatioF();
     const EdrFrameState state = m_source(drawable);
-    // With stripes on, the picture is drawn into a layer that pans like the
-    // picture, and a cheap pass adds the stripes, which stay put on screen.
-    const bool layered = usesLayer(state);
-    if (layered && (!m_layer || m_layer->size() != drawable.toSize())) {
-        m_layer = std::make_unique<QOpenGLFramebufferObject>(drawable.toSize());
+    if (usesLayer(state)) {
+        paintLayered(state, drawable);
+    } else {
+        glBindFramebuffer(GL_FRAMEBUFFER, defaultFramebufferObject());
+        drawFrame(state, drawable, {}, false);
         m_shown.reset();
     }
-    const GLuint target = layered ? m_layer->handle() : defaultFramebufferObject();
-    const QList<QRect> regions
-        = m_shown && m_hasTextures ? changedRegions(state, drawable, target) : QList<QRect>();
-    glBindFramebuffer(GL_FRAMEBUFFER, target);
-    drawRegions(state, drawable, regions, layered);
-    if (layered) {
-        glBindFramebuffer(GL_FRAMEBUFFER, defaultFramebufferObject());
-        composeLayer(drawable);
-        if (state.mode == EDRCompareMode::Split)
-            drawRegions(state, drawable,
-                        { dividerColumns(state.splitX, state.splitX, int(drawable.height())) },
-                        false);
-    }
-    m_shown = m_hasTextures ? std::optional(state) : std::nullopt;
     if (m_finishEachFrame)
         glFinish();
     m_lastPaintMs = timer.nsecsElapsed() / 1e6;
 }
 
-void EdrGlSurface::drawRegions(const EdrFrameState &state, QSizeF drawable,
-                               const QList<QRect> &regions, bool toLayer)
+void EdrGlSurface::paintLayered(const EdrFrameState &state, QSizeF drawable)
 {
-    if (regions.isEmpty()) {
-        drawFrame(state, drawable, toLayer);
-        return;
+    const QSize size = drawable.toSize();
+    if (!m_layer || m_layer->size() != size) {
+        m_layer = std::make_unique<QOpenGLFramebufferObject>(size);
+        m_shown.reset();
     }
+    bool panned = false;
+    QList<QRect> regions = m_shown ? changedRegions(state, size, panned) : QList<QRect>();
+    if (regions.isEmpty()) {
+        m_layerOrigin = QPoint();
+        regions.append(QRect(QPoint(), size));
+    }
+    glBindFramebuffer(GL_FRAMEBUFFER, m_layer->handle());
     glEnable(GL_SCISSOR_TEST);
-    for (const QRect &r : regions) {
-        glScissor(r.x(), r.y(), r.width(), r.height());
-        drawFrame(state, drawable, toLayer);
+    for (const QRect &region : std::as_const(regions)) {
+        for (const auto &[piece, offset] : layerPieces(region)) {
+            const QRect r = piece.translated(offset);
+            glScissor(r.x(), r.y(), r.width(), r.height());
+            drawFrame(state, drawable, offset, true);
+        }
     }
     glDisable(GL_SCISSOR_TEST);
+    // The stripes stay put on screen while the picture pans under them.
+    glBindFramebuffer(GL_FRAMEBUFFER, defaultFramebufferObject());
+    present(state, panned ? QList { QRect(QPoint(), size) } : regions);
+    if (state.mode == EDRCompareMode::Split) {
+        const QRect divider = dividerColumns(state.splitX, state.splitX, size.height());
+        glEnable(GL_SCISSOR_TEST);
+        glScissor(divider.x(), divider.y(), divider.width(), divider.height());
+        drawFrame(state, drawable, {}, false);
+        glDisable(GL_SCISSOR_TEST);
+    }
+    m_shown = state;
 }
 
-void EdrGlSurface::composeLayer(QSizeF drawable)
+QList<std::pair<QRect, QPoint>> EdrGlSurface::layerPieces(const QRect &screen) const
 {
-    glViewport(0, 0, int(drawable.width()), int(drawable.height()));
+    const QSize size = m_layer->size();
+    const int wrapX = size.width() - m_layerOrigin.x();
+    const int wrapY = size.height() - m_layerOrigin.y();
+    QList<std::pair<QRect, QPoint>> pieces;
+    for (const QRect &columns : { QRect(0, 0, wrapX, size.height()),
+                                  QRect(wrapX, 0, size.width() - wrapX, size.height()) }) {
+        for (const QRect &rows : { QRect(0, 0, size.width(), wrapY),
+                                   QRect(0, wrapY, size.width(), size.height() - wrapY) }) {
+            const QRect piece = screen & columns & rows;
+            if (piece.isEmpty())
+                continue;
+            const QPoint offset(m_layerOrigin.x() - (piece.x() < wrapX ? 0 : size.width()),
+                                m_layerOrigin.y() - (piece.y() < wrapY ? 0 : size.height()));
+            pieces.append({ piece, offset });
+        }
+    }
+    return pieces;
+}
+
+void EdrGlSurface::present(const EdrFrameState &state, const QList<QRect> &regions)
+{
+    const QSize size = m_layer->size();
+    if (!state.zebra && !state.shadowZebra) {
+        // Without stripes the layer is the picture as shown: copied, not drawn.
+        glBindFramebuffer(GL_READ_FRAMEBUFFER, m_layer->handle());
+        for (const QRect &region : regions) {
+            for (const auto &[piece, offset] : layerPieces(region)) {
+                const QRect from = piece.translated(offset);
+                glBlitFramebuffer(from.left(), from.top(), from.right() + 1, from.bottom() + 1,
+                                  piece.left(), piece.top(), piece.right() + 1, piece.bottom() + 1,
+                                  GL_COLOR_BUFFER_BIT, GL_NEAREST);
+            }
+        }
+        glBindFramebuffer(GL_FRAMEBUFFER, defaultFramebufferObject());
+        return;
+    }
+    glViewport(0, 0, size.width(), size.height());
     m_composeProgram->bind();
     glActiveTexture(GL_TEXTURE0);
     glBindTexture(GL_TEXTURE_2D, m_layer->texture());
     m_composeProgram->setUniformValue("layer", 0);
+    // An integer vector: Qt's QPoint overload sets floats.
+    glUniform2i(m_composeProgram->uniformLocation("origin"), m_layerOrigin.x(), m_layerOrigin.y());
     m_vao->bind();
-    glDrawArrays(GL_TRIANGLES, 0, 3);
+    glEnable(GL_SCISSOR_TEST);
+    for (const QRect &region : regions) {
+        glScissor(region.x(), region.y(), region.width(), region.height());
+        glDrawArrays(GL_TRIANGLES, 0, 3);
+    }
+    glDisable(GL_SCISSOR_TEST);
     m_vao->release();
     m_composeProgram->release();
 }
 
-QList<QRect> EdrGlSurface::changedRegions(const EdrFrameState &state, QSizeF drawable,
-                                          unsigned target)
+QList<QRect> EdrGlSurface::changedRegions(const EdrFrameState &state, QSize size, bool &panned)
 {
-    const int width = int(drawable.width()), height = int(drawable.height());
+    const int width = size.width(), height = size.height();
     const bool split = state.mode == EDRCompareMode::Split;
     if (differsOnlyInSplit(state, *m_shown)) {
         // Only the columns the divider crossed change (none in the single modes).
@@ -387,7 +290,11 @@ QList<QRect> EdrGlSurface::changedRegions(const EdrFrameState &state, QSizeF dra
         || std::abs(shift.x() - dx) > 1e-6 || std::abs(shift.y() - dy) > 1e-6
         || std::abs(dx) >= width || std::abs(dy) >= height)
         return {};
-    shiftFramebuffer(target, dx, dy, QSize(width, height));
+    // The layer wraps around: moving its origin against the pan moves the
+    // picture without copying a pixel.
+    panned = dx != 0 || dy != 0;
+    m_layerOrigin = QPoint(((m_layerOrigin.x() - dx) % width + width) % width,
+                           ((m_layerOrigin.y() - dy) % height + height) % height);
     QList<QRect> regions;
     if (dx != 0)
         regions.append(dx > 0 ? QRect(0, 0, dx, height) : QRect(width + dx, 0, -dx, height));
@@ -400,25 +307,11 @@ QList<QRect> EdrGlSurface::changedRegions(const EdrFrameState &state, QSizeF dra
     return regions;
 }
 
-void EdrGlSurface::shiftFramebuffer(unsigned target, int dx, int dy, QSize size)
-{
-    if (!m_scratch || m_scratch->size() != size)
-        m_scratch = std::make_unique<QOpenGLFramebufferObject>(size);
-    glBindFramebuffer(GL_READ_FRAMEBUFFER, target);
-    glBindFramebuffer(GL_DRAW_FRAMEBUFFER, m_scratch->handle());
-    glBlitFramebuffer(0, 0, size.width(), size.height(), 0, 0, size.width(), size.height(),
-                      GL_COLOR_BUFFER_BIT, GL_NEAREST);
-    glBindFramebuffer(GL_READ_FRAMEBUFFER, m_scratch->handle());
-    glBindFramebuffer(GL_DRAW_FRAMEBUFFER, target);
-    glBlitFramebuffer(0, 0, size.width(), size.height(), dx, dy, size.width() + dx,
-                      size.height() + dy, GL_COLOR_BUFFER_BIT, GL_NEAREST);
-    glBindFramebuffer(GL_FRAMEBUFFER, target);
-}
-
-void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable, bool toLayer)
+void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable, QPoint layerShift,
+                             bool toLayer)
 {
     glViewport(0, 0, int(drawable.width()), int(drawable.height()));
-    if (!m_hasTextures || state.placement.isEmpty()) {
+    if (!m_textures.hasTextures() || state.placement.isEmpty()) {
         // Nothing to compare yet: the backdrop only.
         if (state.encodeSrgb)
             glClearColor(0.3130f, 0.3325f, 0.3325f, 1.0f); // the backdrop, sRGB-encoded
@@ -427,14 +320,23 @@ void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable, bool t
         glClear(GL_COLOR_BUFFER_BIT);
         return;
     }
+    const QRectF &r = state.placement;
+    // One level for the whole frame, chosen from the scale as
+    // GL_LINEAR_MIPMAP_NEAREST would: per-pixel level selection costs llvmpipe
+    // more than the filtering itself.
+    const auto level = [&r](QSize texture) {
+        const double lod = std::max(0.0, std::log2(texture.width() / r.width()));
+        return lod <= 0.5 ? 0 : int(std::ceil(lod + 0.5)) - 1;
+    };
+    const EdrPictureTextures::Binding sdr = m_textures.sdrBinding(level(m_textures.sdrSize()));
+    const EdrPictureTextures::Binding hdr = m_textures.hdrBinding(level(m_textures.hdrSize()));
     m_program->bind();
     glActiveTexture(GL_TEXTURE0);
-    glBindTexture(GL_TEXTURE_2D, m_sdrTexture);
+    glBindTexture(GL_TEXTURE_2D, sdr.texture);
     glActiveTexture(GL_TEXTURE1);
-    glBindTexture(GL_TEXTURE_2D, m_hdrTexture);
+    glBindTexture(GL_TEXTURE_2D, hdr.texture);
     m_program->setUniformValue("sdrTexture", 0);
     m_program->setUniformValue("hdrTexture", 1);
-    const QRectF &r = state.placement;
     m_program->setUniformValue("placement", float(r.x()), float(r.y()), float(r.width()),
                                float(r.height()));
     m_program->setUniformValue("splitX", float(state.splitX));
@@ -447,13 +349,9 @@ void EdrGlSurface::drawFrame(const EdrFrameState &state, QSizeF drawable, bool t
     m_program->setUniformValue("filmicGain", state.filmicGain);
     m_program->setUniformValue("encodeSrgb", state.encodeSrgb ? 1 : 0);
     m_program->setUniformValue("toLayer", toLayer ? 1 : 0);
-    // One level for the whole frame, chosen from the scale: per-pixel level
-    // selection costs llvmpipe more than the filtering itself.
-    const auto level = [&r](QSize texture) {
-        return float(std::max(0.0, std::log2(texture.width() / r.width())));
-    };
-    m_program->setUniformValue("sdrLod", level(m_sdrSize));
-    m_program->setUniformValue("hdrLod", level(m_hdrSize));
+    m_program->setUniformValue("layerShift", QPointF(layerShift));
+    m_program->setUniformValue("sdrLod", sdr.lod);
+    m_program->setUniformValue("hdrLod", hdr.lod);
     m_vao->bind();
     glDrawArrays(GL_TRIANGLES, 0, 3);
     m_vao->release();
@@ -470,14 +368,14 @@ QImage EdrGlSurface::renderLinear(QSize size)
         doneCurrent();
         return {};
     }
-    uploadPending();
+    uploadPending(true);
     QOpenGLFramebufferObjectFormat format;
     format.setInternalTextureFormat(GL_RGBA16F);
     QOpenGLFramebufferObject fbo(size, format);
     fbo.bind();
     EdrFrameState state = m_source(QSizeF(size));
     state.encodeSrgb = false;
-    drawFrame(state, QSizeF(size), false);
+    drawFrame(state, QSizeF(size), {}, false);
     QImage image(size, QImage::Format_RGBA32FPx4);
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
     glReadPixels(0, 0, size.width(), size.height(), GL_RGBA, GL_FLOAT, image.bits());

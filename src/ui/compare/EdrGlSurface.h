@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // The OpenGL drawing of the EDR viewer: keeps the photo pair as half-float
-// textures (uploaded once per pair, mipmapped) and composes each frame in one
-// full-screen pass running the zebra and filmic kernels. Main thread.
+// textures (uploaded once per pair, with reduced levels) and composes each
+// frame in one full-screen pass running the zebra and filmic kernels. Main thread.
 #pragma once
 
 #include "hdr/EdrViewerTypes.h"
+#include "ui/compare/EdrPictureTextures.h"
 
 #include <QImage>
 #include <QList>
@@ -18,6 +19,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 class QOpenGLFramebufferObject;
@@ -54,10 +56,13 @@ public:
     explicit EdrGlSurface(StateSource source, QWidget *parent = nullptr);
     ~EdrGlSurface() override;
 
-    // The next frame uploads these (the old textures stay until then). The
+    // The first frame after their reduced levels are averaged shows these
+    // (the old pictures stay until then); the full resolution follows. The
     // images must be RGBA16FPx4 in linear light.
     void setPictures(const QImage &sdr, const QImage &hdr);
-    bool hasPictures() const { return m_hasTextures || m_pendingUpload; }
+    bool hasPictures() const { return m_textures.hasTextures() || m_textures.hasPending(); }
+    // Whether everything of the last pair is on the GPU.
+    bool uploadsComplete() const { return !m_textures.hasPending() && !m_textures.detailPending(); }
 
     // Renders the current state into a float framebuffer of `size` and reads
     // it back (rows top-down) as RGBA32FPx4, without sRGB encoding.
@@ -70,7 +75,10 @@ public:
     double lastPaintMs() const { return m_lastPaintMs; }
 
 Q_SIGNALS:
+    // A new pair is drawn (from its reduced levels).
     void picturesUploaded();
+    // ... and its full resolution is on the GPU as well.
+    void detailUploaded();
 
 protected:
     void initializeGL() override;
@@ -78,19 +86,22 @@ protected:
     void paintGL() override;
 
 private:
-    void uploadPending();
-    void uploadLevel(int level, const QImage &image);
-    void uploadTexture(unsigned &texture, const QImage &image, const std::vector<QImage> &levels);
-    // toLayer: the picture without stripes, sRGB-encoded, which stripes go in alpha.
-    void drawFrame(const EdrFrameState &state, QSizeF drawable, bool toLayer);
-    void drawRegions(const EdrFrameState &state, QSizeF drawable, const QList<QRect> &regions,
-                     bool toLayer);
+    // `wait`: blocks until the pending pair is averaged and uploads all of it.
+    void uploadPending(bool wait);
+    void uploadDetail();
+    // toLayer: the picture without stripes, sRGB-encoded, which stripes go in
+    // alpha; `layerShift`: where the screen's (0, 0) lies in the target.
+    void drawFrame(const EdrFrameState &state, QSizeF drawable, QPoint layerShift, bool toLayer);
     bool usesLayer(const EdrFrameState &state) const;
-    void composeLayer(QSizeF drawable);
-    // The parts of framebuffer `target` that must be drawn for `state` given
-    // what it holds now (moving that by a pan first); empty: draw everything.
-    QList<QRect> changedRegions(const EdrFrameState &state, QSizeF drawable, unsigned target);
-    void shiftFramebuffer(unsigned target, int dx, int dy, QSize size);
+    void paintLayered(const EdrFrameState &state, QSizeF drawable);
+    // The parts of a screen rectangle and their offsets into the layer, which
+    // wraps around at its edges.
+    QList<std::pair<QRect, QPoint>> layerPieces(const QRect &screen) const;
+    // Puts the layer's `regions` on screen, with the stripes.
+    void present(const EdrFrameState &state, const QList<QRect> &regions);
+    // The screen parts of the layer that must be drawn for `state` given what
+    // it holds now (moving its origin by a pan first); empty: everything.
+    QList<QRect> changedRegions(const EdrFrameState &state, QSize size, bool &panned);
     void releaseGl();
 
     StateSource m_source;
@@ -99,20 +110,15 @@ private:
     // class is gone, and the handler must not run on the remains.
     QMetaObject::Connection m_contextGone;
     std::unique_ptr<QOpenGLVertexArrayObject> m_vao;
-    unsigned m_sdrTexture = 0;
-    unsigned m_hdrTexture = 0;
-    bool m_hasTextures = false;
-    bool m_pendingUpload = false;
-    QImage m_pendingSdr;
-    QImage m_pendingHdr;
-    QSize m_sdrSize;
-    QSize m_hdrSize;
+    EdrPictureTextures m_textures;
     bool m_finishEachFrame = false;
     // What the framebuffer holds now; empty when it must be drawn in full.
     std::optional<EdrFrameState> m_shown;
-    std::unique_ptr<QOpenGLFramebufferObject> m_scratch;
-    // With stripes on: the picture as last drawn, stripe kinds in alpha.
+    // The picture as last drawn, stripe kinds in alpha, kept so a pan or a
+    // divider drag draws only what it uncovers. It wraps around: screen
+    // pixel p is its pixel (p + m_layerOrigin) modulo its size.
     std::unique_ptr<QOpenGLFramebufferObject> m_layer;
+    QPoint m_layerOrigin;
     std::unique_ptr<QOpenGLShaderProgram> m_composeProgram;
     double m_lastPaintMs = 0;
 };

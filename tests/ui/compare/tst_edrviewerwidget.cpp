@@ -141,14 +141,14 @@ private Q_SLOTS:
         pair.hdr = picture(400, 300, [](int x, int) { return float(x) / 100.0f; });
         m_viewer->setPictures(pair);
         QSignalSpy readouts(m_viewer.get(), &EdrViewer::pixelReadoutChanged);
-        QTest::mouseMove(m_viewer.get(), QPoint(300, 150));
+        hover({ 300, 150 });
         QVERIFY(!readouts.isEmpty());
         QVERIFY(!readouts.last()
                      .at(0)
                      .value<std::optional<EdrPixelReadout>>()
                      .has_value()); // at 1x: none
         pinch(2.0); // 3x around the centre
-        QTest::mouseMove(m_viewer.get(), QPoint(260, 150));
+        hover({ 260, 150 });
         const auto readout = readouts.last().at(0).value<std::optional<EdrPixelReadout>>();
         QVERIFY(readout.has_value());
         // 60 points right of the centre at 3x is 20 picture pixels right of column 200.
@@ -289,11 +289,13 @@ private Q_SLOTS:
 
     void zoomedOutViewsReadAReducedLevel()
     {
-        // A one-pixel checkerboard of 0 and 2 shown at 0.29 of its size must
-        // come out as its average, not as whichever texels happen to be hit.
+        // A checkerboard of 0 and 2 in 2x2 blocks shown at 0.29 of its size
+        // must come out as its average, not as whichever texels happen to be
+        // hit, nor as the half-size level, still a checkerboard of pixels.
         // (The size is no multiple of the view's, so samples fall between texels.)
         EdrPicturePair pair = uniformPair({ 1400, 1050 }, 0.25f, 0);
-        pair.hdr = picture(1400, 1050, [](int x, int y) { return (x + y) % 2 ? 2.0f : 0.0f; });
+        pair.hdr
+            = picture(1400, 1050, [](int x, int y) { return (x / 2 + y / 2) % 2 ? 2.0f : 0.0f; });
         m_viewer->setPictures(pair);
         m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
         const QImage f = frame();
@@ -314,6 +316,27 @@ private Q_SLOTS:
         QVERIFY2(highest - lowest > 1.0f, qPrintable(u"%1 ... %2"_s.arg(lowest).arg(highest)));
     }
 
+    void fullResolutionFollowsTheFirstFrame()
+    {
+        // 400 x 300 shown in 400 x 300 reads the full resolution. A new pair of
+        // the same size shows first from its half-size level (the old pair's
+        // full resolution is still in that storage and must not show), and its
+        // own full resolution follows on a later turn of the event loop.
+        m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
+        QTRY_VERIFY(m_viewer->surface()->uploadsComplete());
+        const auto centre
+            = [this] { return m_viewer->surface()->grabFramebuffer().pixelColor(200, 150); };
+        QCOMPARE(centre(), QColor(Qt::white)); // 2.0, clipped
+        QSignalSpy uploaded(m_viewer->surface(), &EdrGlSurface::picturesUploaded);
+        m_viewer->setPictures(uniformPair({ 400, 300 }, 0.25f, 0.5f));
+        QVERIFY(uploaded.wait());
+        QVERIFY(!m_viewer->surface()->uploadsComplete());
+        const QColor first = centre();
+        QVERIFY2(first.red() < 200, qPrintable(first.name()));
+        QTRY_VERIFY(m_viewer->surface()->uploadsComplete());
+        QCOMPARE(centre(), first);
+    }
+
     void dividerStripsAddUpToTheFullFrame()
     {
         // A divider drag redraws only the columns it crossed; after a run of
@@ -321,7 +344,7 @@ private Q_SLOTS:
         EdrPicturePair pair = uniformPair({ 400, 300 }, 0, 0);
         pair.sdr = picture(400, 300, [](int x, int y) { return float((x * 3 + y) % 50) / 50.0f; });
         pair.hdr = picture(400, 300, [](int x, int y) { return float((x + 2 * y) % 90) / 30.0f; });
-        m_viewer->setPictures(pair);
+        showWhole(*m_viewer, pair);
         EdrViewerSettings settings;
         settings.zebraEnabled = true;
         settings.zebraThreshold = 1.5f;
@@ -337,7 +360,7 @@ private Q_SLOTS:
         fresh.show();
         QVERIFY(QTest::qWaitForWindowExposed(&fresh));
         QTRY_VERIFY(fresh.surface()->isReady());
-        fresh.setPictures(pair);
+        showWhole(fresh, pair);
         fresh.updateState(settings);
         const QImage whole = fresh.surface()->grabFramebuffer();
         QCOMPARE(stepped.size(), whole.size());
@@ -356,7 +379,7 @@ private Q_SLOTS:
         const QList<QPoint> path { { 50, 150 }, { 60, 150 },  { 60, 165 }, { 40, 140 },
                                    { 45, 200 }, { 100, 100 }, { 99, 101 } };
         const auto run = [&](EdrViewer &viewer, bool stripes, bool stepped) {
-            viewer.setPictures(pair);
+            showWhole(viewer, pair);
             EdrViewerSettings settings;
             settings.zebraEnabled = stripes;
             settings.zebraThreshold = 1.2f;
@@ -465,16 +488,25 @@ private Q_SLOTS:
     }
 
 private:
+    // Frames drawn piece by piece start from a pair wholly on the GPU.
+    static void showWhole(EdrViewer &viewer, const EdrPicturePair &pair)
+    {
+        viewer.setPictures(pair);
+        QTRY_VERIFY(viewer.surface()->uploadsComplete());
+    }
     void press(QPointF point)
     {
         QTest::mousePress(m_viewer.get(), Qt::LeftButton, {}, point.toPoint());
     }
-    void drag(QPointF point)
+    void drag(QPointF point, Qt::MouseButtons buttons = Qt::LeftButton)
     {
         QMouseEvent move(QEvent::MouseMove, point, m_viewer->mapToGlobal(point), Qt::NoButton,
-                         Qt::LeftButton, {});
+                         buttons, {});
         QApplication::sendEvent(m_viewer.get(), &move);
     }
+    // Sent directly: QTest's button-less move warps the X pointer and
+    // depends on the server's answer arriving in time.
+    void hover(QPointF point) { drag(point, Qt::NoButton); }
     void release(QPointF point)
     {
         QTest::mouseRelease(m_viewer.get(), Qt::LeftButton, {}, point.toPoint());
