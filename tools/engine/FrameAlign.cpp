@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <thread>
 #include <vector>
 
 namespace orvanta::engine {
@@ -86,25 +87,48 @@ double correlate(const Thumb &jpg, const Thumb &raw, const Frame &f)
 }
 
 // Best frame over scales [lo, hi] and corners within `reach` thumbnail pixels of `around`
-// (the whole free range when `around` is null).
+// (the whole free range when `around` is null). Scales are split among
+// `threads`; the frame found is the same for any count.
 Frame search(const Thumb &jpg, const Thumb &raw, double lo, double hi, double scaleStep,
-             const Frame *around, double reach, double posStep)
+             const Frame *around, double reach, double posStep, int threads)
 {
+    std::vector<double> scales;
+    for (double s = lo; s <= hi + 1e-9; s += scaleStep)
+        scales.push_back(s);
+    const auto bestOf = [&](size_t first, size_t last) {
+        Frame best;
+        for (size_t k = first; k < last; ++k) {
+            const double s = scales[k];
+            const double freeX = (1.0 - s) * raw.w, freeY = (1.0 - s) * raw.h;
+            const double x0 = around ? std::max(0.0, around->x - reach) : 0.0;
+            const double y0 = around ? std::max(0.0, around->y - reach) : 0.0;
+            const double x1 = around ? std::min(freeX, around->x + reach) : freeX;
+            const double y1 = around ? std::min(freeY, around->y + reach) : freeY;
+            for (double y = y0; y <= y1 + 1e-9; y += posStep)
+                for (double x = x0; x <= x1 + 1e-9; x += posStep) {
+                    Frame f { s, x, y };
+                    f.score = correlate(jpg, raw, f);
+                    if (f.score > best.score)
+                        best = f;
+                }
+        }
+        return best;
+    };
+    const size_t parts = size_t(std::clamp(threads, 1, int(std::max<size_t>(1, scales.size()))));
+    std::vector<Frame> bests(parts);
+    std::vector<std::thread> helpers;
+    for (size_t t = 1; t < parts; ++t)
+        helpers.emplace_back([&, t] {
+            bests[t] = bestOf(scales.size() * t / parts, scales.size() * (t + 1) / parts);
+        });
+    bests[0] = bestOf(0, scales.size() / parts);
+    for (std::thread &helper : helpers)
+        helper.join();
+    // In scale order, the first of equal scores wins, as in one pass.
     Frame best;
-    for (double s = lo; s <= hi + 1e-9; s += scaleStep) {
-        const double freeX = (1.0 - s) * raw.w, freeY = (1.0 - s) * raw.h;
-        const double x0 = around ? std::max(0.0, around->x - reach) : 0.0;
-        const double y0 = around ? std::max(0.0, around->y - reach) : 0.0;
-        const double x1 = around ? std::min(freeX, around->x + reach) : freeX;
-        const double y1 = around ? std::min(freeY, around->y + reach) : freeY;
-        for (double y = y0; y <= y1 + 1e-9; y += posStep)
-            for (double x = x0; x <= x1 + 1e-9; x += posStep) {
-                Frame f { s, x, y };
-                f.score = correlate(jpg, raw, f);
-                if (f.score > best.score)
-                    best = f;
-            }
-    }
+    for (const Frame &f : bests)
+        if (f.score > best.score)
+            best = f;
     return best;
 }
 
@@ -125,7 +149,7 @@ QRect centredAspectCrop(QSize have, QSize want)
 
 } // namespace
 
-QRect findJpegFrame(const ImageBuffer &raw, const ImageBuffer &jpg)
+QRect findJpegFrame(const ImageBuffer &raw, const ImageBuffer &jpg, int threads)
 {
     const QRect plain = centredAspectCrop(raw.size(), jpg.size());
     if (jpg.width() < 32 || jpg.height() < 32)
@@ -137,15 +161,16 @@ QRect findJpegFrame(const ImageBuffer &raw, const ImageBuffer &jpg)
         return std::pair { thumbOf(jpg, jpg.rect(), w, h), thumbOf(raw, plain, w * 2, h * 2) };
     };
     const auto [jpgCoarse, rawCoarse] = thumbs(48);
-    Frame best = search(jpgCoarse, rawCoarse, kSmallestCrop, 1.0, 0.02, nullptr, 0, 2.0);
+    Frame best = search(jpgCoarse, rawCoarse, kSmallestCrop, 1.0, 0.02, nullptr, 0, 2.0, threads);
     // Each finer level looks only around the best frame of the one before:
     // the coarse grid is off by at most a step of scale and of position.
     const auto refine = [&](const Thumb &jpgThumb, const Thumb &rawThumb, const Thumb &coarser,
                             double span, double scaleStep, double reach) {
         const double k = double(rawThumb.w) / coarser.w;
         const Frame around { best.scale, best.x * k, best.y * k };
-        best = search(jpgThumb, rawThumb, std::max(kSmallestCrop, best.scale - span),
-                      std::min(1.0, best.scale + span), scaleStep, &around, reach * k, 1.0);
+        best
+            = search(jpgThumb, rawThumb, std::max(kSmallestCrop, best.scale - span),
+                     std::min(1.0, best.scale + span), scaleStep, &around, reach * k, 1.0, threads);
     };
     const auto [jpgMiddle, rawMiddle] = thumbs(96);
     refine(jpgMiddle, rawMiddle, rawCoarse, 0.02, 0.01, 2.5);

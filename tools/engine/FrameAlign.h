@@ -15,7 +15,8 @@ namespace orvanta::engine {
 // `raw`: the developed RAW (Rgbx16, linear), `jpg`: the JPG (Rgb8),
 // both in stored pixel order. Returns the rectangle of `raw` that shows what
 // `jpg` shows: the centred crop to the JPG's aspect ratio unless a smaller or
-// shifted frame matches clearly better.
-QRect findJpegFrame(const ImageBuffer &raw, const ImageBuffer &jpg);
+// shifted frame matches clearly better. The search uses up to `threads`
+// threads; the frame found is the same for any count.
+QRect findJpegFrame(const ImageBuffer &raw, const ImageBuffer &jpg, int threads = 1);
 
 } // namespace orvanta::engine

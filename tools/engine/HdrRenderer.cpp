@@ -391,7 +391,7 @@ RenderResult renderPair(const RenderRequest &request)
               found.seconds = faceClock.nsecsElapsed() / 1e9;
               return found;
           });
-    RawDevelopment raw = developRaw(request.rawPath, work, orientation);
+    RawDevelopment raw = developRaw(request.rawPath, work, orientation, request.threads);
     Faces faces = searching.get();
     ImageBuffer skin = std::move(faces.skin);
     result.faces = faces.count;

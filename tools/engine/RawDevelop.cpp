@@ -88,9 +88,9 @@ ImageBuffer toImage(const libraw_processed_image_t *processed)
 }
 
 // The part of the RAW the JPG shows, scaled to the JPG's size.
-ImageBuffer frameLike(ImageBuffer image, const ImageBuffer &jpg)
+ImageBuffer frameLike(ImageBuffer image, const ImageBuffer &jpg, int threads)
 {
-    const QRect crop = findJpegFrame(image, jpg);
+    const QRect crop = findJpegFrame(image, jpg, threads);
     if (crop.size() == jpg.size())
         return crop == image.rect() ? std::move(image) : image.copy(crop);
     // Area averaging: every RAW pixel of the frame counts once when shrinking.
@@ -112,7 +112,8 @@ int inverseOrientation(int orientation)
     return orientation == 6 ? 8 : orientation == 8 ? 6 : orientation;
 }
 
-RawDevelopment developRaw(const QString &path, const ImageBuffer &jpg, int jpgOrientation)
+RawDevelopment developRaw(const QString &path, const ImageBuffer &jpg, int jpgOrientation,
+                          int threads)
 {
     RawDevelopment out;
     QElapsedTimer clock;
@@ -164,7 +165,7 @@ RawDevelopment developRaw(const QString &path, const ImageBuffer &jpg, int jpgOr
         return out;
     }
     out.image = frameLike(
-        applyExifOrientation(std::move(upright), inverseOrientation(jpgOrientation)), jpg);
+        applyExifOrientation(std::move(upright), inverseOrientation(jpgOrientation)), jpg, threads);
     out.alignSec = clock.nsecsElapsed() / 1e9;
     return out;
 }

@@ -24,8 +24,10 @@ struct RawDevelopment
 
 // `jpg`: the JPG as stored (Rgb8, any size: the RAW is framed and scaled
 // to it); `jpgOrientation`: its Exif orientation, so the RAW is turned into
-// the JPG's stored pixel order.
-RawDevelopment developRaw(const QString &path, const ImageBuffer &jpg, int jpgOrientation);
+// the JPG's stored pixel order. `threads`: how many the search for the JPG's
+// frame may use.
+RawDevelopment developRaw(const QString &path, const ImageBuffer &jpg, int jpgOrientation,
+                          int threads = 1);
 
 // The Exif orientation that undoes `orientation`.
 int inverseOrientation(int orientation);
