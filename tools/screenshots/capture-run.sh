@@ -27,56 +27,26 @@ langs=${3:-"en de ja"}
 display=":${DISPLAY_NUM:-16}"
 pairs=${PAIRS:-6}
 
-for tool in Xvfb openbox xdotool xwd xwininfo convert; do
-  command -v "$tool" >/dev/null || { echo "missing $tool (scripts/install-deps.sh installs it)" >&2; exit 1; }
-done
-[ -x "$build/src/app/orvanta" ] && [ -x "$build/src/app/orvanta_engine" ] \
-  && [ -x "$build/tools/samples/orvanta-sample-pairs" ] \
-  || { echo "build orvanta, orvanta_engine and orvanta-sample-pairs in $build first" >&2; exit 1; }
-mkdir -p "$out"
-
-work=$(mktemp -d)
-pids=()
-cleanup() {
-  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-  rm -rf "$work"
-}
-trap cleanup EXIT
-
-Xvfb "$display" -screen 0 1920x1080x24 -nolisten tcp &
-pids+=($!)
-export DISPLAY=$display
-for _ in $(seq 50); do xdotool getdisplaygeometry >/dev/null 2>&1 && break; sleep 0.2; done
-openbox >/dev/null 2>&1 &
-pids+=($!)
-sleep 1
+source tools/screenshots/x-session.sh
+start_x "$display"
 export QT_QPA_PLATFORM=xcb
 
-wait_window() {
-  local id=""
-  for _ in $(seq 100); do
-    id=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -1) && [ -n "$id" ] && break
-    sleep 0.2
-  done
-  [ -n "$id" ] || { echo "no window named $1" >&2; return 1; }
-  echo "$id"
+# A home of its own in $work/$1 for each picture's run: a first batch, not a
+# repeated one. Sets $source (the folder $2 in Pictures) and $dest, both created.
+fresh_home() {
+  private_home "$work/$1"
+  source="$HOME/Pictures/$2" dest="$HOME/Pictures/UltraHDR"
+  mkdir -p "$source" "$dest"
 }
-root_shot() { xwd -root -silent | convert xwd:- "$1"; }
-window_shot() { xwd -id "$1" -silent | convert xwd:- "$2"; }
-# The client area of window $1: "x y width height" on the root.
-geometry() {
-  xwininfo -id "$1" | awk '/Absolute upper-left X/ {x=$4} /Absolute upper-left Y/ {y=$4}
-    /Width:/ {w=$2} /Height:/ {h=$2} END {print x, y, w, h}'
+
+# Writes the shared configuration: source, destination and any more lines.
+write_config() {
+  printf '{\n  "source_dir" : "%s",\n  "dest_dir" : "%s"%s\n}\n' "$source" "$dest" "${1:-}" \
+    >"$XDG_CONFIG_HOME/orvanta/config.json"
 }
 
 for lang in $langs; do
-  # A home of its own for each language: a first batch, not a repeated one.
-  home="$work/$lang"
-  export HOME="$home" XDG_CONFIG_HOME="$home/.config" XDG_DATA_HOME="$home/.local/share"
-  export XDG_CACHE_HOME="$home/.cache" XDG_RUNTIME_DIR="$home/runtime"
-  mkdir -p "$XDG_CONFIG_HOME/orvanta" "$XDG_DATA_HOME" "$XDG_CACHE_HOME" "$XDG_RUNTIME_DIR"
-  chmod 700 "$XDG_RUNTIME_DIR"
-  source="$home/Pictures/Shoot" dest="$home/Pictures/UltraHDR"
+  fresh_home "$lang" Shoot
   "$build/tools/samples/orvanta-sample-pairs" "$source" "$pairs" >/dev/null
   first=$(ls "$source" | head -1)
   first=${first%.*}
@@ -84,10 +54,8 @@ for lang in $langs; do
   cp "$source/$first.JPG" "$source/DSC_0090.JPG"
   cp "$source/$first.DNG" "$source/DSC_0091.DNG"
   head -c 65536 /dev/urandom >"$source/DSC_0091.JPG"
-  mkdir -p "$dest"
-  printf '{\n  "source_dir" : "%s",\n  "dest_dir" : "%s"\n}\n' "$source" "$dest" \
-    >"$XDG_CONFIG_HOME/orvanta/config.json"
-  printf '[General]\norvanta_preferred_language=%s\n' "$lang" >"$XDG_CONFIG_HOME/orvanta/orvanta.conf"
+  write_config
+  set_language "$lang"
 
   "$build/src/app/orvanta" >"$work/app-$lang.log" 2>&1 &
   app=$!
@@ -128,18 +96,11 @@ done
 # the engine watches; for the English picture of a lost folder, the folder is
 # then moved away (the card waits for it to come back).
 for lang in $langs; do
-  home="$work/watch-$lang"
-  export HOME="$home" XDG_CONFIG_HOME="$home/.config" XDG_DATA_HOME="$home/.local/share"
-  export XDG_CACHE_HOME="$home/.cache" XDG_RUNTIME_DIR="$home/runtime"
-  mkdir -p "$XDG_CONFIG_HOME/orvanta" "$XDG_DATA_HOME" "$XDG_CACHE_HOME" "$XDG_RUNTIME_DIR"
-  chmod 700 "$XDG_RUNTIME_DIR"
-  source="$home/Pictures/Shoot 2026-11-25/Card A/incoming" dest="$home/Pictures/UltraHDR"
-  "$build/tools/samples/orvanta-sample-pairs" "$home/cards" 3 >/dev/null
-  mkdir -p "$source" "$dest"
-  mv "$home/cards"/SAMPLE_0001.* "$home/cards"/SAMPLE_0002.* "$source"/
-  printf '{\n  "source_dir" : "%s",\n  "dest_dir" : "%s",\n  "watch_folder" : true\n}\n' \
-    "$source" "$dest" >"$XDG_CONFIG_HOME/orvanta/config.json"
-  printf '[General]\norvanta_preferred_language=%s\n' "$lang" >"$XDG_CONFIG_HOME/orvanta/orvanta.conf"
+  fresh_home "watch-$lang" "Shoot 2026-11-25/Card A/incoming"
+  "$build/tools/samples/orvanta-sample-pairs" "$HOME/cards" 3 >/dev/null
+  mv "$HOME/cards"/SAMPLE_0001.* "$HOME/cards"/SAMPLE_0002.* "$source"/
+  write_config $',\n  "watch_folder" : true'
+  set_language "$lang"
 
   "$build/src/app/orvanta" >"$work/app-watch-$lang.log" 2>&1 &
   app=$!
@@ -149,7 +110,7 @@ for lang in $langs; do
   xdotool windowactivate --sync "$main" key --clearmodifiers ctrl+r
   for _ in $(seq 100); do pgrep -f "orvanta_engine watch" >/dev/null && break; sleep 0.1; done
   sleep 4
-  cp "$home/cards"/SAMPLE_0003.DNG "$home/cards"/SAMPLE_0003.JPG "$source"/
+  cp "$HOME/cards"/SAMPLE_0003.DNG "$HOME/cards"/SAMPLE_0003.JPG "$source"/
   sleep 5
   root_shot "$out/watching-$lang.png"
   if [ "$lang" = en ]; then

@@ -30,62 +30,23 @@ display=":${DISPLAY_NUM:-15}"
 scale=${SCALE:-1}
 pairs=${PAIRS:-12}
 
-for tool in Xvfb openbox xdotool xwd xwininfo convert; do
-  command -v "$tool" >/dev/null || { echo "missing $tool (scripts/install-deps.sh installs it)" >&2; exit 1; }
-done
-[ -x "$build/src/app/orvanta" ] && [ -x "$build/src/app/orvanta_engine" ] \
-  && [ -x "$build/tools/samples/orvanta-sample-pairs" ] \
-  || { echo "build orvanta, orvanta_engine and orvanta-sample-pairs in $build first" >&2; exit 1; }
-mkdir -p "$out"
-
-work=$(mktemp -d)
-pids=()
-cleanup() {
-  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-  rm -rf "$work"
-}
-trap cleanup EXIT
-
-export HOME="$work/home" XDG_CONFIG_HOME="$work/home/.config" XDG_DATA_HOME="$work/home/.local/share"
-export XDG_CACHE_HOME="$work/home/.cache" XDG_RUNTIME_DIR="$work/runtime"
-mkdir -p "$XDG_CONFIG_HOME/orvanta" "$XDG_DATA_HOME" "$XDG_CACHE_HOME" "$XDG_RUNTIME_DIR"
-chmod 700 "$XDG_RUNTIME_DIR"
+source tools/screenshots/x-session.sh
+private_home "$work/home"
 
 # The history: the engine converts the sample pairs exactly as a batch would.
 "$build/tools/samples/orvanta-sample-pairs" "$work/photos/source" "$pairs" >/dev/null
 "$build/src/app/orvanta_engine" run -s "$work/photos/source" -d "$work/photos/UltraHDR" \
   --profile-id default >/dev/null
 
-Xvfb "$display" -screen 0 1920x1080x24 -nolisten tcp &
-pids+=($!)
-export DISPLAY=$display
-for _ in $(seq 50); do xdotool getdisplaygeometry >/dev/null 2>&1 && break; sleep 0.2; done
-openbox >/dev/null 2>&1 &
-pids+=($!)
-sleep 1
-
+start_x "$display"
 export QT_QPA_PLATFORM=xcb QT_SCALE_FACTOR=$scale
-
-# Waits until a window whose name matches $1 is mapped; prints its id.
-wait_window() {
-  local id=""
-  for _ in $(seq 100); do
-    id=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -1) && [ -n "$id" ] && break
-    sleep 0.2
-  done
-  [ -n "$id" ] || { echo "no window named $1" >&2; return 1; }
-  echo "$id"
-}
 
 # Gives the application time to finish painting (thumbnails, histogram).
 settle() { sleep "${1:-2}"; }
 
-root_shot() { xwd -root -silent | convert xwd:- "$1"; }
-window_shot() { xwd -id "$1" -silent | convert xwd:- "$2"; }
 
 for lang in $langs; do
-  rm -f "$XDG_CONFIG_HOME/orvanta/orvanta.conf"
-  printf '[General]\norvanta_preferred_language=%s\n' "$lang" >"$XDG_CONFIG_HOME/orvanta/orvanta.conf"
+  set_language "$lang"
   "$build/src/app/orvanta" >"$work/app-$lang.log" 2>&1 &
   app=$!
   pids+=($app)
@@ -108,10 +69,7 @@ for lang in $langs; do
   # Zoomed in (Ctrl+wheel) with the pointer on the photo, the pixel read-out
   # shows too: it has to keep clear of the histogram.
   # (xwininfo gives the client area's place on the root, inside the frame).
-  x=$(xwininfo -id "$compare" | awk '/Absolute upper-left X/ {print $4}')
-  y=$(xwininfo -id "$compare" | awk '/Absolute upper-left Y/ {print $4}')
-  w=$(xwininfo -id "$compare" | awk '/Width:/ {print $2}')
-  h=$(xwininfo -id "$compare" | awk '/Height:/ {print $2}')
+  read -r x y w h < <(geometry "$compare")
   xdotool mousemove $((x + w / 2 + 60)) $((y + h / 2))
   for _ in 1 2 3 4 5 6; do xdotool keydown ctrl click 4 keyup ctrl; sleep 0.2; done
   xdotool mousemove_relative 4 4
