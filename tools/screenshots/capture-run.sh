@@ -45,6 +45,18 @@ write_config() {
     >"$XDG_CONFIG_HOME/orvanta/config.json"
 }
 
+# Starts the application (log $1), presses Ctrl+R once its window shows, and
+# waits until an engine whose command line matches $2 runs. Sets $app and $main.
+start_batch() {
+  "$build/src/app/orvanta" >"$1" 2>&1 &
+  app=$!
+  pids+=($app)
+  main=$(wait_window '^Orvanta$')
+  sleep 2
+  xdotool windowactivate --sync "$main" key --clearmodifiers ctrl+r
+  for _ in $(seq 100); do pgrep -f "$2" >/dev/null && break; sleep 0.1; done
+}
+
 for lang in $langs; do
   fresh_home "$lang" Shoot
   "$build/tools/samples/orvanta-sample-pairs" "$source" "$pairs" >/dev/null
@@ -57,14 +69,8 @@ for lang in $langs; do
   write_config
   set_language "$lang"
 
-  "$build/src/app/orvanta" >"$work/app-$lang.log" 2>&1 &
-  app=$!
-  pids+=($app)
-  main=$(wait_window '^Orvanta$')
-  sleep 2
-  # Ctrl+R starts the batch; it has ended once its engine has come and gone.
-  xdotool windowactivate --sync "$main" key --clearmodifiers ctrl+r
-  for _ in $(seq 100); do pgrep -f "orvanta_engine run -s $source" >/dev/null && break; sleep 0.1; done
+  # The batch has ended once its engine has come and gone.
+  start_batch "$work/app-$lang.log" "orvanta_engine run -s $source"
   # Paused a moment into the batch (Ctrl+P), then resumed.
   sleep 1.5
   xdotool key --clearmodifiers ctrl+p
@@ -102,13 +108,7 @@ for lang in $langs; do
   write_config $',\n  "watch_folder" : true'
   set_language "$lang"
 
-  "$build/src/app/orvanta" >"$work/app-watch-$lang.log" 2>&1 &
-  app=$!
-  pids+=($app)
-  main=$(wait_window '^Orvanta$')
-  sleep 2
-  xdotool windowactivate --sync "$main" key --clearmodifiers ctrl+r
-  for _ in $(seq 100); do pgrep -f "orvanta_engine watch" >/dev/null && break; sleep 0.1; done
+  start_batch "$work/app-watch-$lang.log" "orvanta_engine watch"
   sleep 4
   cp "$HOME/cards"/SAMPLE_0003.DNG "$HOME/cards"/SAMPLE_0003.JPG "$source"/
   sleep 5
