@@ -24,6 +24,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -173,10 +174,24 @@ int main(int argc, char *argv[])
         if (uploaded.isEmpty() && !uploaded.wait(60000))
             return 1;
         const double firstFrame = timer.nsecsElapsed() / 1e6;
+        // How long the event loop, which takes the user's input, is held up
+        // at most while the full resolution goes up.
+        QElapsedTimer sinceTick;
+        sinceTick.start();
+        double longestStall = 0;
+        QTimer ticks;
+        ticks.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&ticks, &QTimer::timeout, [&] {
+            longestStall = std::max(longestStall, sinceTick.nsecsElapsed() / 1e6);
+            sinceTick.restart();
+        });
+        ticks.start(1);
         if (detailed.isEmpty() && !detailed.wait(60000))
             return 1;
-        std::printf("upload of the %s: first frame %.0f ms, full resolution %.0f ms\n", which,
-                    firstFrame, timer.nsecsElapsed() / 1e6);
+        ticks.stop();
+        std::printf("upload of the %s: first frame %.0f ms, full resolution %.0f ms, longest "
+                    "stall of the event loop meanwhile %.0f ms\n",
+                    which, firstFrame, timer.nsecsElapsed() / 1e6, longestStall);
     }
     pair = {};
     const QSize area = viewer->size();

@@ -128,11 +128,14 @@ void EdrGlSurface::uploadDetail()
     if (!m_textures.detailPending() || !isValid())
         return;
     makeCurrent();
-    const bool more = m_textures.uploadNextDetail();
+    bool sideDone = false;
+    const bool more = m_textures.uploadNextDetail(&sideDone);
     doneCurrent();
-    m_shown.reset(); // the last frame may have read a reduced level in its place
-    update();
-    if (more) // one side per turn, so input and frames come between them
+    if (sideDone) {
+        m_shown.reset(); // the last frame may have read a reduced level in its place
+        update();
+    }
+    if (more) // one band per turn, so input and frames come between them
         QMetaObject::invokeMethod(this, &EdrGlSurface::uploadDetail, Qt::QueuedConnection);
     else
         Q_EMIT detailUploaded();

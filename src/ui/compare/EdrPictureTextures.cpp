@@ -114,12 +114,13 @@ bool EdrPictureTextures::uploadReduced(bool wait)
     return true;
 }
 
-bool EdrPictureTextures::uploadNextDetail()
+bool EdrPictureTextures::uploadNextDetail(bool *sideDone)
 {
     // The HDR side first: the split opens with it on the larger half.
     Side &side = m_hdr.pendingDetail.isNull() ? m_sdr : m_hdr;
-    if (!side.pendingDetail.isNull())
-        uploadDetailSide(side);
+    const bool done = !side.pendingDetail.isNull() && uploadDetailBand(side);
+    if (sideDone)
+        *sideDone = done;
     return detailPending();
 }
 
@@ -129,13 +130,14 @@ void EdrPictureTextures::uploadReducedSide(Side &side, const QImage &picture, co
     // The full resolution of the previous pair no longer matches.
     side.hasDetail = false;
     side.pendingDetail = picture;
+    side.detailRows = 0;
     if (levels.empty()) {
         // A single pixel has no reduced levels: its full resolution is all there is.
         if (side.reduced)
             m_gl.glDeleteTextures(1, &side.reduced);
         side.reduced = 0;
         side.reducedStorage = QSize();
-        uploadDetailSide(side);
+        while (!uploadDetailBand(side)) { }
         return;
     }
     if (side.nextReduced) {
@@ -157,12 +159,24 @@ void EdrPictureTextures::uploadReducedSide(Side &side, const QImage &picture, co
         uploadLevel(int(i), levels[i]);
 }
 
-void EdrPictureTextures::uploadDetailSide(Side &side)
+bool EdrPictureTextures::uploadDetailBand(Side &side)
 {
-    allocate(side.detail, side.detailStorage, side.pendingDetail.size(), 1);
-    uploadLevel(0, side.pendingDetail);
+    const QImage &picture = side.pendingDetail;
+    if (side.detailRows == 0)
+        allocate(side.detail, side.detailStorage, picture.size(), 1);
+    else
+        m_gl.glBindTexture(GL_TEXTURE_2D, side.detail);
+    // About 16 MB a band: a few tens of milliseconds for a software driver.
+    const int band = int(std::max<qsizetype>(1, (qsizetype(16) << 20) / picture.bytesPerLine()));
+    const int rows = std::min(band, picture.height() - side.detailRows);
+    uploadLevel(0, picture, side.detailRows, rows);
+    side.detailRows += rows;
+    if (side.detailRows < picture.height())
+        return false;
     side.pendingDetail = QImage(); // the viewer keeps what it needs of the picture
+    side.detailRows = 0;
     side.hasDetail = true;
+    return true;
 }
 
 void EdrPictureTextures::allocate(unsigned &texture, QSize &storage, QSize size, int levels)
@@ -191,13 +205,15 @@ void EdrPictureTextures::allocate(unsigned &texture, QSize &storage, QSize size,
     m_gl.glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
 }
 
-void EdrPictureTextures::uploadLevel(int level, const QImage &image)
+void EdrPictureTextures::uploadLevel(int level, const QImage &image, int firstRow, int rows)
 {
+    if (rows < 0)
+        rows = image.height() - firstRow;
     // The pictures are half floats already, so the driver copies rows as they are.
     m_gl.glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
     m_gl.glPixelStorei(GL_UNPACK_ROW_LENGTH, int(image.bytesPerLine() / 8));
-    m_gl.glTexSubImage2D(GL_TEXTURE_2D, level, 0, 0, image.width(), image.height(), GL_RGBA,
-                         GL_HALF_FLOAT, image.constBits());
+    m_gl.glTexSubImage2D(GL_TEXTURE_2D, level, 0, firstRow, image.width(), rows, GL_RGBA,
+                         GL_HALF_FLOAT, image.constScanLine(firstRow));
     m_gl.glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
 }
 

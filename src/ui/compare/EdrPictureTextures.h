@@ -53,8 +53,10 @@ public:
     // Puts the reduced levels of the pending pair on the GPU when they are
     // averaged (`wait`: blocks until they are). True when a new pair became drawable.
     bool uploadReduced(bool wait);
-    // Uploads one side's full resolution; true while another remains.
-    bool uploadNextDetail();
+    // Uploads the next band of rows of a side's full resolution (bands of a
+    // few megabytes, so input and frames come between them); true while more
+    // remains. `sideDone` tells whether a side's full resolution became readable.
+    bool uploadNextDetail(bool *sideDone = nullptr);
 
     // The texture and level to read for mipmap level `level` of a side's
     // picture: the full resolution for 0 once it is there, else the reduced
@@ -81,15 +83,16 @@ private:
         QSize detailStorage;
         bool hasDetail = false;
         QImage pendingDetail; // the picture whose level 0 is still to upload
+        int detailRows = 0; // rows of it already on the GPU
     };
     using Levels = std::vector<QImage>;
 
     std::shared_future<Levels> average(const QImage &picture, int generation);
     void prepareSide(Side &side, QSize size);
     void uploadReducedSide(Side &side, const QImage &picture, const Levels &levels);
-    void uploadDetailSide(Side &side);
+    bool uploadDetailBand(Side &side);
     void allocate(unsigned &texture, QSize &storage, QSize size, int levels);
-    void uploadLevel(int level, const QImage &image);
+    void uploadLevel(int level, const QImage &image, int firstRow = 0, int rows = -1);
     static Binding binding(const Side &side, int level);
 
     QObject *m_context;

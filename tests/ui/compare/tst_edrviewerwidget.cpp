@@ -337,6 +337,27 @@ private Q_SLOTS:
         QCOMPARE(centre(), first);
     }
 
+    void aLargePictureGoesUpInBandsOfRows()
+    {
+        // 2800 x 2100 half floats (47 MB) reach the GPU in bands of rows, each in
+        // its own place: at 5x the centre, rows about 1050 in the second band,
+        // shows the picture's stripes (7 rows at 2.0, 7 at 0).
+        EdrPicturePair pair = uniformPair({ 2800, 2100 }, 0.25f, 0);
+        pair.hdr = picture(2800, 2100, [](int, int y) { return (y / 7) % 2 ? 2.0f : 0.0f; });
+        m_viewer->setPictures(pair);
+        m_viewer->updateState({ 0.5, EDRCompareMode::HdrOnly });
+        QTRY_VERIFY(m_viewer->surface()->uploadsComplete());
+        for (int i = 0; i < 4; ++i)
+            pinch(1.0);
+        const QImage shown = m_viewer->surface()->grabFramebuffer();
+        int lowest = 255, highest = 0;
+        for (int y = 130; y < 170; ++y) {
+            lowest = std::min(lowest, shown.pixelColor(200, y).red());
+            highest = std::max(highest, shown.pixelColor(200, y).red());
+        }
+        QVERIFY2(highest - lowest > 200, qPrintable(u"%1 ... %2"_s.arg(lowest).arg(highest)));
+    }
+
     void dividerStripsAddUpToTheFullFrame()
     {
         // A divider drag redraws only the columns it crossed; after a run of
