@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <QSet>
 #include <QThreadPool>
 #include <QTimer>
 
@@ -146,12 +147,26 @@ void HistoryBrowser::applyPage(quint64 generation, const HistoryPage &page)
     }
     if (page.rows.size() < kHistoryNextPageSize)
         assign(m_hasMoreHistory, false, &HistoryBrowser::hasMoreHistoryChanged);
-    if (page.rows.isEmpty())
-        return;
-    if (m_refreshRunning)
-        m_appendedDuringRefresh = true;
-    m_historyRecords += page.rows;
-    Q_EMIT historyRecordsChanged();
+    // Pages are read by offset: when photos land at the top between two
+    // pages, the next one starts with rows already shown. Those are left
+    // out, and the list is read again so that no row in between is missed.
+    QSet<QString> shown;
+    shown.reserve(m_historyRecords.size());
+    for (const PhotoRecord &record : std::as_const(m_historyRecords))
+        shown.insert(record.fingerprint);
+    QList<PhotoRecord> fresh;
+    for (const PhotoRecord &row : page.rows)
+        if (!shown.contains(row.fingerprint))
+            fresh.append(row);
+    const bool shifted = fresh.size() < page.rows.size();
+    if (!fresh.isEmpty()) {
+        if (m_refreshRunning)
+            m_appendedDuringRefresh = true;
+        m_historyRecords += fresh;
+        Q_EMIT historyRecordsChanged();
+    }
+    if (shifted)
+        refresh(m_query);
 }
 
 void HistoryBrowser::setBusy(bool busy)

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void firstPageIs80AndFurtherPagesAre50_data();
     void firstPageIs80AndFurtherPagesAre50();
     void aSecondLoadMoreWhileOneIsInFlightIsIgnored();
+    void aPageReadAfterNewPhotosLandedRepeatsNoRow();
     void everyChangedQueryValueRefreshes_data();
     void everyChangedQueryValueRefreshes();
     void typingASearchOneCharacterAtATimeRefreshesEachTime();
@@ -160,6 +161,23 @@ void HistoryModelTest::aSecondLoadMoreWhileOneIsInFlightIsIgnored()
     settle();
     QCOMPARE(model.historyRecords().size(), 130);
     QVERIFY(!model.isLoadingMore());
+}
+
+void HistoryModelTest::aPageReadAfterNewPhotosLandedRepeatsNoRow()
+{
+    auto db = makeDatabase();
+    db->insertNumbered(200);
+    AppViewModel model;
+    settle();
+    // Two photos land at the top: the next page, read by offset, starts two
+    // rows early. No row may show twice, and the new photos come in too.
+    db->insert({ .fingerprint = u"late1"_s, .processedAt = u"2027-01-01T00:00:00"_s });
+    db->insert({ .fingerprint = u"late2"_s, .processedAt = u"2027-01-02T00:00:00"_s });
+    model.loadMoreHistory();
+    settle();
+    const QList<PhotoRecord> shown = model.historyRecords();
+    QCOMPARE(ids(shown), ids(HistoryService(m_dbPath).fetchRecords(int(shown.size()), 0)));
+    QCOMPARE(shown.first().fingerprint, u"late2"_s);
 }
 
 void HistoryModelTest::everyChangedQueryValueRefreshes_data()
