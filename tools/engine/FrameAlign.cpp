@@ -3,9 +3,10 @@
 
 #include "FrameAlign.h"
 
+#include "hdr/codec/ParallelRanges.h"
+
 #include <algorithm>
 #include <cmath>
-#include <thread>
 #include <vector>
 
 namespace orvanta::engine {
@@ -114,16 +115,10 @@ Frame search(const Thumb &jpg, const Thumb &raw, double lo, double hi, double sc
         }
         return best;
     };
-    const size_t parts = size_t(std::clamp(threads, 1, int(std::max<size_t>(1, scales.size()))));
-    std::vector<Frame> bests(parts);
-    std::vector<std::thread> helpers;
-    for (size_t t = 1; t < parts; ++t)
-        helpers.emplace_back([&, t] {
-            bests[t] = bestOf(scales.size() * t / parts, scales.size() * (t + 1) / parts);
-        });
-    bests[0] = bestOf(0, scales.size() / parts);
-    for (std::thread &helper : helpers)
-        helper.join();
+    // One best frame per range of scales, kept under the range's first scale.
+    std::vector<Frame> bests(scales.size());
+    inRanges(scales.size(), threads,
+             [&](size_t first, size_t last) { bests[first] = bestOf(first, last); });
     // In scale order, the first of equal scores wins, as in one pass.
     Frame best;
     for (const Frame &f : bests)

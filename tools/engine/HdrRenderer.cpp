@@ -6,6 +6,7 @@
 #include "ColourMatch.h"
 #include "RawDevelop.h"
 #include "hdr/codec/JpegCodec.h"
+#include "hdr/codec/ParallelRanges.h"
 #include "hdr/codec/UltraHdrDecoder.h"
 #include "hdr/codec/UltraHdrWriter.h"
 #include "media/ExivAdapter.h"
@@ -18,7 +19,6 @@
 #include <cmath>
 #include <future>
 #include <opencv2/imgproc.hpp>
-#include <thread>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -74,18 +74,6 @@ ImageBuffer decodeJpeg(const QByteArray &bytes, int scale, QString &error)
         }
     }
     return image;
-}
-
-// Runs `body(begin, end)` over [0, n) split into `threads` ranges at once.
-template<typename Body> void inRanges(size_t n, int threads, const Body &body)
-{
-    threads = std::max(1, std::min(threads, 16));
-    std::vector<std::thread> helpers;
-    for (int t = 1; t < threads; ++t)
-        helpers.emplace_back([&, t] { body(n * t / threads, n * (t + 1) / threads); });
-    body(0, n / threads);
-    for (std::thread &helper : helpers)
-        helper.join();
 }
 
 // Per work pixel: the linear SDR colour and the exposure-matched RAW colour.

@@ -7,6 +7,7 @@
 #include "hdr/codec/JpegCodec.h"
 #include "hdr/codec/JpegSegments.h"
 #include "hdr/codec/MpfIndex.h"
+#include "hdr/codec/ParallelRanges.h"
 #include "hdr/codec/UltraHdrDecoder.h"
 #include "hdr/codec/XmpGainMap.h"
 
@@ -16,7 +17,6 @@
 #include <array>
 #include <cmath>
 #include <cstring>
-#include <thread>
 #include <vector>
 
 namespace orvanta {
@@ -153,18 +153,11 @@ std::vector<float> cellGains(const ImageBuffer &sdr, const HdrRowSource &rows, i
 {
     CellSums cells { mapW, mapH, channels, std::vector<float>(size_t(mapW) * mapH * channels, 0.0f),
                      std::vector<int>(size_t(mapW) * mapH, 0) };
-    const int threads = std::clamp(options.threads, 1, std::min(16, mapH));
-    std::vector<char> ok(size_t(threads), 1);
-    std::vector<std::thread> helpers;
-    auto band = [&](int t) {
-        ok[size_t(t)]
-            = sumCellRows(sdr, rows, options, mapH * t / threads, mapH * (t + 1) / threads, cells);
-    };
-    for (int t = 1; t < threads; ++t)
-        helpers.emplace_back(band, t);
-    band(0);
-    for (std::thread &helper : helpers)
-        helper.join();
+    // Bands of map rows; a band that fails clears the flag of its first row.
+    std::vector<char> ok(size_t(mapH), 1);
+    inRanges(size_t(mapH), options.threads, [&](size_t first, size_t last) {
+        ok[first] = sumCellRows(sdr, rows, options, int(first), int(last), cells);
+    });
     if (std::find(ok.begin(), ok.end(), 0) != ok.end())
         return {};
     std::vector<float> &sums = cells.sums;
