@@ -331,10 +331,12 @@ void BatchRunner::processPair(const PhotoPair &pair, int index)
                                   m_photoThreads };
     const RenderResult rendered = renderPair(request);
     Delivery delivery;
-    if (rendered.error.isEmpty())
+    if (rendered.error.isEmpty()) {
         delivery = deliver(pair, rendered);
-    else
-        delivery = { {}, rendered.error, rendered.failure };
+    } else {
+        delivery.error = rendered.error;
+        delivery.failure = rendered.failure;
+    }
     if (delivery.abandoned)
         return; // terminating: the file is gone and nothing is recorded
     // A pause of the batch is not the photo's working time.
